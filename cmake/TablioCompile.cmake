@@ -1,0 +1,30 @@
+# How everything of ours is compiled: the language level, the warnings, the
+# sanitizers. Whether a warning is an error is the builder's choice
+# (CMAKE_COMPILE_WARNING_AS_ERROR, set by our presets), so that a foreign
+# compiler's new warning never breaks a user's build.
+
+# Sanitizers go on the whole directory: a mix of instrumented and plain objects
+# reports container overflows that are none.
+if(TABLIO_SANITIZE)
+    add_compile_options(
+        -fsanitize=${TABLIO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${TABLIO_SANITIZE})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # The instrumentation itself makes GCC see uninitialised reads.
+        add_compile_options(-Wno-maybe-uninitialized)
+    endif()
+endif()
+
+function(tablio_compile_settings target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        # A host may put the static libraries into a plug-in.
+        POSITION_INDEPENDENT_CODE ON)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 /utf-8)
+    else()
+        target_compile_options(${target} PRIVATE
+            -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    endif()
+endfunction()

@@ -1,0 +1,67 @@
+#pragma once
+
+/// What the core asks of a front end. A face shows with its toolkit's own widgets what the core
+/// decides, and answers what only the platform knows. Nothing here waits for the user: a menu, a
+/// warning or a calendar is shown at once and answered later through `Input`.
+
+#include <tablio/date.h>
+#include <tablio/number_format.h>
+#include <tablio/types.h>
+
+#include <string>
+#include <string_view>
+
+namespace tablio {
+
+/// The stock widgets inside the control, under its own names. `Grid` stands for the grid itself.
+enum class WidgetId {
+    Grid,
+    picText,
+    txtEdit,
+    picEdit,
+    cboEdit,
+    txtDateEdit,
+    cmdLookup,
+    cmdCalender,
+    picDate,
+    mvCalender,
+};
+
+/// Every function has a neutral answer, so that a face without, say, a clipboard leaves it out.
+/// Lengths are twips.
+class Face {
+public:
+    virtual ~Face() = default;
+
+    /// The widget's retained model changed: show it as it is now.
+    virtual void widgetChanged(WidgetId /*widget*/) {}
+    /// The keyboard belongs to this widget from now on.
+    virtual void focusChanged(WidgetId /*owner*/) {}
+    /// An area of the grid has to be painted again.
+    virtual void areaChanged(const Rect & /*area*/) {}
+    /// The grid has scrolled, or its scroll range is another.
+    virtual void scrolled() {}
+    /// Show the pop-up menu with its corner at this point of the control.
+    virtual void popUpMenu(Twips /*x*/, Twips /*y*/) {}
+    /// Show a warning that the user confirms; the core goes on meanwhile.
+    virtual void showWarning(std::string_view /*title*/, std::string_view /*text*/) {}
+
+    [[nodiscard]] virtual std::string clipboardText() { return {}; }
+    virtual void setClipboardText(std::string_view /*text*/) {}
+
+    [[nodiscard]] virtual NumberFormat numberFormat() const { return {}; }
+    /// The one character that this character becomes in upper or lower case.
+    [[nodiscard]] virtual char32_t toUpper(char32_t character) const;
+    [[nodiscard]] virtual char32_t toLower(char32_t character) const;
+    [[nodiscard]] virtual Date today() const { return {}; }
+
+    /// Lets the user interface breathe during a long scan. It may come very often; the face
+    /// decides how seldom it really does something.
+    virtual void letPendingEventsRun() {}
+    /// A property has another value.
+    virtual void propertyChanged(std::string_view /*name*/) {}
+    /// Whether the host's form may see keys before the control does.
+    virtual void setHostKeyPreview(bool /*preview*/) {}
+};
+
+} // namespace tablio

@@ -1,0 +1,61 @@
+#pragma once
+
+/// The calls that a face makes into the control when the user does something. The core decides
+/// what follows; a face never does. Positions are twips from the control's top left corner.
+
+#include <tablio/face.h>
+#include <tablio/types.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tablio {
+
+class Control;
+
+/// Whether the core has dealt with an action, so that the native widget must not.
+enum class Dealt { No, Yes };
+
+/// Exceptions that host handlers throw pass through every function here, with the control in order.
+class Input {
+public:
+    explicit Input(std::shared_ptr<Control> control) : control_(std::move(control)) {}
+
+    /// A key went down. When the core has dealt with it, no character follows; else the face sends
+    /// the characters the key types, if it types any.
+    Dealt keyDown(KeyCode key, ShiftState shift);
+    /// A character was typed (Backspace is character 8). Dealt::No leaves it to the host's form.
+    Dealt keyPress(char32_t character);
+    /// Text that arrives whole: an input method's result or an on-screen keyboard's.
+    void typeText(std::string_view text);
+    /// An input method begins to compose. Starts an edit where a typed character would; No means
+    /// that nothing may be composed here and the composition has to be dropped.
+    Dealt beginComposition();
+
+    void mouseDown(MouseButton button, Twips x, Twips y);
+    void mouseMove(Twips x, Twips y);
+    void mouseUp(MouseButton button, Twips x, Twips y);
+    void doubleClick(Twips x, Twips y);
+    /// Whether a press here would drag a column's border.
+    [[nodiscard]] bool isColumnEdge(Twips x, Twips y) const;
+    /// Scrolls by rows and columns, or to a row and a column, as far as there are any.
+    void scrollBy(int rows, int cols);
+    void scrollTo(int topRow, int leftCol);
+
+    /// The keyboard has come into the control, or left it for another widget (not for a pop-up or
+    /// another program's window).
+    void focusEntered();
+    void focusLeft();
+    /// The user pressed this button of the control.
+    void buttonPressed(WidgetId button);
+    /// The native box has edited by itself: its text and its selection in UTF-16 units.
+    void textSettled(WidgetId editor, std::string_view text, int selStart, int selLength);
+    void resized(Twips width, Twips height);
+
+private:
+    std::shared_ptr<Control> control_;
+};
+
+} // namespace tablio

@@ -1,0 +1,20 @@
+#pragma once
+
+/// The signs with which one user writes numbers. A face answers it from the platform's locale;
+/// everything in the core that reads or shows a number is given one and keeps none.
+
+#include <string>
+
+namespace tablio {
+
+/// Signs are UTF-8 texts because some locales group with a non-ASCII blank.
+struct NumberFormat {
+    std::string decimalSign = ".";
+    std::string groupSign = ",";
+    /// Digits between two grouping signs; 0 means that this user does not group.
+    int groupSize = 3;
+
+    friend bool operator==(const NumberFormat &, const NumberFormat &) = default;
+};
+
+} // namespace tablio

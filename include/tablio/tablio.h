@@ -1,0 +1,141 @@
+#pragma once
+
+/// `Tablio`, the data-entry grid as a host holds it. It owns the whole control and forwards; a face
+/// shows it and a `HostEvents` hears it. Not thread-safe: everything runs on the user interface's
+/// thread. Destroying it is allowed at any time, also from inside an event.
+
+#include <tablio/errors.h>
+#include <tablio/face.h>
+#include <tablio/host_events.h>
+#include <tablio/input.h>
+#include <tablio/tmatrix.h>
+#include <tablio/types.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tablio {
+
+/// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
+/// column when there is one. Lengths are twips. Each setter of a property tells the face the
+/// property's name afterwards. A row or column that the grid does not have throws GridError, a
+/// number beyond 16 bits where the control counts in 16 bits throws OverflowError; either way
+/// nothing has changed.
+class Tablio {
+public:
+    Tablio();
+    ~Tablio();
+    Tablio(const Tablio &) = delete;
+    Tablio &operator=(const Tablio &) = delete;
+
+    // Partners. Both may be null and must live until they are replaced or the control is gone.
+    void setFace(Face *face);
+    void setHost(HostEvents *host);
+    /// What a face tells the control.
+    [[nodiscard]] Input &input() noexcept { return input_; }
+    /// The models that a face mirrors; front ends include "control/control.h" for them.
+    [[nodiscard]] Control &control() noexcept { return *control_; }
+
+    // Lifecycle. A container calls InitProperties for a control that is new, then Show each time it
+    // is first shown. Show starts with a cleared table and the cursor on its first data cell.
+    void InitProperties();
+    void Show();
+
+    // The table.
+    [[nodiscard]] int Rows() const;
+    /// Header rows included; at most 32,768.
+    void setRows(int count);
+    [[nodiscard]] int Cols() const;
+    /// Fixed columns included. Settings of columns that go away come back with them.
+    void setCols(int count);
+    [[nodiscard]] int FixedRows() const;
+    void setFixedRows(int count);
+    [[nodiscard]] int FixedCols() const;
+    void setFixedCols(int count);
+    [[nodiscard]] bool WithFixedColumn() const;
+    void setWithFixedColumn(bool fixed);
+    /// The column that makes a row a data row; not checked against Cols.
+    [[nodiscard]] int PrimaryColumn() const;
+    void setPrimaryColumn(int col);
+    [[nodiscard]] int CheckBoxes() const;
+    /// 1 or −1 makes the last column a tick column.
+    void setCheckBoxes(int checkBoxes);
+    [[nodiscard]] bool GridPopUpMenu() const;
+    void setGridPopUpMenu(bool offered);
+    [[nodiscard]] bool Enabled() const;
+    void setEnabled(bool enabled);
+
+    // Cells.
+    /// The cell's text; of a numeric column the plain number, "0" where there is none.
+    [[nodiscard]] std::string TextMatrix(int Row, int Col) const;
+    /// Shows the value by the column's format.
+    void setTextMatrix(int Row, int Col, std::string_view Value);
+    /// The host's own values, kept in step with the rows.
+    [[nodiscard]] std::shared_ptr<TMatrix> CellTag() const;
+    void setCellTag(std::shared_ptr<TMatrix> tags);
+
+    // Columns.
+    [[nodiscard]] TColumnStyle ColStyle(int Index) const;
+    /// Writing ColumnFixedWithAutoNumber numbers the rows at once.
+    void setColStyle(int Index, TColumnStyle style);
+    [[nodiscard]] TColumnType ColEditType(int Index) const;
+    void setColEditType(int Index, TColumnType type);
+    [[nodiscard]] std::string ColFormat(int Index) const;
+    /// A picture such as "###,##0.00"; cells that are already filled keep their text.
+    void setColFormat(int Index, std::string_view format);
+    [[nodiscard]] int ColMaxLength(int Index) const;
+    /// Most characters that may be typed; 0 is no limit.
+    void setColMaxLength(int Index, int length);
+    [[nodiscard]] TDataType ColDataType(int Index) const;
+    void setColDataType(int Index, TDataType type);
+    [[nodiscard]] TCalcStyle ColCalcStyle(int Index) const;
+    void setColCalcStyle(int Index, TCalcStyle style);
+    [[nodiscard]] std::string ColTextHeader(int Index) const;
+    void setColTextHeader(int Index, std::string_view header);
+    [[nodiscard]] Twips ColWidth(int Index) const;
+    void setColWidth(int Index, Twips width);
+    [[nodiscard]] TColumnAlignment ColDataAlignment(int Index) const;
+    void setColDataAlignment(int Index, TColumnAlignment alignment);
+    [[nodiscard]] TColumnAlignment ColHeaderAlignment(int Index) const;
+    void setColHeaderAlignment(int Index, TColumnAlignment alignment);
+    /// Sets eight settings of a column at once; what is left out gets the default shown here.
+    void SetColProperty(int ColIndex, std::string_view NewColTextHeader = {},
+                        Twips NewColWidth = 1000,
+                        TColumnStyle NewColStyle = TColumnStyle::ColumnFixed,
+                        TColumnType NewColEditType = TColumnType::ColumnString,
+                        TColumnAlignment NewColHeaderAlignment = TColumnAlignment::ColumnLeft,
+                        TColumnAlignment NewColDataAlignment = TColumnAlignment::ColumnLeft,
+                        int NewColMaxlength = 64, std::string_view NewColFormat = {});
+
+    // Looks.
+    [[nodiscard]] Twips RowMinHeight() const;
+    void setRowMinHeight(Twips height);
+    [[nodiscard]] Twips RowHeight(int Row) const;
+    void setRowHeight(int Row, Twips height);
+    [[nodiscard]] Twips HeaderRowHeight() const;
+    void setHeaderRowHeight(Twips height);
+    [[nodiscard]] bool WordWrap() const;
+    void setWordWrap(bool wrap);
+    [[nodiscard]] tablio::Font Font() const;
+    void setFont(const tablio::Font &font);
+    /// False suspends painting, True paints.
+    [[nodiscard]] bool SetStatusCell() const;
+    void setSetStatusCell(bool status);
+
+    // Rows.
+    /// Appends a blank row and puts the cursor on it.
+    void AddRow();
+    /// Wipes all data; headers stay.
+    void TableClear();
+    /// The last row whose primary column holds text, 0 where none does.
+    [[nodiscard]] int DataCount() const;
+    /// Puts the cursor on a cell and the focus on the grid.
+    void CellFocus(int nRow, int nCol);
+
+private:
+    std::shared_ptr<Control> control_;
+    Input input_;
+};
+
+} // namespace tablio

@@ -1,0 +1,38 @@
+#pragma once
+
+/// `TMatrix`, a sparse matrix of values that grows as it is written. Hosts hang their own values
+/// on cells with it; the control keeps it in step with the rows. It never fails.
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <variant>
+
+namespace tablio {
+
+/// What a cell of a `TMatrix` may hold; nothing stored reads as "".
+using MatrixValue = std::variant<std::string, std::int32_t, double, bool, std::shared_ptr<void>>;
+
+class TMatrix {
+public:
+    /// The value stored for the cell, or "" where there is none. Row and column are 16-bit; a
+    /// wider number has no cell.
+    [[nodiscard]] MatrixValue Text(int Row, int Col) const;
+
+    /// Stores a value, in place of any that the cell has. Cells whose joined decimal numbers read
+    /// alike, such as (1, 11) and (11, 1), are one cell.
+    void setText(int Row, int Col, MatrixValue Value);
+
+    /// Forgets the cell's value.
+    void remove(int Row, int Col) noexcept;
+
+    [[nodiscard]] bool isEmpty() const noexcept { return values_.empty(); }
+    [[nodiscard]] std::size_t size() const noexcept { return values_.size(); }
+
+private:
+    std::unordered_map<std::uint64_t, MatrixValue> values_;
+};
+
+} // namespace tablio

@@ -1,0 +1,177 @@
+#include <tablio/tablio.h>
+
+#include "control/control.h"
+
+#include <utility>
+
+namespace tablio {
+
+// Each function that can reach the host holds the control while it runs: a handler may destroy
+// this object.
+
+Tablio::Tablio() : control_(std::make_shared<Control>()), input_(control_) {}
+
+Tablio::~Tablio() { control_->state.link.close(); }
+
+void Tablio::setFace(Face *face) { control_->state.link.setFace(face); }
+
+void Tablio::setHost(HostEvents *host) { control_->state.link.setHost(host); }
+
+void Tablio::InitProperties() { control_->state.settings = Settings{}; }
+
+void Tablio::Show() {
+    const std::shared_ptr<Control> control = control_;
+    ControlState &state = control->state;
+    ControlState::PageEditing = false;
+    state.SetStatusCell = true;
+    control->rows.clear();
+    state.grid.setCol(state.settings.PrimaryColumn);
+    state.grid.setRow(state.grid.table.FixedRows());
+}
+
+int Tablio::Rows() const { return control_->state.grid.table.Rows(); }
+
+void Tablio::setRows(int count) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.grid.table.setRows(count);
+    control->notify("Rows");
+}
+
+int Tablio::FixedRows() const { return control_->state.grid.table.FixedRows(); }
+
+void Tablio::setFixedRows(int count) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.grid.table.setFixedRows(count);
+    control->notify("FixedRows");
+}
+
+int Tablio::FixedCols() const { return control_->state.grid.table.FixedCols(); }
+
+void Tablio::setFixedCols(int count) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.grid.table.setFixedCols(count);
+    control->notify("FixedCols");
+}
+
+bool Tablio::WithFixedColumn() const { return control_->state.settings.WithFixedColumn; }
+
+void Tablio::setWithFixedColumn(bool fixed) {
+    control_->state.settings.WithFixedColumn = fixed;
+    control_->notify("WithFixedColumn");
+}
+
+int Tablio::PrimaryColumn() const { return control_->state.settings.PrimaryColumn; }
+
+void Tablio::setPrimaryColumn(int col) {
+    control_->state.settings.PrimaryColumn = col;
+    control_->notify("PrimaryColumn");
+}
+
+int Tablio::CheckBoxes() const { return control_->state.settings.CheckBoxes; }
+
+void Tablio::setCheckBoxes(int checkBoxes) {
+    control_->state.settings.CheckBoxes = to16Bit(checkBoxes, "CheckBoxes");
+    control_->notify("CheckBoxes");
+}
+
+bool Tablio::GridPopUpMenu() const { return control_->state.settings.GridPopUpMenu; }
+
+void Tablio::setGridPopUpMenu(bool offered) {
+    control_->state.settings.GridPopUpMenu = offered;
+    control_->notify("GridPopUpMenu");
+}
+
+bool Tablio::Enabled() const { return control_->state.Enabled; }
+
+void Tablio::setEnabled(bool enabled) {
+    const std::shared_ptr<Control> control = control_;
+    if (!enabled)
+        control->session.end();
+    control->state.Enabled = enabled;
+    control->state.grid.view.invalidateAll();
+    control->notify("Enabled");
+}
+
+std::string Tablio::TextMatrix(int Row, int Col) const {
+    return control_->cells.read(to16Bit(Row, "TextMatrix row"), to16Bit(Col, "TextMatrix column"));
+}
+
+void Tablio::setTextMatrix(int Row, int Col, std::string_view Value) {
+    control_->cells.write(to16Bit(Row, "TextMatrix row"), to16Bit(Col, "TextMatrix column"), Value);
+}
+
+std::shared_ptr<TMatrix> Tablio::CellTag() const { return control_->state.CellTag; }
+
+void Tablio::setCellTag(std::shared_ptr<TMatrix> tags) {
+    control_->state.CellTag = tags ? std::move(tags) : std::make_shared<TMatrix>();
+}
+
+Twips Tablio::RowMinHeight() const { return control_->state.grid.table.RowHeightMin(); }
+
+void Tablio::setRowMinHeight(Twips height) {
+    control_->state.grid.table.setRowHeightMin(height);
+    control_->notify("RowMinHeight");
+}
+
+Twips Tablio::RowHeight(int Row) const { return control_->state.grid.table.RowHeight(Row); }
+
+void Tablio::setRowHeight(int Row, Twips height) {
+    control_->state.grid.table.setRowHeight(Row, height);
+}
+
+Twips Tablio::HeaderRowHeight() const { return RowHeight(0); }
+
+void Tablio::setHeaderRowHeight(Twips height) {
+    setRowHeight(0, height);
+    control_->notify("HeaderRowHeight");
+}
+
+bool Tablio::WordWrap() const { return control_->state.grid.table.look().WordWrap; }
+
+void Tablio::setWordWrap(bool wrap) {
+    GridLook look = control_->state.grid.table.look();
+    look.WordWrap = wrap;
+    control_->state.grid.table.setLook(look);
+    control_->notify("WordWrap");
+}
+
+Font Tablio::Font() const { return control_->state.grid.table.look().Font; }
+
+void Tablio::setFont(const tablio::Font &font) {
+    GridLook look = control_->state.grid.table.look();
+    look.Font = font;
+    control_->state.grid.table.setLook(look);
+    control_->notify("Font");
+}
+
+bool Tablio::SetStatusCell() const { return control_->state.SetStatusCell; }
+
+void Tablio::setSetStatusCell(bool status) { control_->state.setStatusCell(status); }
+
+void Tablio::AddRow() {
+    const std::shared_ptr<Control> control = control_;
+    control->rows.add();
+}
+
+void Tablio::TableClear() {
+    const std::shared_ptr<Control> control = control_;
+    control->rows.clear();
+}
+
+int Tablio::DataCount() const {
+    const std::shared_ptr<Control> control = control_;
+    return control->rows.dataCount();
+}
+
+void Tablio::CellFocus(int nRow, int nCol) {
+    const std::shared_ptr<Control> control = control_;
+    FlexGrid &grid = control->state.grid;
+    control->session.end();
+    grid.setRow(to16Bit(nRow, "CellFocus row"));
+    grid.setCol(to16Bit(nCol, "CellFocus column"));
+    grid.view.ensureVisible(grid.Row(), grid.Col());
+    control->navigator.giveFocusToGrid();
+    grid.setFocusRect(2);
+}
+
+} // namespace tablio

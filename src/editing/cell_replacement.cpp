@@ -1,0 +1,136 @@
+#include "editing/cell_replacement.h"
+
+#include "editing/column_rules.h"
+#include "widgets/trim.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tablio {
+
+namespace {
+
+using Block = std::vector<std::vector<std::string>>;
+
+/// Spreadsheets put a field that holds tabs, line ends or quotes between quotes. A quote that is
+/// never closed is an ordinary character.
+bool takeQuoted(std::string_view &text, std::string &field) {
+    std::string content;
+    for (std::size_t at = 1; at < text.size(); ++at) {
+        if (text[at] != '"') {
+            content += text[at];
+        } else if (at + 1 < text.size() && text[at + 1] == '"') {
+            content += '"';
+            ++at;
+        } else {
+            field = std::move(content);
+            text.remove_prefix(at + 1);
+            return true;
+        }
+    }
+    return false;
+}
+
+Block parsed(std::string_view text) {
+    Block rows(1);
+    while (true) {
+        std::string field;
+        if (text.empty() || text.front() != '"' || !takeQuoted(text, field)) {
+            const std::size_t end = std::min(text.find_first_of("\t\r\n"), text.size());
+            field.assign(text.substr(0, end));
+            text.remove_prefix(end);
+        }
+        rows.back().push_back(std::move(field));
+        if (text.empty())
+            return rows;
+        const bool endsRow = text.front() != '\t';
+        text.remove_prefix(text.substr(0, 2) == "\r\n" ? 2 : 1);
+        if (endsRow && text.empty())
+            return rows;
+        if (endsRow)
+            rows.emplace_back();
+    }
+}
+
+} // namespace
+
+bool CellReplacement::isBlock(std::string_view text) {
+    const Block rows = parsed(text);
+    return rows.size() > 1 || rows.front().size() > 1;
+}
+
+CellReplacement::Outcome CellReplacement::clear(CellAddress cell) {
+    return replace(cell, {}, true, Key::Delete);
+}
+
+CellReplacement::Outcome CellReplacement::write(CellAddress cell, std::string_view text,
+                                                KeyCode lastKey) {
+    const std::optional<std::string> accepted = acceptableText(
+        state_.columns, state_.link.face(), cell.col, text, state_.columns.ColMaxLength(cell.col));
+    return replace(cell, accepted ? std::string_view(*accepted) : text, accepted.has_value(),
+                   lastKey);
+}
+
+CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_view newText,
+                                                  bool taken, KeyCode lastKey) {
+    GridTable &table = state_.grid.table;
+    const std::uint64_t shiftStamp = table.shiftStamp();
+    const auto isGone = [&] {
+        return state_.link.isClosed() || session_.isOpen() || shiftStamp != table.shiftStamp() ||
+               !table.hasCell(cell.row, cell.col);
+    };
+    if (state_.link.EditPreValidation(cell))
+        return isGone() ? Outcome::Gone : Outcome::Refused;
+    if (isGone())
+        return Outcome::Gone;
+    session_.unmark();
+    if (isGone())
+        return Outcome::Gone;
+    const std::string shownBefore(table.TextMatrix(cell.row, cell.col));
+    const std::string valueBefore(table.unformatted(cell.row, cell.col));
+    const std::string oldText = cells_.read(cell.row, cell.col);
+    state_.LastKey = lastKey;
+    if (taken) {
+        state_.link.EditOnChange(cell, newText);
+        if (isGone())
+            return Outcome::Gone;
+        state_.link.TableChange();
+        if (isGone())
+            return Outcome::Gone;
+        // A wiped cell is blank whatever its format makes of nothing.
+        if (newText.empty())
+            table.setTextMatrix(cell.row, cell.col, {});
+        else
+            cells_.write(cell.row, cell.col, newText);
+    }
+    const bool valid = taken && !trimmed(newText).empty();
+    const bool accepted =
+        state_.link.EditPostValidation(cell, valid, oldText, newText, state_.LastKey);
+    if (isGone())
+        return Outcome::Gone;
+    if (valid && !accepted) {
+        table.setTextMatrix(cell.row, cell.col, shownBefore);
+        table.setUnformatted(cell.row, cell.col, valueBefore);
+    }
+    return taken && (accepted || !valid) ? Outcome::Written : Outcome::Refused;
+}
+
+void CellReplacement::pasteBlock(std::string_view text, const std::function<void()> &growTable) {
+    const CellAddress start = state_.grid.current();
+    const Block rows = parsed(text);
+    for (std::size_t down = 0; down < rows.size(); ++down) {
+        const int row = start.row + static_cast<int>(down);
+        if (row >= state_.grid.table.Rows())
+            growTable();
+        for (std::size_t right = 0; right < rows[down].size(); ++right) {
+            const CellAddress cell{row, start.col + static_cast<int>(right)};
+            if (!state_.grid.table.hasCell(cell.row, cell.col) ||
+                !state_.columns.isInput(cell.col) || state_.isCheckCell(cell))
+                continue;
+            if (write(cell, rows[down][right], Key::V) == Outcome::Gone)
+                return;
+        }
+    }
+}
+
+} // namespace tablio

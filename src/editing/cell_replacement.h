@@ -1,0 +1,42 @@
+#pragma once
+
+/// Replaces a cell's content without showing an editor, for Delete and for pasted blocks, through
+/// the same veto, rules and events as an edit that the operator types.
+
+#include "editing/edit_session.h"
+
+namespace tablio {
+
+class CellReplacement {
+public:
+    enum class Outcome {
+        Written,
+        /// The host, or the column's rules, did not let the text in.
+        Refused,
+        /// A handler changed the table, so that the cell may be another one.
+        Gone,
+    };
+
+    CellReplacement(ControlState &state, EditSession &session, CellText &cells)
+        : state_(state), session_(session), cells_(cells) {}
+
+    /// Wipes the cell.
+    Outcome clear(CellAddress cell);
+    /// Puts a text into the cell as its column takes it.
+    Outcome write(CellAddress cell, std::string_view text, KeyCode lastKey);
+    /// Fills cells to the right and below from a text with tabs and line ends, beginning at the
+    /// current cell, adding rows by growTable. Cells that are no input cells keep their content.
+    void pasteBlock(std::string_view text, const std::function<void()> &growTable);
+
+    /// Whether a text holds more than one cell.
+    [[nodiscard]] static bool isBlock(std::string_view text);
+
+private:
+    Outcome replace(CellAddress cell, std::string_view newText, bool taken, KeyCode lastKey);
+
+    ControlState &state_;
+    EditSession &session_;
+    CellText &cells_;
+};
+
+} // namespace tablio

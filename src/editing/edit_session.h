@@ -1,0 +1,98 @@
+#pragma once
+
+/// One edit from the question to the host to the news of its end. The session chooses the editor,
+/// keeps which cell it belongs to, writes the result and tells the host; the editors know how to
+/// show, load and filter. Nobody else opens or closes an editor.
+
+#include "editing/cell_editor.h"
+#include "editing/navigator.h"
+#include "state/cell_text.h"
+
+#include <functional>
+#include <optional>
+
+namespace tablio {
+
+/// What an open edit remembers. Its number tells it from every other edit of the control's life.
+struct OpenEdit {
+    std::uint64_t number = 0;
+    CellEditor *editor = nullptr;
+    CellAddress cell;
+    /// The cell as it was, for putting it back to the letter.
+    std::string shownBefore;
+    std::string valueBefore;
+    std::uint64_t shiftStamp = 0;
+    /// Esc: the cell stays as it was.
+    bool restored = false;
+};
+
+class EditSession {
+public:
+    EditSession(ControlState &state, CellText &cells, Navigator &navigator)
+        : state_(state), cells_(cells), navigator_(navigator) {}
+
+    /// The editor for a column's edit kind.
+    void setEditors(std::function<CellEditor &(TColumnType)> choose) {
+        editorFor_ = std::move(choose);
+    }
+    /// Unmarks the marked row, if any, before a cell is edited.
+    void setUnmark(std::function<void()> unmark) { unmark_ = std::move(unmark); }
+
+    void unmark() {
+        if (unmark_)
+            unmark_();
+    }
+
+    /// Starts an edit of the current cell, unless the host vetoes it or Enter finds the cell
+    /// filled; Enter then moves on. An edit that is open already ends first.
+    void begin(const EditStart &start);
+
+    [[nodiscard]] bool isOpen() const noexcept { return open_.has_value(); }
+    [[nodiscard]] bool isOpen(std::uint64_t number) const noexcept {
+        return open_ && open_->number == number;
+    }
+    /// Null while no edit is open.
+    [[nodiscard]] const OpenEdit *open() const noexcept { return open_ ? &*open_ : nullptr; }
+    /// The cell of the open edit, or of the last one.
+    [[nodiscard]] CellAddress cell() const noexcept { return cell_; }
+
+    /// Marks the open edit as given up: its end writes nothing.
+    void giveUp() noexcept {
+        if (open_)
+            open_->restored = true;
+    }
+    /// Ends an open edit as if the operator had clicked elsewhere.
+    void end();
+    /// Gives the focus to the grid, which ends the edit, and then moves the cursor on, unless a
+    /// handler has moved it, opened another edit or ended the control.
+    void leave(const std::function<void()> &move);
+
+    /// First step of an end: the edit is over, whatever handlers do from here on. Answers nothing
+    /// when this editor has no open edit.
+    std::optional<OpenEdit> detach(const CellEditor &editor);
+    /// Last step, with the editor hidden: writes the text and tells the host, with what valid says
+    /// about it.
+    void finish(const OpenEdit &edit, std::string_view newText, std::string_view oldText,
+                bool valid);
+
+    /// Presses the lookup button: the host is asked, then the grid takes the focus.
+    void pressLookup();
+    /// The grid has scrolled: the open editor follows its cell.
+    void reposition();
+
+private:
+    [[nodiscard]] bool isFilled(CellAddress cell) const;
+    void showLookupButton(const Rect &cell);
+    void setMenuEnabled(bool enabled);
+
+    ControlState &state_;
+    CellText &cells_;
+    Navigator &navigator_;
+    std::function<CellEditor &(TColumnType)> editorFor_;
+    std::function<void()> unmark_;
+    std::optional<OpenEdit> open_;
+    CellAddress cell_;
+    std::uint64_t count_ = 0;
+};
+
+} // namespace tablio

@@ -1,0 +1,160 @@
+#include "editing/grid_input.h"
+
+#include <algorithm>
+
+namespace tablio {
+
+namespace {
+
+constexpr Twips edgeTolerance = 60;
+constexpr Twips narrowestColumn = 60;
+
+} // namespace
+
+Dealt GridInput::keyDown(KeyCode key, ShiftState shift) {
+    dropsNextKeyPress_ = false;
+    const KeyCode answered = state_.link.TableKeyDown(key, shift, state_.grid.current());
+    if (state_.link.isClosed())
+        return Dealt::Yes;
+    dropsNextKeyPress_ = answered == 0 || act(answered, shift);
+    return dropsNextKeyPress_ ? Dealt::Yes : Dealt::No;
+}
+
+bool GridInput::act(KeyCode key, ShiftState shift) {
+    const bool plain = shift == Shift::None;
+    const bool ctrl = shift == Shift::Ctrl;
+    if (plain && (key == Key::F2 || key == Key::F10))
+        return startEdit(false, static_cast<char32_t>(key));
+    if (plain && key == Key::Enter) {
+        if (!startEdit(false, static_cast<char32_t>(key)))
+            navigator_.advance();
+        return true;
+    }
+    if (plain && key == Key::Delete) {
+        clearCell();
+        return true;
+    }
+    if (ctrl && (key == Key::C || key == Key::Insert)) {
+        copy();
+        return true;
+    }
+    if ((ctrl && key == Key::V) || (shift == Shift::Shift && key == Key::Insert)) {
+        paste();
+        return true;
+    }
+    return navigator_.keyDown(key, shift);
+}
+
+Dealt GridInput::keyPress(char32_t character) {
+    if (dropsNextKeyPress_) {
+        dropsNextKeyPress_ = false;
+        return Dealt::Yes;
+    }
+    if (character < U' ' || character == 0x7F)
+        return Dealt::No;
+    return startEdit(true, character) ? Dealt::Yes : Dealt::No;
+}
+
+Dealt GridInput::beginComposition() {
+    startEdit(true, 0);
+    return session_.isOpen() ? Dealt::Yes : Dealt::No;
+}
+
+/// Answers whether the cell can be edited at all; the host may still have said no.
+bool GridInput::startEdit(bool typed, char32_t key) {
+    const CellAddress cell = state_.grid.current();
+    if (!isEditable(cell))
+        return false;
+    state_.current = cell;
+    const bool withLookup =
+        state_.columns.ColStyle(cell.col) == TColumnStyle::ColumnInputWithLookup;
+    // A date box is given the character as a key; other editors are loaded with it.
+    const bool replaces =
+        typed && (withLookup || state_.columns.ColEditType(cell.col) != TColumnType::ColumnDate);
+    session_.begin({replaces, key, withLookup, typed && withLookup});
+    return true;
+}
+
+void GridInput::clearCell() {
+    const CellAddress cell = state_.grid.current();
+    if (isEditable(cell) && !state_.grid.Text().empty())
+        replacement_.clear(cell);
+}
+
+void GridInput::copy() {
+    const CellAddress cell = state_.grid.current();
+    if (isDataCell(cell))
+        state_.link.face().setClipboardText(state_.grid.Text());
+}
+
+void GridInput::paste() {
+    const CellAddress cell = state_.grid.current();
+    if (!isEditable(cell))
+        return;
+    const std::string text = state_.link.face().clipboardText();
+    if (CellReplacement::isBlock(text)) {
+        replacement_.pasteBlock(text, services_.appendRow);
+        return;
+    }
+    startEdit(false, static_cast<char32_t>(Key::F2));
+    if (session_.isOpen())
+        services_.pasteIntoEditor(text);
+}
+
+void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
+    navigator_.giveFocusToGrid();
+    if (state_.link.isClosed() || button == MouseButton::Middle)
+        return;
+    const GridView &view = state_.grid.view;
+    if (const std::optional<int> edge = view.columnEdgeAt(x, y, edgeTolerance);
+        edge && button == MouseButton::Left) {
+        drag_ = ColumnDrag{*edge, view.cellRect(0, *edge).left};
+        return;
+    }
+    const std::optional<CellAddress> cell = view.hitTest(x, y);
+    if (cell && isDataCell(*cell))
+        navigator_.moveTo(*cell);
+}
+
+void GridInput::mouseMove(Twips x) {
+    GridTable &table = state_.grid.table;
+    if (!drag_ || drag_->col >= table.Cols())
+        return;
+    table.setColWidth(drag_->col, std::max(x - drag_->left, narrowestColumn));
+}
+
+void GridInput::mouseUp(MouseButton button, Twips x, Twips y) {
+    if (drag_) {
+        drag_.reset();
+        state_.link.face().propertyChanged("ColWidth");
+        return;
+    }
+    if (button == MouseButton::Right && state_.settings.GridPopUpMenu)
+        state_.link.face().popUpMenu(x, y);
+}
+
+void GridInput::doubleClick(Twips x, Twips y) {
+    const std::optional<CellAddress> hit = state_.grid.view.hitTest(x, y);
+    if (!hit || isColumnEdge(x, y))
+        return;
+    const std::uint64_t stamp = state_.grid.cursorStamp();
+    state_.link.DoubleClick(state_.grid.current());
+    if (!state_.link.isClosed() && stamp == state_.grid.cursorStamp() &&
+        *hit == state_.grid.current())
+        startEdit(false, static_cast<char32_t>(Key::F2));
+}
+
+bool GridInput::isColumnEdge(Twips x, Twips y) const {
+    return state_.grid.view.columnEdgeAt(x, y, edgeTolerance).has_value();
+}
+
+bool GridInput::isEditable(CellAddress cell) const {
+    return isDataCell(cell) && !state_.isCheckCell(cell) && state_.columns.isInput(cell.col);
+}
+
+bool GridInput::isDataCell(CellAddress cell) const {
+    return state_.grid.table.hasCell(cell.row, cell.col) &&
+           !state_.grid.isFixed(cell.row, cell.col);
+}
+
+} // namespace tablio

@@ -1,0 +1,66 @@
+#pragma once
+
+/// What the operator does to the grid itself while the keyboard is on it: which keys and clicks
+/// start an edit, clear a cell, copy and paste, and how the mouse moves the cursor and the column
+/// borders.
+
+#include "editing/cell_replacement.h"
+#include "editing/edit_session.h"
+
+#include <tablio/input.h>
+
+namespace tablio {
+
+class GridInput {
+public:
+    /// What the grid needs done elsewhere.
+    struct Services {
+        /// Puts pasted text into the editor that is open.
+        std::function<void(std::string_view)> pasteIntoEditor;
+        /// Appends a blank row without moving the cursor.
+        std::function<void()> appendRow;
+    };
+
+    GridInput(ControlState &state, EditSession &session, Navigator &navigator,
+              CellReplacement &replacement, Services services)
+        : state_(state), session_(session), navigator_(navigator), replacement_(replacement),
+          services_(std::move(services)) {}
+
+    Dealt keyDown(KeyCode key, ShiftState shift);
+    Dealt keyPress(char32_t character);
+    Dealt beginComposition();
+    /// A character comes that no key went down for.
+    void expectNewKey() noexcept { dropsNextKeyPress_ = false; }
+
+    void mouseDown(MouseButton button, Twips x, Twips y);
+    void mouseMove(Twips x);
+    void mouseUp(MouseButton button, Twips x, Twips y);
+    void doubleClick(Twips x, Twips y);
+    [[nodiscard]] bool isColumnEdge(Twips x, Twips y) const;
+
+private:
+    struct ColumnDrag {
+        int col = 0;
+        /// The column's left border stays where it is.
+        Twips left = 0;
+    };
+
+    [[nodiscard]] bool act(KeyCode key, ShiftState shift);
+    bool startEdit(bool typed, char32_t key);
+    void clearCell();
+    void paste();
+    void copy();
+    [[nodiscard]] bool isDataCell(CellAddress cell) const;
+    [[nodiscard]] bool isEditable(CellAddress cell) const;
+
+    ControlState &state_;
+    EditSession &session_;
+    Navigator &navigator_;
+    CellReplacement &replacement_;
+    Services services_;
+    std::optional<ColumnDrag> drag_;
+    /// A key that went down has been dealt with: the character that it types is dropped.
+    bool dropsNextKeyPress_ = false;
+};
+
+} // namespace tablio

@@ -1,0 +1,106 @@
+#include "model/cell_store.h"
+
+namespace tablio {
+
+namespace {
+
+template <typename T> bool has(const std::vector<T> &list, int index) noexcept {
+    return static_cast<std::size_t>(index) < list.size();
+}
+
+/// The entry, made when the list is still too short; the whole row is made at once, since who
+/// writes one cell of a row usually writes them all.
+template <typename T> T &made(std::vector<T> &list, int index, int count) {
+    if (!has(list, index)) {
+        list.reserve(static_cast<std::size_t>(count));
+        list.resize(static_cast<std::size_t>(count));
+    }
+    return list[static_cast<std::size_t>(index)];
+}
+
+template <typename T> void cut(std::vector<T> &list, int count) {
+    if (list.size() > static_cast<std::size_t>(count))
+        list.resize(static_cast<std::size_t>(count));
+}
+
+} // namespace
+
+void CellStore::setCols(int count) {
+    if (count < cols_) {
+        for (Row &row : rows_) {
+            cut(row.texts, count);
+            if (row.extras) {
+                cut(row.extras->values, count);
+                cut(row.extras->styles, count);
+            }
+        }
+    }
+    cols_ = count;
+}
+
+void CellStore::insertRow(int row) { rows_.emplace(rows_.begin() + row); }
+
+void CellStore::removeRow(int row) { rows_.erase(rows_.begin() + row); }
+
+void CellStore::clear() {
+    for (Row &row : rows_) {
+        row.texts = {};
+        row.extras.reset();
+    }
+}
+
+std::string_view CellStore::text(int row, int col) const noexcept {
+    const Row &held = at(row);
+    return has(held.texts, col) ? held.texts[static_cast<std::size_t>(col)].view()
+                                : std::string_view();
+}
+
+void CellStore::setText(int row, int col, std::string_view text) {
+    Row &held = at(row);
+    if (text.empty() && !has(held.texts, col))
+        return;
+    made(held.texts, col, cols_).assign(text);
+    if (held.extras && has(held.extras->values, col))
+        held.extras->values[static_cast<std::size_t>(col)].assign({});
+}
+
+std::string_view CellStore::value(int row, int col) const noexcept {
+    const Row &held = at(row);
+    if (held.extras && has(held.extras->values, col)) {
+        const CompactText &value = held.extras->values[static_cast<std::size_t>(col)];
+        if (!value.empty())
+            return value.view();
+    }
+    return text(row, col);
+}
+
+void CellStore::setValue(int row, int col, std::string_view value) {
+    const Row &held = at(row);
+    if (value == text(row, col))
+        value = {};
+    if (!value.empty() || (held.extras && has(held.extras->values, col)))
+        made(extrasOf(row).values, col, cols_).assign(value);
+}
+
+StyleId CellStore::style(int row, int col) const noexcept {
+    const Row &held = at(row);
+    return held.extras && has(held.extras->styles, col)
+               ? held.extras->styles[static_cast<std::size_t>(col)]
+               : plainStyle;
+}
+
+void CellStore::setStyle(int row, int col, StyleId style) {
+    const Row &held = at(row);
+    const bool hasStyles = held.extras && has(held.extras->styles, col);
+    if (style != plainStyle || hasStyles)
+        made(extrasOf(row).styles, col, cols_) = style;
+}
+
+CellStore::Extras &CellStore::extrasOf(int row) {
+    Row &held = at(row);
+    if (!held.extras)
+        held.extras = std::make_unique<Extras>();
+    return *held.extras;
+}
+
+} // namespace tablio

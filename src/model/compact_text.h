@@ -1,0 +1,88 @@
+#pragma once
+
+/// The text of one cell in sixteen bytes. A table holds hundreds of thousands of short texts, so
+/// up to fifteen bytes stand in the object itself and only longer ones go to the heap. The cell
+/// store uses it; nobody else needs to.
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+namespace tablio {
+
+class CompactText {
+public:
+    CompactText() noexcept { bytes_.back() = static_cast<char>(inlineCapacity); }
+    explicit CompactText(std::string_view text) : CompactText() { assign(text); }
+    CompactText(CompactText &&other) noexcept : bytes_(other.bytes_) { other.forget(); }
+    CompactText &operator=(CompactText &&other) noexcept {
+        std::swap(bytes_, other.bytes_);
+        return *this;
+    }
+    CompactText(const CompactText &other) : CompactText(other.view()) {}
+    CompactText &operator=(const CompactText &other) {
+        if (this != &other)
+            assign(other.view());
+        return *this;
+    }
+    ~CompactText() {
+        if (isLong())
+            delete[] longText().data;
+    }
+
+    /// Takes a copy of the text, which may be a part of this object's own.
+    void assign(std::string_view text) {
+        CompactText fresh;
+        if (text.size() <= inlineCapacity) {
+            if (!text.empty())
+                std::memcpy(fresh.bytes_.data(), text.data(), text.size());
+            fresh.bytes_.back() = static_cast<char>(inlineCapacity - text.size());
+        } else {
+            char *copy = new char[text.size()];
+            std::memcpy(copy, text.data(), text.size());
+            const LongText held{copy, static_cast<std::uint32_t>(text.size())};
+            std::memcpy(fresh.bytes_.data(), &held.data, sizeof held.data);
+            std::memcpy(fresh.bytes_.data() + sizeof held.data, &held.size, sizeof held.size);
+            fresh.bytes_.back() = longMark;
+        }
+        std::swap(bytes_, fresh.bytes_);
+    }
+
+    [[nodiscard]] std::string_view view() const noexcept {
+        if (!isLong())
+            return {bytes_.data(), inlineCapacity - static_cast<std::size_t>(bytes_.back())};
+        const LongText held = longText();
+        return {held.data, held.size};
+    }
+    [[nodiscard]] bool empty() const noexcept {
+        return bytes_.back() == static_cast<char>(inlineCapacity);
+    }
+
+private:
+    static constexpr std::size_t inlineCapacity = 15;
+    static constexpr char longMark = 0x7f;
+
+    struct LongText {
+        char *data;
+        std::uint32_t size;
+    };
+
+    [[nodiscard]] bool isLong() const noexcept { return bytes_.back() == longMark; }
+    [[nodiscard]] LongText longText() const noexcept {
+        LongText held{};
+        std::memcpy(&held.data, bytes_.data(), sizeof held.data);
+        std::memcpy(&held.size, bytes_.data() + sizeof held.data, sizeof held.size);
+        return held;
+    }
+    void forget() noexcept { bytes_.back() = static_cast<char>(inlineCapacity); }
+
+    /// The last byte counts the inline bytes that are free (a full text ends the object with 0),
+    /// or marks a pointer and a length in the bytes before it.
+    alignas(8) std::array<char, inlineCapacity + 1> bytes_{};
+};
+
+static_assert(sizeof(CompactText) == 16);
+
+} // namespace tablio

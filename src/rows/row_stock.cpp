@@ -1,0 +1,126 @@
+#include "rows/row_stock.h"
+
+#include "widgets/trim.h"
+
+#include <tablio/errors.h>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tablio {
+
+namespace {
+
+/// The cell handlers of the control do nothing while this object lives.
+class Clearing {
+public:
+    explicit Clearing(ControlState &state) : state_(state) { state_.IsClearing = true; }
+    ~Clearing() { state_.IsClearing = false; }
+    Clearing(const Clearing &) = delete;
+    Clearing &operator=(const Clearing &) = delete;
+
+private:
+    ControlState &state_;
+};
+
+} // namespace
+
+void RowStock::append() {
+    GridTable &table = state_.grid.table;
+    if (table.Rows() >= GridTable::maxRows)
+        throw OverflowError("AddRow: row " + std::to_string(table.Rows()) +
+                            " does not fit 16 bits");
+    table.AddItem("");
+    RenumberFixedColumns();
+}
+
+void RowStock::add() {
+    session_.end();
+    append();
+    bringCursorTo({state_.lastDataRow(), state_.settings.PrimaryColumn});
+    state_.link.TableChange();
+}
+
+void RowStock::clear() {
+    session_.end();
+    FlexGrid &grid = state_.grid;
+    {
+        const RedrawOff redrawOff(grid);
+        {
+            const Clearing clearing(state_);
+            struct Header {
+                std::string text;
+                std::optional<Colour> foreColor;
+                std::optional<Colour> backColor;
+            };
+            std::vector<Header> headers;
+            const int cols = grid.table.Rows() > 0 ? grid.table.Cols() : 0;
+            for (int col = 0; col < cols; ++col) {
+                const CellStyle &style = grid.table.cellStyle(0, col);
+                headers.push_back({std::string(trimmed(grid.table.TextMatrix(0, col))),
+                                   style.foreColor, style.backColor});
+            }
+            grid.table.Clear();
+            for (int col = 0; col < cols; ++col) {
+                const Header &header = headers[static_cast<std::size_t>(col)];
+                grid.table.setTextMatrix(0, col, header.text);
+                CellStyle style;
+                style.foreColor = header.foreColor;
+                style.backColor = header.backColor;
+                if (state_.settings.HeaderFontBold && !grid.table.look().Font.bold)
+                    style.fontBold = true;
+                grid.table.setCellStyle(0, col, style);
+            }
+        }
+        RenumberFixedColumns();
+    }
+    state_.CellTag = std::make_shared<TMatrix>();
+    bringCursorTo({grid.table.FixedRows(), state_.firstColumn()});
+    if (grid.table.FixedRows() < grid.table.Rows())
+        grid.view.setTopRow(grid.table.FixedRows());
+    state_.link.TableChange();
+}
+
+int RowStock::dataCount() const {
+    const GridTable &table = state_.grid.table;
+    int result = 0;
+    for (int row = 1; row <= state_.lastDataRow() && !state_.link.isClosed(); ++row) {
+        const int col = state_.settings.PrimaryColumn;
+        if (table.hasCell(row, col) && !trimmed(table.TextMatrix(row, col)).empty())
+            result = row;
+        state_.link.face().letPendingEventsRun();
+    }
+    return result;
+}
+
+void RowStock::RenumberFixedColumns() {
+    const RedrawOff redrawOff(state_.grid);
+    GridTable &table = state_.grid.table;
+    std::vector<int> numbered;
+    std::vector<int> blanked;
+    for (int col = 0; col < table.Cols(); ++col) {
+        const TColumnStyle style = state_.columns.ColStyle(col);
+        if (style == TColumnStyle::ColumnFixedWithAutoNumber)
+            numbered.push_back(col);
+        else if (style == TColumnStyle::ColumnFixed && ControlState::PageEditing)
+            blanked.push_back(col);
+    }
+    int counter = 0;
+    for (int row = table.FixedRows(); row < table.Rows(); ++row) {
+        const std::string number = std::to_string(to16Bit(++counter, "row number"));
+        for (const int col : numbered)
+            table.setTextMatrix(row, col, number);
+        for (const int col : blanked)
+            table.setTextMatrix(row, col, "");
+    }
+}
+
+void RowStock::bringCursorTo(CellAddress cell) {
+    FlexGrid &grid = state_.grid;
+    grid.setRow(cell.row);
+    grid.setCol(cell.col);
+    grid.view.ensureVisible(grid.Row(), grid.Col());
+}
+
+} // namespace tablio

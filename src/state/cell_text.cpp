@@ -1,0 +1,49 @@
+#include "state/cell_text.h"
+
+#include "model/date_text.h"
+#include "model/number_picture.h"
+#include "model/number_text.h"
+
+namespace tablio {
+
+std::string CellText::read(int row, int col) const {
+    const GridTable &table = state_.grid.table;
+    const std::string_view shown = table.TextMatrix(row, col);
+    if (!state_.columns.isNumeric(col))
+        return std::string(shown);
+    const std::string_view given = row < 1 ? shown : table.unformatted(row, col);
+    const NumberFormat signs = state_.link.face().numberFormat();
+    return textToDecimal(given, signs).plainText(signs);
+}
+
+void CellText::write(int row, int col, std::string_view value) {
+    GridTable &table = state_.grid.table;
+    table.checkRow(row, "TextMatrix");
+    table.checkCol(col, "TextMatrix");
+    if (state_.columns.ColFormat(col).empty()) {
+        table.setTextMatrix(row, col, value);
+    } else {
+        const std::string given(value);
+        table.setTextMatrix(row, col, formatted(col, given));
+        table.setUnformatted(row, col, given);
+    }
+    state_.link.face().propertyChanged("TextMatrix");
+}
+
+std::string CellText::formatted(int col, std::string_view value) const {
+    const std::string &picture = state_.columns.ColFormat(col);
+    if (picture.empty())
+        return std::string(value);
+    if (state_.columns.isNumeric(col)) {
+        const NumberFormat signs = state_.link.face().numberFormat();
+        return formatNumber(textToDecimal(value, signs), picture, signs);
+    }
+    if (state_.columns.ColEditType(col) == TColumnType::ColumnDate) {
+        if (IsBlankDate(value))
+            return DateToText(noDate);
+        return IsDateInvalid(value) ? std::string(value) : formatDate(TextToDate(value), picture);
+    }
+    return std::string(value);
+}
+
+} // namespace tablio

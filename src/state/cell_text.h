@@ -1,0 +1,32 @@
+#pragma once
+
+/// Reads and writes cells the way the control does: numbers and dates are shown through the
+/// column's format and read back as they were given. Every value that reaches a data cell from an
+/// edit, a host or a paste goes through `write`.
+
+#include "state/control_state.h"
+
+#include <string>
+#include <string_view>
+
+namespace tablio {
+
+class CellText {
+public:
+    explicit CellText(ControlState &state) : state_(state) {}
+
+    /// The cell's text; of a numeric column the plain number, "0" for an empty or unreadable cell.
+    /// Throws GridError outside the grid.
+    [[nodiscard]] std::string read(int row, int col) const;
+    /// Shows the value through the column's format and remembers it unformatted. Throws GridError
+    /// outside the grid.
+    void write(int row, int col, std::string_view value);
+
+    /// What a value looks like in the cell.
+    [[nodiscard]] std::string formatted(int col, std::string_view value) const;
+
+private:
+    ControlState &state_;
+};
+
+} // namespace tablio

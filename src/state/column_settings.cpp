@@ -1,0 +1,107 @@
+#include "state/column_settings.h"
+
+#include <tablio/errors.h>
+
+#include <charconv>
+#include <limits>
+#include <utility>
+
+namespace tablio {
+
+namespace {
+
+/// The whole number at the start of a text; 0 where there is none.
+std::int32_t leadingNumber(const std::string &text) noexcept {
+    const std::size_t start = text.find_first_not_of(' ');
+    std::int32_t value = 0;
+    if (start != std::string::npos)
+        std::from_chars(text.data() + start, text.data() + text.size(), value);
+    return value;
+}
+
+int checked16Bit(std::size_t from, int to) {
+    const auto difference = static_cast<long>(from) - to;
+    if (difference > std::numeric_limits<std::int16_t>::max() ||
+        difference < std::numeric_limits<std::int16_t>::min())
+        throw OverflowError("Cols: the column count differs by " + std::to_string(difference) +
+                            ", more than 16 bits hold");
+    return static_cast<int>(difference);
+}
+
+} // namespace
+
+TColumnStyle ColumnSettings::ColStyle(int col) const {
+    return static_cast<TColumnStyle>(number(Style, col));
+}
+
+TColumnType ColumnSettings::ColEditType(int col) const {
+    return static_cast<TColumnType>(number(EditType, col));
+}
+
+int ColumnSettings::ColMaxLength(int col) const { return number(MaxLength, col); }
+
+TDataType ColumnSettings::ColDataType(int col) const {
+    return static_cast<TDataType>(number(DataType, col));
+}
+
+TCalcStyle ColumnSettings::ColCalcStyle(int col) const {
+    return static_cast<TCalcStyle>(number(CalcStyle, col));
+}
+
+const std::string &ColumnSettings::text(List list, int col) const {
+    static const std::string none;
+    const std::vector<std::string> &entries = lists_[list];
+    if (col >= 0 && static_cast<std::size_t>(col) < entries.size())
+        return entries[static_cast<std::size_t>(col)];
+    table_.checkCol(col, "column setting");
+    return none;
+}
+
+void ColumnSettings::setText(List list, int col, std::string value) {
+    std::vector<std::string> &entries = lists_[list];
+    if (col < 0 || static_cast<std::size_t>(col) >= entries.size())
+        throw GridError("column setting: column " + std::to_string(col) + " is outside 0 to " +
+                        std::to_string(static_cast<long>(entries.size()) - 1));
+    entries[static_cast<std::size_t>(col)] = std::move(value);
+}
+
+void ColumnSettings::setNumber(List list, int col, std::int32_t value) {
+    setText(list, col, std::to_string(value));
+}
+
+bool ColumnSettings::followColumnCount() {
+    const int missing = -checked16Bit(lists_[Style].size(), table_.Cols());
+    for (int round = 0; round < missing; ++round)
+        append({"0", "0", "", "64", "0", "0"});
+    for (int round = 0; round < -missing; ++round) {
+        for (std::vector<std::string> &list : lists_)
+            list.push_back(std::to_string(list.size() - 1));
+    }
+    return missing > 0;
+}
+
+void ColumnSettings::clear() {
+    for (std::vector<std::string> &list : lists_)
+        list.clear();
+}
+
+void ColumnSettings::append(const std::array<std::string, 6> &entry) {
+    for (std::size_t list = 0; list < lists_.size(); ++list)
+        lists_[list].push_back(entry[list]);
+}
+
+bool ColumnSettings::isInput(int col) const {
+    const TColumnStyle style = ColStyle(col);
+    return style == TColumnStyle::ColumnInput || style == TColumnStyle::ColumnInputWithLookup;
+}
+
+bool ColumnSettings::isNumeric(int col) const {
+    const TColumnType type = ColEditType(col);
+    return type == TColumnType::ColumnDecimal || type == TColumnType::ColumnInteger;
+}
+
+std::int32_t ColumnSettings::number(List list, int col) const {
+    return leadingNumber(text(list, col));
+}
+
+} // namespace tablio

@@ -1,0 +1,56 @@
+#pragma once
+
+/// The six settings of each column that the control itself keeps, as texts in six growable lists.
+/// Captions, widths and alignments live in the grid table. Indexes are grid columns, from 0.
+
+#include "model/grid_table.h"
+
+#include <tablio/types.h>
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tablio {
+
+class ColumnSettings {
+public:
+    /// The lists in the order in which they are kept.
+    enum List { Style, EditType, Format, MaxLength, DataType, CalcStyle };
+
+    explicit ColumnSettings(const GridTable &table) : table_(table) {}
+
+    [[nodiscard]] TColumnStyle ColStyle(int col) const;
+    [[nodiscard]] TColumnType ColEditType(int col) const;
+    [[nodiscard]] const std::string &ColFormat(int col) const { return text(Format, col); }
+    [[nodiscard]] int ColMaxLength(int col) const;
+    [[nodiscard]] TDataType ColDataType(int col) const;
+    [[nodiscard]] TCalcStyle ColCalcStyle(int col) const;
+
+    /// Reading a grid column without an entry answers "" (a number: 0). Throws GridError for a
+    /// column that neither the lists nor the grid have; writing needs an entry in the list.
+    [[nodiscard]] const std::string &text(List list, int col) const;
+    void setText(List list, int col, std::string value);
+    void setNumber(List list, int col, std::int32_t value);
+
+    /// Makes the lists follow the grid's column count. More columns get default entries; after
+    /// fewer columns the old entries stay, followed by one filler for each column that went.
+    /// Answers whether default entries were added.
+    bool followColumnCount();
+
+    [[nodiscard]] int length() const noexcept { return static_cast<int>(lists_[Style].size()); }
+    void clear();
+    /// One more entry for the next column.
+    void append(const std::array<std::string, 6> &entry);
+
+    [[nodiscard]] bool isInput(int col) const;
+    [[nodiscard]] bool isNumeric(int col) const;
+
+private:
+    [[nodiscard]] std::int32_t number(List list, int col) const;
+
+    const GridTable &table_;
+    std::array<std::vector<std::string>, 6> lists_;
+};
+
+} // namespace tablio

@@ -1,0 +1,116 @@
+#pragma once
+
+/// What one control holds, put together from models and widgets: the grid, the column settings, the
+/// editors, the focus and the members that several collaborators share. It is data with the few
+/// rules that keep it consistent; what the control does with it stands in editing/ and rows/.
+
+#include "model/flex_grid.h"
+#include "state/column_settings.h"
+#include "state/host_link.h"
+#include "widgets/focus.h"
+#include "widgets/text_box.h"
+#include "widgets/widget.h"
+
+#include <tablio/tmatrix.h>
+
+#include <memory>
+
+namespace tablio {
+
+/// Stored members behind the properties of the same names.
+struct Settings {
+    int PrimaryColumn = 0;
+    bool WithFixedColumn = false;
+    Colour StripeColor{0x00FFFFFFU};
+    Colour CheckBoxColor{0x000000FFU};
+    bool HeaderFontBold = false;
+    std::int16_t CheckBoxes = 0;
+    bool GridPopUpMenu = true;
+};
+
+/// The stock widgets, hidden while no edit is open.
+struct Widgets {
+    explicit Widgets(WidgetListener &listener)
+        : picText(WidgetId::picText, listener), txtEdit(WidgetId::txtEdit, listener),
+          cmdLookup(WidgetId::cmdLookup, listener) {
+        cmdLookup.setPlace({0, 0, buttonWidth, 0});
+    }
+
+    static constexpr Twips buttonWidth = 330;
+
+    PlainWidget picText;
+    TextBox txtEdit;
+    PlainWidget cmdLookup;
+};
+
+/// Enabled and checked states of the entries of `mnuTableMenu`.
+struct TableMenu {
+    struct Entry {
+        bool enabled = true;
+        bool checked = false;
+    };
+    Entry mnuMarkRow;
+    Entry mnuAddRow;
+    Entry mnuInsertRow{false};
+    Entry mnuRemoveRow{false};
+    Entry mnuTableClear;
+};
+
+struct ControlState {
+    ControlState(FlexGridEvents &gridEvents, WidgetListener &widgetListener)
+        : grid(gridEvents), columns(grid.table), widgets(widgetListener) {}
+
+    FlexGrid grid;
+    ColumnSettings columns;
+    Settings settings;
+    Widgets widgets;
+    Focus focus;
+    TableMenu menu;
+    HostLink link;
+    std::shared_ptr<TMatrix> CellTag = std::make_shared<TMatrix>();
+
+    /// The cell last entered.
+    CellAddress current{1, 0};
+    std::int16_t LastKey = 0;
+    std::int16_t MarkRow = 0;
+    /// The control's redraw switch and loaded flag.
+    bool SetStatusCell = false;
+    bool IsClearing = false;
+    /// The key that is down is the keypad's decimal key.
+    bool keyIsDecimal = false;
+    bool Enabled = true;
+    /// While a property page of any control is being edited, renumbering blanks fixed columns.
+    inline static bool PageEditing = false;
+
+    /// Switches painting and the status flag together.
+    void setStatusCell(bool status) {
+        SetStatusCell = status;
+        grid.view.setRedraw(status);
+    }
+    /// The last row that the control's moves and counts reach.
+    [[nodiscard]] int lastDataRow() const noexcept {
+        return grid.table.Rows() - grid.table.FixedRows();
+    }
+    /// Where the cursor goes when it leaves the last column.
+    [[nodiscard]] int firstColumn() const noexcept {
+        return settings.WithFixedColumn ? settings.PrimaryColumn : 0;
+    }
+    [[nodiscard]] bool isCheckCell(CellAddress cell) const noexcept {
+        return (settings.CheckBoxes == 1 || settings.CheckBoxes == -1) &&
+               cell.col == grid.table.Cols() - 1;
+    }
+};
+
+/// Painting is off for the life of this object and on afterwards, also when a handler throws.
+class RedrawOff {
+public:
+    explicit RedrawOff(FlexGrid &grid) : grid_(grid) { grid_.view.setRedraw(false); }
+    ~RedrawOff() { grid_.view.setRedraw(true); }
+    RedrawOff(const RedrawOff &) = delete;
+    RedrawOff &operator=(const RedrawOff &) = delete;
+
+private:
+    FlexGrid &grid_;
+};
+
+} // namespace tablio

@@ -1,0 +1,103 @@
+#include "state/host_link.h"
+
+#include <tablio/errors.h>
+
+#include <limits>
+
+namespace tablio {
+
+std::int16_t to16Bit(int number, std::string_view what) {
+    if (number < std::numeric_limits<std::int16_t>::min() ||
+        number > std::numeric_limits<std::int16_t>::max())
+        throw OverflowError(std::string(what) + ": " + std::to_string(number) +
+                            " does not fit 16 bits");
+    return static_cast<std::int16_t>(number);
+}
+
+namespace {
+
+struct EventCell {
+    explicit EventCell(CellAddress cell)
+        : row(to16Bit(cell.row, "row")), col(to16Bit(cell.col, "column")) {}
+    std::int16_t row;
+    std::int16_t col;
+};
+
+} // namespace
+
+void HostLink::close() noexcept {
+    closed_ = true;
+    host_ = nullptr;
+    face_ = &noFace_;
+}
+
+bool HostLink::EditPreValidation(CellAddress cell) {
+    EventCell at(cell);
+    bool cancel = false;
+    if (host_ != nullptr)
+        host_->EditPreValidation(at.row, at.col, cancel);
+    return cancel;
+}
+
+void HostLink::EditOnChange(CellAddress cell, std::string_view onEdit) {
+    EventCell at(cell);
+    std::string text(onEdit);
+    if (host_ != nullptr)
+        host_->EditOnChange(at.row, at.col, text);
+}
+
+bool HostLink::EditPostValidation(CellAddress cell, bool valid, std::string_view oldData,
+                                  std::string_view newData, std::int16_t lastKey) {
+    EventCell at(cell);
+    std::string oldText(oldData);
+    std::string newText(newData);
+    if (host_ != nullptr)
+        host_->EditPostValidation(at.row, at.col, valid, oldText, newText, lastKey);
+    return valid;
+}
+
+void HostLink::EditLookup(CellAddress cell) {
+    EventCell at(cell);
+    if (host_ != nullptr)
+        host_->EditLookup(at.row, at.col);
+}
+
+void HostLink::CellFocus(CellAddress cell) {
+    EventCell at(cell);
+    if (host_ != nullptr)
+        host_->CellFocus(at.row, at.col);
+}
+
+std::int16_t HostLink::CellKeyPress(CellAddress cell, std::int16_t keyAscii) {
+    EventCell at(cell);
+    if (host_ != nullptr)
+        host_->CellKeyPress(at.row, at.col, keyAscii);
+    return keyAscii;
+}
+
+void HostLink::TableChange() {
+    if (host_ != nullptr)
+        host_->TableChange();
+}
+
+KeyCode HostLink::TableKeyDown(KeyCode key, ShiftState shift, CellAddress cell) {
+    EventCell at(cell);
+    if (host_ != nullptr)
+        host_->TableKeyDown(key, shift, at.row, at.col);
+    return key;
+}
+
+void HostLink::TableRowChange(int oldRow, int newRow) {
+    std::int16_t from = to16Bit(oldRow, "row");
+    std::int16_t to = to16Bit(newRow, "row");
+    if (host_ != nullptr)
+        host_->TableRowChange(from, to);
+}
+
+void HostLink::DoubleClick(CellAddress cell) {
+    EventCell at(cell);
+    if (host_ != nullptr)
+        host_->DoubleClick(at.row, at.col);
+}
+
+} // namespace tablio

@@ -1,0 +1,203 @@
+#include "model/date_text.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace tablio {
+namespace {
+
+constexpr const char *cleared = "  /  /    ";
+
+TEST(DateText, OnlyTheThreeBlankTextsAreBlank) {
+    for (const char *text : {"", "__/__/____", cleared}) {
+        EXPECT_TRUE(IsBlankDate(text)) << text;
+        EXPECT_TRUE(IsDateInvalid(text)) << text;
+        EXPECT_EQ(TextToDate(text), noDate) << text;
+    }
+    for (const char *text : {" ", "__/__/___", "  /  /   ", "1_/__/____", "__/__/____ "})
+        EXPECT_FALSE(IsBlankDate(text)) << text;
+}
+
+TEST(DateText, TellsWhichTextsAreDates) {
+    const struct {
+        const char *text;
+        bool invalid;
+    } cases[] = {
+        {"31/12/2004", false},
+        {"01/01/1000", false},
+        {"31/12/9999", false},
+        {"29/02/2004", false},
+        {"29/02/2001", true},
+        {"29/02/1900", false}, // There is no century rule.
+        {"29/02/2100", false},
+        {"30/02/2004", true},
+        {"31/04/2000", true},
+        {"00/01/2000", true},
+        {"32/01/2000", true},
+        {"-1/01/2000", true},
+        {"01/00/2000", true},
+        {"01/13/2000", true},
+        {"01-01-2000", true},
+        {"01/01-2000", true},
+        {"01/01/999", true},
+        {"01/01/0999", true},
+        {"01/01/-200", true},
+        {"01/01/____", true},
+        {"__/__/2000", true},
+        {" 1/ 1/2000", false},
+        {"1_/1_/2000", false},
+        {"1/1/2000", true},
+        {"x", true},
+        {"01/", true},
+        {"01/01", true},
+        {"abcdefghij", true},
+        {"\u0661\u0661/01/2000", true},
+        {"01\u00E4/01/2000", true},
+        {"\U0001F4C5/01/2000", true}, // Two UTF-16 units in the place of the day.
+        {"\u20AC\u20AC/\xFF", true},
+        {"01/01/2\xC3", true},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(IsDateInvalid(c.text), c.invalid) << c.text;
+}
+
+TEST(DateText, PartsOutOfRangeRollOver) {
+    const struct {
+        const char *text;
+        Date expected;
+    } cases[] = {
+        {"05/03/2004", {2004, 3, 5}},
+        {"31/02/2001", {2001, 3, 3}},
+        {"31/04/2000", {2000, 5, 1}},
+        {"29/02/1900", {1900, 3, 1}},
+        {"15/13/2000", {2001, 1, 15}},
+        {"00/03/2000", {2000, 2, 29}},
+        {"01/00/2000", {1999, 12, 1}},
+        {"00/00/2000", {1999, 11, 30}},
+        {"99/99/9999", {10007, 6, 7}},
+        {"__/05/2000", {2000, 4, 30}},
+        {"\U0001F4C5/12/2004", {2004, 11, 30}},
+        {"rubbish", {-1, 11, 30}},
+        {"\u20AC", {-1, 11, 30}},
+        {"12", {11, 12, 12}},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(TextToDate(c.text), c.expected) << c.text;
+}
+
+TEST(DateText, EveryDayOfFourDigitYearsSurvivesAsText) {
+    const std::int64_t last = Date{9999, 12, 31}.dayNumber();
+    Date expected{1000, 1, 1};
+    int weekday = 2; // 1 January 1000 was a Wednesday in this calendar.
+    for (std::int64_t number = expected.dayNumber(); number <= last; ++number) {
+        const Date date = Date::fromDayNumber(number);
+        ASSERT_EQ(date, expected);
+        ASSERT_EQ(date.weekday(), weekday);
+        const std::string text = DateToText(date);
+        ASSERT_EQ(TextToDate(text), date) << text;
+        ASSERT_EQ(IsDateInvalid(text), date == noDate) << text;
+
+        weekday = (weekday + 1) % 7;
+        if (++expected.day > daysInMonth(expected.year, expected.month)) {
+            expected.day = 1;
+            if (++expected.month > 12) {
+                expected.month = 1;
+                ++expected.year;
+            }
+        }
+    }
+    EXPECT_EQ(expected, (Date{10000, 1, 1}));
+}
+
+TEST(DateText, CalendarArithmetic) {
+    EXPECT_EQ((Date{1970, 1, 1}.dayNumber()), 0);
+    EXPECT_EQ((Date{2000, 3, 1}.dayNumber()), 11017);
+    EXPECT_EQ((Date{2024, 2, 28}.addDays(2)), (Date{2024, 3, 1}));
+    EXPECT_EQ((Date{2024, 1, 1}.addDays(-1)), (Date{2023, 12, 31}));
+    EXPECT_EQ((Date{2024, 1, 31}.addMonths(1)), (Date{2024, 2, 29}));
+    EXPECT_EQ((Date{2024, 1, 31}.addMonths(-11)), (Date{2023, 2, 28}));
+    EXPECT_EQ((Date{2024, 5, 15}.addMonths(-5)), (Date{2023, 12, 15}));
+    EXPECT_EQ(Date::fromDayNumber(Date{-401, 2, 28}.dayNumber()), (Date{-401, 2, 28}));
+    EXPECT_LT((Date{2023, 12, 31}), (Date{2024, 1, 1}));
+    EXPECT_LT((Date{2024, 1, 31}), (Date{2024, 2, 1}));
+}
+
+TEST(DateText, PadsToTheWidthAndKeepsTheLastDigits) {
+    const struct {
+        const char *text;
+        int width;
+        const char *expected;
+    } cases[] = {
+        {"7", 2, "07"},
+        {"12", 2, "12"},
+        {"12345", 2, "45"},
+        {"", 4, "0000"},
+        {" 7x9", 3, "007"},
+        {"1.6", 2, "02"},
+        {"2.5", 2, "02"},
+        {"2.51", 2, "03"},
+        {"-7", 2, "93"},
+        {"-93", 2, "7"},
+        {"7", 0, ""},
+        {"7", -1, ""},
+        {"2004", 4, "2004"},
+        {"--7", 2, "00"},
+        {"+ 4 2", 2, "42"},
+        {"7", 99, "000000000000000007"},
+        {"99999999999999999999999999", 3, "999"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(PadNumber(c.text, c.width), c.expected) << c.text;
+}
+
+TEST(DateText, ShowsDatesThroughPictures) {
+    const Date date{2004, 3, 5}; // A Friday.
+    const struct {
+        const char *picture;
+        const char *expected;
+    } cases[] = {
+        {"", "05/03/2004"},
+        {"##/##/####", "05/03/2004"},
+        {"dd/mm/yyyy", "05/03/2004"},
+        {"DD.MM.YYYY", "05.03.2004"},
+        {"d/m/yy", "5/3/04"},
+        {"yyyymmdd", "20040305"},
+        {"ddd d mmm", "Fri 5 Mar"},
+        {"dddd, \"day\" d mmmm yyyy", "Friday, day 5 March 2004"},
+        {"\\dd", "d5"},
+        {"d. \u00E4", "5. \u00E4"},
+        {"\"open d", "open d"},
+        {"d\\", "5"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(formatDate(date, c.picture), c.expected) << c.picture;
+    EXPECT_EQ(formatDate({2004, 12, 31}, "d-m-yy"), "31-12-04");
+    EXPECT_EQ(formatDate(noDate, "##/##/####"), cleared);
+    EXPECT_EQ(formatDate(noDate, ""), cleared);
+    EXPECT_EQ(formatDate(noDate, "dd.mm.yyyy"), "");
+
+    DateNames names = englishDateNames;
+    names.months[2] = "M\u00E4rz";
+    EXPECT_EQ(formatDate(date, "d. mmmm", names), "5. M\u00E4rz");
+}
+
+TEST(DateText, AnyTextHasAnOutcome) {
+    std::mt19937 random(1582);
+    constexpr std::string_view letters = "0129/_ -+.eE\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80";
+    for (int round = 0; round < 50000; ++round) {
+        std::string text;
+        for (unsigned length = random() % 14; length > 0; --length)
+            text += letters[random() % letters.size()];
+        const Date date = TextToDate(text);
+        ASSERT_EQ(Date::fromDayNumber(date.dayNumber()), date) << text;
+        const bool isDigitsOnly = text.find_first_not_of("0129/") == std::string::npos;
+        if (!IsDateInvalid(text) && isDigitsOnly && text.size() == 10) {
+            ASSERT_EQ(DateToText(date).substr(6), text.substr(6)) << text;
+        }
+    }
+}
+
+} // namespace
+} // namespace tablio

@@ -1,0 +1,173 @@
+#include "model/decimal_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+namespace tablio {
+namespace {
+
+const NumberFormat english;
+const NumberFormat german{",", ".", 3};
+const NumberFormat french{",", "\u202F", 3};
+const NumberFormat swiss{".", "\u2019", 3};
+const NumberFormat arabic{"\u066B", "\u066C", 3};
+
+TEST(DecimalText, ReadsWhatAUserWrites) {
+    const struct {
+        const char *text;
+        const NumberFormat &format;
+        const char *expected; ///< As plain text, or nullptr for "no number".
+    } cases[] = {
+        {"0", english, "0"},
+        {"-0.00", english, "0"},
+        {"007", english, "7"},
+        {" \t12.50 ", english, "12.5"},
+        {"\u00A0\u202F12\u00A0", english, "12"},
+        {"5.", english, "5"},
+        {".5", english, "0.5"},
+        {"5-", english, "-5"},
+        {" 5.25 - ", english, "-5.25"},
+        {"- 5", english, "-5"},
+        {"\u22125", english, "-5"},
+        {"+5", english, "5"},
+        {"1,234,567.5", english, "1234567.5"},
+        {"1,2,,34", english, "1234"},
+        {"1.234,5", german, "1234,5"},
+        {"1 234\u00A0567,5 ", french, "1234567,5"},
+        {"1'234\u2019567.5", swiss, "1234567.5"},
+        {"1\u066C234\u066B5", arabic, "1234\u066B5"},
+        {"1,5", arabic, "1\u066B5"},
+        {"1,5", NumberFormat{";", ",", 3}, "15"},
+        {"12e3", english, "12000"},
+        {"-1.5E-3", english, "-0.0015"},
+        {"1e+2-", english, "-100"},
+        {"1e-400", english, "0"},
+        {"1e-99999999999999999999", english, "0"},
+        {"0e999999999", english, "0"},
+        {"123456789012345678.0123456789", english, "123456789012345678.0123456789"},
+        {"1e999999999", english, nullptr},
+        {"1.8e308", english, nullptr},
+        {"179769313486231590"
+         "e291",
+         english, nullptr},
+        {"", english, nullptr},
+        {" ", english, nullptr},
+        {"-", english, nullptr},
+        {".", english, nullptr},
+        {"-.", english, nullptr},
+        {"abc", english, nullptr},
+        {"12a", english, nullptr},
+        {"1e", english, nullptr},
+        {"1e+", english, nullptr},
+        {"e5", english, nullptr},
+        {"-5-", english, nullptr},
+        {"--5", english, nullptr},
+        {"5+", english, nullptr},
+        {"1.2.3", english, nullptr},
+        {",5", english, nullptr},
+        {"5,", english, nullptr},
+        {"1.5,5", english, nullptr},
+        {"1 234", english, nullptr},
+        {"\u0663", english, nullptr},
+        {"1\xE2\x80", french, nullptr},
+        {"\xE2", english, nullptr},
+    };
+    for (const auto &c : cases) {
+        const std::optional<Decimal> number = Decimal::parse(c.text, c.format);
+        ASSERT_EQ(number.has_value(), c.expected != nullptr) << '"' << c.text << '"';
+        if (number) {
+            EXPECT_EQ(number->plainText(c.format), c.expected) << '"' << c.text << '"';
+        }
+    }
+}
+
+TEST(DecimalText, RoundsHalfAwayFromZeroOnItsDigits) {
+    const struct {
+        const char *text;
+        int places;
+        const char *expected;
+    } cases[] = {
+        {"0.5", 0, "1"},        {"-0.5", 0, "-1"},    {"0.49999999999999999999", 0, "0"},
+        {"2.5", 0, "3"},        {"1.005", 2, "1.01"}, {"2.675", 2, "2.68"},
+        {"-2.675", 2, "-2.68"}, {"9.995", 2, "10"},   {"999999999999999999.5", 0, "1e18"},
+        {"0.04", 1, "0"},       {"-0.04", 1, "0"},    {"0.004", 1, "0"},
+        {"0.05", 1, "0.1"},     {"1200", 5, "1200"},  {"1250", -2, "1300"},
+        {"49", -2, "0"},        {"50", -2, "100"},    {"99.99", 1, "100"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Decimal::parse(c.text, english)->rounded(c.places),
+                  Decimal::parse(c.expected, english))
+            << c.text << " to " << c.places;
+}
+
+TEST(DecimalText, ShiftsNegatesAndNumbersItsDigits) {
+    const Decimal number = *Decimal::parse("120.05", english);
+    EXPECT_EQ(number.timesPowerOfTen(2).plainText(english), "12005");
+    EXPECT_EQ(number.timesPowerOfTen(-4).plainText(german), "0,012005");
+    EXPECT_EQ(number.negated().plainText(english), "-120.05");
+    EXPECT_EQ(number.negated().negated(), number);
+    EXPECT_EQ(Decimal().negated(), Decimal());
+    EXPECT_EQ(number.leadingPower(), 2);
+    EXPECT_EQ(number.fractionDigits(), 2);
+    std::string digits;
+    for (int power = 3; power >= -3; --power)
+        digits += number.digitAt(power);
+    EXPECT_EQ(digits, "0120050");
+}
+
+TEST(DecimalText, EqualNumbersAreEqualHoweverWritten) {
+    const Decimal hundred = *Decimal::parse("100", english);
+    for (const char *text : {"1e2", "100.000", "0,100", "00100", "10000e-2", "+100"})
+        EXPECT_EQ(*Decimal::parse(text, english), hundred) << text;
+    EXPECT_FALSE(hundred == hundred.negated());
+}
+
+TEST(DecimalText, RandomNumbersKeepTheirDigitsAndTheirDouble) {
+    std::mt19937 random(20240305);
+    const auto upTo = [&](unsigned limit) { return random() % (limit + 1); };
+    for (int round = 0; round < 20000; ++round) {
+        std::string digits(1, static_cast<char>('1' + upTo(8)));
+        for (unsigned count = upTo(24); count > 0; --count)
+            digits += static_cast<char>('0' + upTo(9));
+        digits.back() = static_cast<char>('1' + upTo(8));
+        if (const std::size_t point = upTo(30); point < digits.size() && point > 0)
+            digits.insert(point, ".");
+        const std::string text = (upTo(1) != 0 ? "-" : "") + digits;
+
+        const Decimal number = *Decimal::parse(text, english);
+        ASSERT_EQ(number.plainText(english), text);
+        ASSERT_EQ(number.toDouble(), std::strtod(text.c_str(), nullptr)) << text;
+        ASSERT_EQ(*Decimal::parse(number.plainText(french), french), number) << text;
+
+        const std::string scaled = text + "e" + std::to_string(static_cast<int>(upTo(630)) - 320);
+        const double expected = std::strtod(scaled.c_str(), nullptr);
+        const std::optional<Decimal> large = Decimal::parse(scaled, english);
+        ASSERT_EQ(large.has_value(), expected - expected == 0.0) << scaled;
+        if (large && !large->isZero()) {
+            ASSERT_EQ(large->toDouble(), expected) << scaled;
+        }
+    }
+}
+
+TEST(DecimalText, TheSmallestNumbersAgreeWithTheirDoubleOnBeingZero) {
+    for (const char *text :
+         {"2e-324", "3e-324", "4.9e-324", "9e-324", "1e-323", "2.2e-308", "-1e-323"}) {
+        const Decimal number = *Decimal::parse(text, english);
+        EXPECT_EQ(number.isZero(), number.toDouble() == 0.0) << text;
+    }
+    EXPECT_EQ(Decimal::parse("1.7976931348623157e308", english)->toDouble(),
+              1.7976931348623157e308);
+}
+
+TEST(DecimalText, FindsTheDecimalSign) {
+    EXPECT_EQ(findDecimalSign("1,234.5", english), 5u);
+    EXPECT_EQ(findDecimalSign("1.234,5", german), 5u);
+    EXPECT_EQ(findDecimalSign("12\u066B5", arabic), 2u);
+    EXPECT_EQ(findDecimalSign("12,5", NumberFormat{"", "", 0}), std::string_view::npos);
+}
+
+} // namespace
+} // namespace tablio

@@ -1,0 +1,139 @@
+#include "model/number_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace tablio {
+namespace {
+
+const NumberFormat english;
+const NumberFormat german{",", ".", 3};
+const NumberFormat french{",", "\u202F", 3};
+const NumberFormat ungrouped{".", ",", 0};
+
+std::string shown(const char *number, std::string_view picture,
+                  const NumberFormat &format = english) {
+    return formatNumber(*Decimal::parse(number, english), picture, format);
+}
+
+TEST(NumberPicture, ShowsNumbersThroughPictures) {
+    const struct {
+        const char *number;
+        const char *picture;
+        const char *expected;
+    } cases[] = {
+        // Placeholders and rounding.
+        {"1.5", "##0.0", "1.5"},
+        {"1250.5", "###,##0.00", "1,250.50"},
+        {"1234567.891", "###,##0", "1,234,568"},
+        {"0", "###,##0.00", "0.00"},
+        {"0", "#", ""},
+        {"0.25", "#.00", ".25"},
+        {"12.5", ".00", "12.50"},
+        {"5", "#.##", "5."},
+        {"1.005", "0.00", "1.01"},
+        {"-2.675", "0.00", "-2.68"},
+        {"-0.004", "0.00", "0.00"},
+        {"999.995", "###,##0.00", "1,000.00"},
+        {"12.5", "###,##0.0#########", "12.5"},
+        {"12", "###,##0.0#########", "12.0"},
+        {"123456789012345678.0123456789", "###,##0.0#########",
+         "123,456,789,012,345,678.0123456789"},
+        {"0.12345678905", "###,##0.0#########", "0.1234567891"},
+        {"7", "000", "007"},
+        {"7", "000,000", "000,007"},
+        {"7", "0#0", "007"},
+        {"1e21", "0", "1000000000000000000000"},
+        {"1.25", "0.0#0", "1.250"},
+        // Grouping and scaling commas.
+        {"-1234", "#,#", "-1,234"},
+        {"123", "#,##0", "123"},
+        {"1234567", "#,##0,", "1,235"},
+        {"1234567", "0,,.00", "1.23"},
+        {"1500", "0,\"k\"", "2k"},
+        {"1500", "0.0,", "1.5"},
+        {"5", ",0", ",5"},
+        // Percent, literals and escapes.
+        {"0.125", "0.0%", "12.5%"},
+        {"0.5", "%0", "%50"},
+        {"5", "\"#0\"0", "#05"},
+        {"5", "\\#0 \u20AC", "#5 \u20AC"},
+        {"-5", "$0", "-$5"},
+        {"1234567", "(000) 0-0", "(12345) 6-7"},
+        {"123456", "00-00-00", "12-34-56"},
+        {"1.25", "0.0-0", "1.2-5"},
+        {"1.25", "0.0.0", "1.2.5"},
+        // Sections.
+        {"5", "0;(0);nil", "5"},
+        {"-5", "0;(0);nil", "(5)"},
+        {"0", "0;(0);nil", "nil"},
+        {"-0.4", "0;(0);nil", "nil"},
+        {"-0.4", "0.0;(0)", "0.0"},
+        {"-0.4", "0;\"neg\"", "neg"},
+        {"-5", "0.0;;nil", "-5.0"},
+        {"0", "0.0;(0);", "0.0"},
+        {"5", "0\";\";(0)", "5;"},
+        {"0", "0;0;z;null", "z"},
+        {"5", ";(0)", ""},
+        // Nothing to show a number with, and ends that are missing.
+        {"-1250.50", "", "-1250.5"},
+        {"-5", "n.a.", "n.a."},
+        {"5", "100", "105"},
+        {"5", "0\"abc", "5abc"},
+        {"5", "0\\", "5"},
+        {"5", "\"", ""},
+        {"5", "\\", ""},
+        {"5", ";;;", ""},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(shown(c.number, c.picture), c.expected) << c.number << " as " << c.picture;
+}
+
+TEST(NumberPicture, UsesTheSignsOfTheFormat) {
+    EXPECT_EQ(shown("-1234567.5", "###,##0.00", german), "-1.234.567,50");
+    EXPECT_EQ(shown("1234567.5", "###,##0.00", french), "1\u202F234\u202F567,50");
+    EXPECT_EQ(shown("1234567.5", "###,##0.00", ungrouped), "1234567.50");
+    EXPECT_EQ(shown("1234567.5", "###,##0.00", NumberFormat{",", ",", 3}), "1234567,50");
+    EXPECT_EQ(shown("1234567.5", "###,##0.00", NumberFormat{"", "_", 4}), "123_4567.50");
+    EXPECT_EQ(shown("0.5", "", german), "0,5");
+}
+
+TEST(NumberPicture, WhatIsShownReadsBackAsTheRoundedNumber) {
+    std::mt19937 random(77);
+    for (int round = 0; round < 5000; ++round) {
+        const std::string text = (random() % 2 != 0 ? "-" : "") + std::to_string(random()) +
+                                 std::to_string(random()) + "e-" + std::to_string(random() % 24);
+        const Decimal number = *Decimal::parse(text, english);
+        for (const NumberFormat &format : {english, german, french, ungrouped})
+            ASSERT_EQ(Decimal::parse(formatNumber(number, "###,##0.00##", format), format),
+                      number.rounded(4))
+                << text;
+    }
+}
+
+TEST(NumberPicture, AnyPictureHasAnOutcome) {
+    std::mt19937 random(4711);
+    constexpr std::string_view letters = "0#.,;%\"\\-a \xC3\xA4";
+    for (int round = 0; round < 50000; ++round) {
+        std::string picture;
+        for (unsigned length = random() % 9; length > 0; --length)
+            picture += letters[random() % letters.size()];
+        for (const char *number : {"0", "-0.004", "123456789.987"})
+            ASSERT_LT(shown(number, picture).size(), 60u) << picture;
+    }
+}
+
+TEST(NumberPicture, CountsTheDecimalsThatAPictureAllows) {
+    const struct {
+        const char *picture;
+        int expected;
+    } cases[] = {{"###,##0.00", 2}, {"###,##0", 0}, {"", 0},          {"0.", 0},
+                 {"0.0#%", 3},      {"0.0.0", 3},   {"0.0 \u20AC", 3}};
+    for (const auto &c : cases)
+        EXPECT_EQ(decimalsOfPicture(c.picture), c.expected) << c.picture;
+}
+
+} // namespace
+} // namespace tablio
