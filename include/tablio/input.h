@@ -18,6 +18,17 @@ class Control;
 /// Whether the core has dealt with an action, so that the native widget must not.
 enum class Dealt { No, Yes };
 
+/// The entries of the pop-up menu `mnuTableMenu`, in their order; the separators are its lines.
+enum class MenuEntry {
+    mnuMarkRow,
+    mnuLine1,
+    mnuAddRow,
+    mnuInsertRow,
+    mnuRemoveRow,
+    mnuLine2,
+    mnuTableClear,
+};
+
 /// Exceptions that host handlers throw pass through every function here, with the control in order.
 class Input {
 public:
@@ -48,10 +59,19 @@ public:
     /// another program's window).
     void focusEntered();
     void focusLeft();
-    /// The user pressed this button of the control.
+    /// The user pressed this button of the control: `cmdLookup` or `cmdCalender`.
     void buttonPressed(WidgetId button);
     /// The native box has edited by itself: its text and its selection in UTF-16 units.
     void textSettled(WidgetId editor, std::string_view text, int selStart, int selLength);
+    /// The user opened or closed the combo's list, or chose an item of it with the mouse.
+    void comboDropped(bool dropped);
+    void comboItemChosen(int index);
+    /// The native calendar has this size; the user went to another day, or picked one.
+    void calendarSized(Twips width, Twips height);
+    void calendarMoved(const Date &day);
+    void calendarPicked(const Date &day);
+    /// The user chose an entry of the pop-up menu.
+    void menuChosen(MenuEntry entry);
     void resized(Twips width, Twips height);
 
 private:

@@ -17,6 +17,8 @@
 
 namespace tablio {
 
+struct GridLook;
+
 /// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
 /// column when there is one. Lengths are twips. Each setter of a property tells the face the
 /// property's name afterwards. A row or column that the grid does not have throws GridError, a
@@ -108,32 +110,111 @@ public:
                         TColumnAlignment NewColDataAlignment = TColumnAlignment::ColumnLeft,
                         int NewColMaxlength = 64, std::string_view NewColFormat = {});
 
-    // Looks.
+    // Sizes and painting.
     [[nodiscard]] Twips RowMinHeight() const;
     void setRowMinHeight(Twips height);
     [[nodiscard]] Twips RowHeight(int Row) const;
     void setRowHeight(int Row, Twips height);
     [[nodiscard]] Twips HeaderRowHeight() const;
     void setHeaderRowHeight(Twips height);
-    [[nodiscard]] bool WordWrap() const;
-    void setWordWrap(bool wrap);
-    [[nodiscard]] tablio::Font Font() const;
-    void setFont(const tablio::Font &font);
     /// False suspends painting, True paints.
     [[nodiscard]] bool SetStatusCell() const;
     void setSetStatusCell(bool status);
 
+    // Looks of the whole table. A system colour follows the platform's palette.
+    [[nodiscard]] Colour BackColor() const;
+    void setBackColor(Colour colour);
+    [[nodiscard]] Colour BackColorData() const;
+    void setBackColorData(Colour colour);
+    [[nodiscard]] Colour ForeColorData() const;
+    void setForeColorData(Colour colour);
+    [[nodiscard]] Colour BackColorFixed() const;
+    void setBackColorFixed(Colour colour);
+    [[nodiscard]] Colour ForeColorFixed() const;
+    void setForeColorFixed(Colour colour);
+    [[nodiscard]] Colour GridColorData() const;
+    void setGridColorData(Colour colour);
+    [[nodiscard]] Colour GridColorFixed() const;
+    void setGridColorFixed(Colour colour);
+    [[nodiscard]] Colour BackColorMarkRow() const;
+    void setBackColorMarkRow(Colour colour);
+    [[nodiscard]] Colour ForeColorMarkRow() const;
+    void setForeColorMarkRow(Colour colour);
+    [[nodiscard]] Colour StripeColor() const;
+    /// Paints every second data row in this colour at once.
+    void setStripeColor(Colour colour);
+    [[nodiscard]] Colour CheckBoxColor() const;
+    void setCheckBoxColor(Colour colour);
+    [[nodiscard]] bool HeaderFontBold() const;
+    void setHeaderFontBold(bool bold);
+    [[nodiscard]] bool WordWrap() const;
+    void setWordWrap(bool wrap);
+    [[nodiscard]] tablio::Font Font() const;
+    void setFont(const tablio::Font &font);
+
+    // Looks of single cells. Reading one, and writing a font, leaves the grid's current cell there;
+    // writing a colour puts it back to the cell last entered. No event is raised.
+    [[nodiscard]] std::string CellFont(int Row, int Col);
+    void setCellFont(int Row, int Col, std::string_view name);
+    [[nodiscard]] bool CellFontBold(int Row, int Col);
+    void setCellFontBold(int Row, int Col, bool bold);
+    [[nodiscard]] bool CellFontItalic(int Row, int Col);
+    void setCellFontItalic(int Row, int Col, bool italic);
+    /// Points.
+    [[nodiscard]] int CellFontSize(int Row, int Col);
+    void setCellFontSize(int Row, int Col, int points);
+    [[nodiscard]] Colour CellBackColor(int Row, int Col);
+    void setCellBackColor(int Row, int Col, Colour colour);
+    [[nodiscard]] Colour CellForeColor(int Row, int Col);
+    void setCellForeColor(int Row, int Col, Colour colour);
+    void SetHeaderBackColor(int Col, Colour NewColor);
+    void SetHeaderForeColor(int Col, Colour NewColor);
+
     // Rows.
     /// Appends a blank row and puts the cursor on it.
     void AddRow();
+    /// Inserts a blank row at the marked row, whatever Row says, in exchange for a spare row at the
+    /// end if there is one. Without a marked row it marks Row and throws GridError.
+    void InsertRow(int Row);
+    /// Removes the marked row, whatever Row says, and appends a blank one. Without a marked row it
+    /// marks Row and throws GridError.
+    void RemoveRow(int Row);
+    /// Blanks a row except its automatic number.
+    void ResetRow(int Row);
     /// Wipes all data; headers stay.
     void TableClear();
     /// The last row whose primary column holds text, 0 where none does.
     [[nodiscard]] int DataCount() const;
     /// Puts the cursor on a cell and the focus on the grid.
     void CellFocus(int nRow, int nCol);
+    /// The first other data row with the primary text of this row, blind to case and to blanks
+    /// around it; −1 for none.
+    [[nodiscard]] int FindDuplicatePrimaryColumn(int Row) const;
+
+    // Marks and ticks.
+    /// The marked row, −1 for none. Writing it marks nothing.
+    [[nodiscard]] int MarkRow() const;
+    void setMarkRow(int row);
+    [[nodiscard]] bool MarkStatus() const;
+    /// Marks the row of the cell last entered, or unmarks the marked row.
+    void MarkActiveRow();
+    /// Ticks or clears a row's box and leaves the cursor there; nothing without a tick column.
+    void Check(int Row, bool Checked);
+    [[nodiscard]] bool Checked(int Row) const;
+
+    // Choices and lookups.
+    /// The control has one list, which a host fills before each edit of a combo column.
+    void ComboClear();
+    void ComboAddItem(std::string_view NewItem);
+    /// The position in the list of a combo cell's text; −1 for none and for other columns.
+    [[nodiscard]] int ListIndex(int Row, int Col);
+    /// The value found for a cell after EditLookup, at once or later. Nothing happens for a column
+    /// that is no lookup column.
+    void setLookupResult(int Row, int Col, std::string_view Value);
 
 private:
+    void changeColour(Colour GridLook::*member, Colour colour, std::string_view property);
+
     std::shared_ptr<Control> control_;
     Input input_;
 };

@@ -28,11 +28,22 @@ public:
     /// Forgets the cell's value.
     void remove(int Row, int Col) noexcept;
 
+    /// Moves the values of rows from FirstRow on, in columns from FirstCol on, up (By −1) or down
+    /// (By 1) with their rows. What would leave FirstRow upwards, or LastRow downwards, is dropped.
+    void shiftRows(int FirstRow, int LastRow, int By, int FirstCol);
+
     [[nodiscard]] bool isEmpty() const noexcept { return values_.empty(); }
     [[nodiscard]] std::size_t size() const noexcept { return values_.size(); }
 
 private:
-    std::unordered_map<std::uint64_t, MatrixValue> values_;
+    /// A value and the cell it was last written for: the joined key alone does not tell.
+    struct Entry {
+        int row;
+        int col;
+        MatrixValue value;
+    };
+
+    std::unordered_map<std::uint64_t, Entry> values_;
 };
 
 } // namespace tablio

@@ -5,13 +5,22 @@
 /// outer classes share it, so that it outlives a `Tablio` that a handler destroys.
 
 #include "editing/cell_replacement.h"
+#include "editing/combo_editor.h"
+#include "editing/date_editor.h"
 #include "editing/edit_session.h"
 #include "editing/grid_input.h"
+#include "editing/lookup.h"
 #include "editing/navigator.h"
 #include "editing/text_editor.h"
+#include "rows/check_column.h"
+#include "rows/duplicates.h"
+#include "rows/marker.h"
 #include "rows/row_stock.h"
+#include "state/appearance.h"
 #include "state/cell_text.h"
 #include "state/control_state.h"
+
+#include <tablio/input.h>
 
 namespace tablio {
 
@@ -24,10 +33,21 @@ public:
     Navigator navigator;
     EditSession session;
     TextEditor textEditor;
+    ComboEditor comboEditor;
+    DateEditor dateEditor;
+    Lookup lookup;
     CellReplacement replacement;
+    Appearance appearance;
+    Marker marker;
+    CheckColumn checks;
     RowStock rows;
+    Duplicates duplicates;
     GridInput gridInput;
 
+    /// The editor that this widget belongs to; null for the grid, the buttons and the calendar.
+    [[nodiscard]] CellEditor *editorOf(WidgetId widget) noexcept;
+    /// Does what an entry of the pop-up menu says; a disabled entry does nothing.
+    void chooseMenu(MenuEntry entry);
     /// Tells the face that a property has another value.
     void notify(std::string_view property) { state.link.face().propertyChanged(property); }
 
@@ -38,6 +58,7 @@ private:
     void gridScroll() override;
     void gridAreaChanged(const Rect &area) override;
     void widgetChanged(WidgetId widget) override;
+    [[nodiscard]] GridInput::Services gridServices();
     void focusLost(WidgetId widget);
     void focusGot(WidgetId widget);
 };

@@ -16,13 +16,16 @@ Dealt Input::keyDown(KeyCode key, ShiftState shift) {
     ControlState &state = control->state;
     state.keyIsDecimal = key == Key::Decimal;
     const bool editorWasVisible = state.widgets.txtEdit.Visible();
-    Dealt dealt = Dealt::No;
-    if (state.focus.owner() == WidgetId::Grid)
-        dealt = control->gridInput.keyDown(key, shift);
-    else if (state.focus.owner() == WidgetId::txtEdit)
-        dealt = control->textEditor.keyDown(key, shift) ? Dealt::Yes : Dealt::No;
+    const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
+    bool dealt = false;
+    if (owner == WidgetId::Grid)
+        dealt = state.gridEnabled() && control->gridInput.keyDown(key, shift) == Dealt::Yes;
+    else if (owner == WidgetId::mvCalender)
+        dealt = control->dateEditor.calendarKeyDown(key, shift);
+    else if (CellEditor *editor = control->editorOf(owner))
+        dealt = editor->keyDown(key, shift);
     // F10 would open the menu bar of the host's window under the operator's hands.
-    return key == Key::F10 && editorWasVisible ? Dealt::Yes : dealt;
+    return dealt || (key == Key::F10 && editorWasVisible) ? Dealt::Yes : Dealt::No;
 }
 
 Dealt Input::keyPress(char32_t character) {
@@ -31,11 +34,13 @@ Dealt Input::keyPress(char32_t character) {
     if (state.keyIsDecimal)
         character = static_cast<std::uint16_t>(decimalKey(state.link.face().numberFormat()));
     state.keyIsDecimal = false;
-    if (state.focus.owner() == WidgetId::Grid)
-        return control->gridInput.keyPress(character);
-    if (state.focus.owner() != WidgetId::txtEdit)
+    const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
+    if (owner == WidgetId::Grid)
+        return state.gridEnabled() ? control->gridInput.keyPress(character) : Dealt::No;
+    CellEditor *editor = control->editorOf(owner);
+    if (editor == nullptr)
         return Dealt::No;
-    control->textEditor.keyPress(character);
+    editor->keyPress(character);
     return Dealt::Yes;
 }
 
@@ -51,15 +56,19 @@ void Input::typeText(std::string_view text) {
 
 Dealt Input::beginComposition() {
     const std::shared_ptr<Control> control = control_;
-    if (control->state.focus.owner() == WidgetId::txtEdit)
-        return Dealt::Yes;
-    return control->state.focus.owner() == WidgetId::Grid ? control->gridInput.beginComposition()
-                                                          : Dealt::No;
+    const ControlState &state = control->state;
+    const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
+    if (owner == WidgetId::Grid && state.gridEnabled())
+        return control->gridInput.beginComposition();
+    return control->editorOf(owner) != nullptr ? Dealt::Yes : Dealt::No;
 }
 
 void Input::mouseDown(MouseButton button, Twips x, Twips y) {
     const std::shared_ptr<Control> control = control_;
-    control->gridInput.mouseDown(button, x, y);
+    // A click beside the calendar closes it and then counts as any click.
+    control->dateEditor.dismissCalendar();
+    if (control->state.gridEnabled())
+        control->gridInput.mouseDown(button, x, y);
 }
 
 void Input::mouseMove(Twips x, Twips /*y*/) {
@@ -69,12 +78,14 @@ void Input::mouseMove(Twips x, Twips /*y*/) {
 
 void Input::mouseUp(MouseButton button, Twips x, Twips y) {
     const std::shared_ptr<Control> control = control_;
-    control->gridInput.mouseUp(button, x, y);
+    if (control->state.gridEnabled())
+        control->gridInput.mouseUp(button, x, y);
 }
 
 void Input::doubleClick(Twips x, Twips y) {
     const std::shared_ptr<Control> control = control_;
-    control->gridInput.doubleClick(x, y);
+    if (control->state.gridEnabled())
+        control->gridInput.doubleClick(x, y);
 }
 
 bool Input::isColumnEdge(Twips x, Twips y) const { return control_->gridInput.isColumnEdge(x, y); }
@@ -108,14 +119,58 @@ void Input::focusLeft() {
 
 void Input::buttonPressed(WidgetId button) {
     const std::shared_ptr<Control> control = control_;
-    if (button == WidgetId::cmdLookup && control->session.isOpen())
-        control->session.pressLookup();
+    if (!control->session.isOpen())
+        return;
+    // A button that is pressed with the mouse takes the focus first, which ends a text edit.
+    if (button == WidgetId::cmdLookup)
+        control->state.focus.set(WidgetId::cmdLookup);
+    else if (button == WidgetId::cmdCalender)
+        control->dateEditor.pressButton();
 }
 
 void Input::textSettled(WidgetId editor, std::string_view text, int selStart, int selLength) {
     const std::shared_ptr<Control> control = control_;
-    if (editor == WidgetId::txtEdit && control->session.isOpen())
-        control->state.widgets.txtEdit.settle(std::string(text), selStart, selLength);
+    Widgets &widgets = control->state.widgets;
+    if (!control->session.isOpen())
+        return;
+    if (editor == WidgetId::txtEdit)
+        widgets.txtEdit.settle(std::string(text), selStart, selLength);
+    else if (editor == WidgetId::cboEdit)
+        widgets.cboEdit.settle(std::string(text), selStart, selLength);
+    else if (editor == WidgetId::txtDateEdit)
+        widgets.txtDateEdit.settle(text, selStart, selLength);
+}
+
+void Input::comboDropped(bool dropped) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.widgets.cboEdit.setDroppedDown(dropped);
+}
+
+void Input::comboItemChosen(int index) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.widgets.cboEdit.setDroppedDown(false);
+    if (control->session.isOpen())
+        control->state.widgets.cboEdit.setListIndex(index);
+}
+
+void Input::calendarSized(Twips width, Twips height) {
+    const std::shared_ptr<Control> control = control_;
+    control->dateEditor.setCalendarSize(width, height);
+}
+
+void Input::calendarMoved(const Date &day) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.widgets.mvCalender.setValue(day);
+}
+
+void Input::calendarPicked(const Date &day) {
+    const std::shared_ptr<Control> control = control_;
+    control->dateEditor.pick(day);
+}
+
+void Input::menuChosen(MenuEntry entry) {
+    const std::shared_ptr<Control> control = control_;
+    control->chooseMenu(entry);
 }
 
 void Input::resized(Twips width, Twips height) {

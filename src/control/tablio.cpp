@@ -27,6 +27,7 @@ void Tablio::Show() {
     control->rows.clear();
     state.grid.setCol(state.settings.PrimaryColumn);
     state.grid.setRow(state.grid.table.FixedRows());
+    control->appearance.repaintStripes();
 }
 
 int Tablio::Rows() const { return control_->state.grid.table.Rows(); }
@@ -126,52 +127,8 @@ void Tablio::setHeaderRowHeight(Twips height) {
     control_->notify("HeaderRowHeight");
 }
 
-bool Tablio::WordWrap() const { return control_->state.grid.table.look().WordWrap; }
-
-void Tablio::setWordWrap(bool wrap) {
-    GridLook look = control_->state.grid.table.look();
-    look.WordWrap = wrap;
-    control_->state.grid.table.setLook(look);
-    control_->notify("WordWrap");
-}
-
-Font Tablio::Font() const { return control_->state.grid.table.look().Font; }
-
-void Tablio::setFont(const tablio::Font &font) {
-    GridLook look = control_->state.grid.table.look();
-    look.Font = font;
-    control_->state.grid.table.setLook(look);
-    control_->notify("Font");
-}
-
 bool Tablio::SetStatusCell() const { return control_->state.SetStatusCell; }
 
 void Tablio::setSetStatusCell(bool status) { control_->state.setStatusCell(status); }
-
-void Tablio::AddRow() {
-    const std::shared_ptr<Control> control = control_;
-    control->rows.add();
-}
-
-void Tablio::TableClear() {
-    const std::shared_ptr<Control> control = control_;
-    control->rows.clear();
-}
-
-int Tablio::DataCount() const {
-    const std::shared_ptr<Control> control = control_;
-    return control->rows.dataCount();
-}
-
-void Tablio::CellFocus(int nRow, int nCol) {
-    const std::shared_ptr<Control> control = control_;
-    FlexGrid &grid = control->state.grid;
-    control->session.end();
-    grid.setRow(to16Bit(nRow, "CellFocus row"));
-    grid.setCol(to16Bit(nCol, "CellFocus column"));
-    grid.view.ensureVisible(grid.Row(), grid.Col());
-    control->navigator.giveFocusToGrid();
-    grid.setFocusRect(2);
-}
 
 } // namespace tablio

@@ -6,6 +6,7 @@
 #include <tablio/types.h>
 
 #include <string>
+#include <string_view>
 
 namespace tablio {
 
@@ -30,6 +31,17 @@ public:
     virtual void load(const EditStart &start, int col, const std::string &text) = 0;
     /// The cell stands somewhere else now.
     virtual void follow(const Rect &cell) = 0;
+    /// Answers whether the key is dealt with, so that no character follows from it.
+    virtual bool keyDown(KeyCode key, ShiftState shift) = 0;
+    virtual void keyPress(char32_t character) = 0;
+    /// The keyboard has left the editor: the edit ends.
+    virtual void lostFocus() = 0;
+    /// Puts a text that arrives whole into the editor, by the column's rules.
+    virtual void paste(std::string_view text) = 0;
+    /// Puts a looked-up value into the editor as it is.
+    virtual void setAnswer(const std::string &value) = 0;
+    /// The cell's text from before the edit, as the host is told it.
+    [[nodiscard]] virtual const std::string &oldText() const = 0;
     /// Presses the editor's own button, if it has one.
     virtual void pressButton() {}
 };

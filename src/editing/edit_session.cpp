@@ -1,5 +1,6 @@
 #include "editing/edit_session.h"
 
+#include "model/date_text.h"
 #include "model/number_text.h"
 #include "widgets/trim.h"
 
@@ -73,6 +74,8 @@ bool EditSession::isFilled(CellAddress cell) const {
     const std::string text = cells_.read(cell.row, cell.col);
     if (state_.columns.isNumeric(cell.col))
         return !textToDecimal(text, state_.link.face().numberFormat()).isZero();
+    if (state_.columns.ColEditType(cell.col) == TColumnType::ColumnDate)
+        return !IsBlankDate(text);
     return !trimmed(text).empty();
 }
 
@@ -104,8 +107,7 @@ std::optional<OpenEdit> EditSession::detach(const CellEditor &editor) {
     return edit;
 }
 
-void EditSession::finish(const OpenEdit &edit, std::string_view newText, std::string_view oldText,
-                         bool valid) {
+void EditSession::finish(const OpenEdit &edit, const EditResult &result) {
     GridTable &table = state_.grid.table;
     const auto isSameCell = [&] {
         return table.hasCell(edit.cell.row, edit.cell.col) && edit.shiftStamp == table.shiftStamp();
@@ -113,10 +115,10 @@ void EditSession::finish(const OpenEdit &edit, std::string_view newText, std::st
     state_.widgets.cmdLookup.setVisible(false);
     setMenuEnabled(true);
     if (!edit.restored && isSameCell())
-        cells_.write(edit.cell.row, edit.cell.col, newText);
-    const bool accepted =
-        state_.link.EditPostValidation(edit.cell, valid, oldText, newText, state_.LastKey);
-    if (valid && !accepted && isSameCell()) {
+        cells_.write(edit.cell.row, edit.cell.col, result.written);
+    const bool accepted = state_.link.EditPostValidation(edit.cell, result.valid, result.oldText,
+                                                         result.newText, state_.LastKey);
+    if (result.valid && !accepted && isSameCell()) {
         table.setTextMatrix(edit.cell.row, edit.cell.col, edit.shownBefore);
         table.setUnformatted(edit.cell.row, edit.cell.col, edit.valueBefore);
     }
@@ -126,6 +128,13 @@ void EditSession::pressLookup() {
     state_.link.EditLookup(cell_);
     if (!state_.link.isClosed())
         navigator_.giveFocusToGrid();
+}
+
+void EditSession::cancel(const std::function<void()> &showOldText) {
+    const RedrawOff redrawOff(state_.grid);
+    giveUp();
+    showOldText();
+    navigator_.giveFocusToGrid();
 }
 
 void EditSession::reposition() {

@@ -26,6 +26,16 @@ struct OpenEdit {
     bool restored = false;
 };
 
+/// How an edit has ended, as the editor sees it.
+struct EditResult {
+    /// What goes into the cell.
+    std::string written;
+    /// What the host is told.
+    std::string newText;
+    std::string oldText;
+    bool valid = false;
+};
+
 class EditSession {
 public:
     EditSession(ControlState &state, CellText &cells, Navigator &navigator)
@@ -70,13 +80,13 @@ public:
     /// First step of an end: the edit is over, whatever handlers do from here on. Answers nothing
     /// when this editor has no open edit.
     std::optional<OpenEdit> detach(const CellEditor &editor);
-    /// Last step, with the editor hidden: writes the text and tells the host, with what valid says
-    /// about it.
-    void finish(const OpenEdit &edit, std::string_view newText, std::string_view oldText,
-                bool valid);
+    /// Last step, with the editor hidden: writes the text and tells the host.
+    void finish(const OpenEdit &edit, const EditResult &result);
 
-    /// Presses the lookup button: the host is asked, then the grid takes the focus.
+    /// The lookup button's click: the host is asked, then the grid takes the focus.
     void pressLookup();
+    /// Escape in any editor: the editor shows its old text again and the cell stays as it was.
+    void cancel(const std::function<void()> &showOldText);
     /// The grid has scrolled: the open editor follows its cell.
     void reposition();
 

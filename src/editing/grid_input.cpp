@@ -1,6 +1,7 @@
 #include "editing/grid_input.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tablio {
 
@@ -28,6 +29,12 @@ bool GridInput::act(KeyCode key, ShiftState shift) {
     if (plain && key == Key::Enter) {
         if (!startEdit(false, static_cast<char32_t>(key)))
             navigator_.advance();
+        return true;
+    }
+    if (plain && key == Key::Space && services_.toggleTick())
+        return true;
+    if ((plain && key == Key::Menu) || (shift == Shift::Shift && key == Key::F10)) {
+        popUpMenuAtCell();
         return true;
     }
     if (plain && key == Key::Delete) {
@@ -102,6 +109,7 @@ void GridInput::paste() {
 }
 
 void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
+    dropsNextClick_ = false;
     navigator_.giveFocusToGrid();
     if (state_.link.isClosed() || button == MouseButton::Middle)
         return;
@@ -131,12 +139,24 @@ void GridInput::mouseUp(MouseButton button, Twips x, Twips y) {
     }
     if (button == MouseButton::Right && state_.settings.GridPopUpMenu)
         state_.link.face().popUpMenu(x, y);
+    if (button == MouseButton::Left && !std::exchange(dropsNextClick_, false))
+        services_.toggleTick();
+}
+
+void GridInput::popUpMenuAtCell() {
+    const CellAddress cell = state_.grid.current();
+    if (!state_.settings.GridPopUpMenu || !state_.grid.table.hasCell(cell.row, cell.col))
+        return;
+    state_.grid.view.ensureVisible(cell.row, cell.col);
+    const Rect place = state_.grid.view.cellRect(cell.row, cell.col);
+    state_.link.face().popUpMenu(place.left, place.bottom());
 }
 
 void GridInput::doubleClick(Twips x, Twips y) {
     const std::optional<CellAddress> hit = state_.grid.view.hitTest(x, y);
     if (!hit || isColumnEdge(x, y))
         return;
+    dropsNextClick_ = true;
     const std::uint64_t stamp = state_.grid.cursorStamp();
     state_.link.DoubleClick(state_.grid.current());
     if (!state_.link.isClosed() && stamp == state_.grid.cursorStamp() &&

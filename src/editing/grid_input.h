@@ -19,6 +19,8 @@ public:
         std::function<void(std::string_view)> pasteIntoEditor;
         /// Appends a blank row without moving the cursor.
         std::function<void()> appendRow;
+        /// Ticks or clears the current cell if it is a tick cell; answers whether it is.
+        std::function<bool()> toggleTick;
     };
 
     GridInput(ControlState &state, EditSession &session, Navigator &navigator,
@@ -50,6 +52,7 @@ private:
     void clearCell();
     void paste();
     void copy();
+    void popUpMenuAtCell();
     [[nodiscard]] bool isDataCell(CellAddress cell) const;
     [[nodiscard]] bool isEditable(CellAddress cell) const;
 
@@ -61,6 +64,8 @@ private:
     std::optional<ColumnDrag> drag_;
     /// A key that went down has been dealt with: the character that it types is dropped.
     bool dropsNextKeyPress_ = false;
+    /// The second click of a double click is none of its own.
+    bool dropsNextClick_ = false;
 };
 
 } // namespace tablio

@@ -88,13 +88,9 @@ bool TextEditor::keyDown(KeyCode key, ShiftState shift) {
     if ((shift & (Shift::Ctrl | Shift::Alt)) != 0)
         return box_.keyDown(key, shift);
     switch (key) {
-    case Key::Escape: {
-        const RedrawOff redrawOff(state_.grid);
-        session_.giveUp();
-        box_.setText(box_.Tag());
-        navigator_.giveFocusToGrid();
+    case Key::Escape:
+        session_.cancel([this] { box_.setText(box_.Tag()); });
         return true;
-    }
     case Key::F10:
         if (state_.columns.ColStyle(col()) == TColumnStyle::ColumnInputWithLookup)
             session_.pressLookup();
@@ -211,20 +207,19 @@ char32_t TextEditor::folded(char32_t character, int col) const {
     return foldCase(character, state_.columns.ColDataType(col), state_.link.face());
 }
 
-bool TextEditor::paste(std::string_view text) {
+void TextEditor::paste(std::string_view text) {
     if (!session_.isOpen())
-        return false;
+        return;
     const int room = box_.MaxLength() == 0
                          ? 0
                          : std::max(1, box_.MaxLength() - box_.length() + box_.SelLength());
     const std::optional<std::string> taken =
         acceptableText(state_.columns, state_.link.face(), col(), text, room);
     if (!taken || (box_.SelLength() == 0 && isFull()))
-        return false;
+        return;
     if (state_.columns.isNumeric(col()))
         box_.select(0, box_.length());
     box_.insert(*taken);
-    return true;
 }
 
 void TextEditor::changed() {
@@ -267,7 +262,7 @@ void TextEditor::lostFocus() {
     const std::string before = box_.Tag();
     state_.widgets.picText.setVisible(false);
     box_.setVisible(false);
-    session_.finish(*edit, text, before, !trimmed(text).empty());
+    session_.finish(*edit, {text, text, before, !trimmed(text).empty()});
 }
 
 } // namespace tablio

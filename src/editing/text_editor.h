@@ -15,13 +15,12 @@ public:
     void load(const EditStart &start, int col, const std::string &text) override;
     void follow(const Rect &cell) override;
 
-    /// Answers whether the key is dealt with, so that no character follows from it.
-    bool keyDown(KeyCode key, ShiftState shift);
-    void keyPress(char32_t character);
-    void lostFocus();
-    /// Puts a text in place of the selection by the column's rules, as one change. Answers whether
-    /// the column takes it.
-    bool paste(std::string_view text);
+    bool keyDown(KeyCode key, ShiftState shift) override;
+    void keyPress(char32_t character) override;
+    void lostFocus() override;
+    void paste(std::string_view text) override;
+    void setAnswer(const std::string &value) override { box_.setText(value); }
+    [[nodiscard]] const std::string &oldText() const override { return box_.Tag(); }
 
 private:
     void loadNumber(const EditStart &start, int col, const std::string &text);

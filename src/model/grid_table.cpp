@@ -138,6 +138,28 @@ void GridTable::setCellStyle(int row, int col, const CellStyle &style) {
     observer_.cellChanged(row, col);
 }
 
+void GridTable::paintBackColor(int row, int firstCol, Colour colour) {
+    checkRow(row, "CellBackColor");
+    if (firstCol < Cols())
+        checkCol(firstCol, "CellBackColor");
+    // Neighbours mostly look alike, so one answer of the style table serves a whole row.
+    StyleId known = 0;
+    StyleId painted = 0;
+    for (int col = firstCol; col < Cols(); ++col) {
+        const StyleId old = store_.style(row, col);
+        if (col == firstCol || old != known) {
+            CellStyle style = styles_[old];
+            style.backColor = colour;
+            known = old;
+            painted = styles_.intern(style);
+        }
+        if (painted != old) {
+            store_.setStyle(row, col, painted);
+            observer_.cellChanged(row, col);
+        }
+    }
+}
+
 Twips GridTable::RowHeight(int row) const {
     checkRow(row, "RowHeight");
     const Twips own = store_.height(row);

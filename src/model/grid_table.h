@@ -63,6 +63,9 @@ public:
     [[nodiscard]] const CellStyle &cellStyle(int row, int col) const;
     void setCellStyle(int row, int col, const CellStyle &style);
 
+    /// Gives all cells of a row from a column on one background; the rest of each look stays.
+    void paintBackColor(int row, int firstCol, Colour colour);
+
     [[nodiscard]] Twips RowHeight(int row) const;
     void setRowHeight(int row, Twips height);
     [[nodiscard]] Twips RowHeightMin() const noexcept { return rowHeightMin_; }

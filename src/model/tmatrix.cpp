@@ -1,7 +1,10 @@
 #include <tablio/tmatrix.h>
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
+#include <vector>
 
 namespace tablio {
 
@@ -36,17 +39,37 @@ MatrixValue TMatrix::Text(int Row, int Col) const {
     if (!fits16Bit(Row) || !fits16Bit(Col))
         return std::string();
     const auto found = values_.find(keyOf(Row, Col));
-    return found == values_.end() ? MatrixValue(std::string()) : found->second;
+    return found == values_.end() ? MatrixValue(std::string()) : found->second.value;
 }
 
 void TMatrix::setText(int Row, int Col, MatrixValue Value) {
     if (fits16Bit(Row) && fits16Bit(Col))
-        values_.insert_or_assign(keyOf(Row, Col), std::move(Value));
+        values_.insert_or_assign(keyOf(Row, Col), Entry{Row, Col, std::move(Value)});
 }
 
 void TMatrix::remove(int Row, int Col) noexcept {
     if (fits16Bit(Row) && fits16Bit(Col))
         values_.erase(keyOf(Row, Col));
+}
+
+void TMatrix::shiftRows(int FirstRow, int LastRow, int By, int FirstCol) {
+    std::vector<Entry> moved;
+    for (auto entry = values_.begin(); entry != values_.end();) {
+        const bool moves = entry->second.row >= FirstRow && entry->second.col >= FirstCol;
+        if (moves)
+            moved.push_back(std::move(entry->second));
+        entry = moves ? values_.erase(entry) : std::next(entry);
+    }
+    // Where two cells come to share a key, the one that is reached last keeps it, as if the rows
+    // had been copied one by one.
+    std::sort(moved.begin(), moved.end(), [By](const Entry &left, const Entry &right) {
+        return By < 0 ? left.row < right.row : left.row > right.row;
+    });
+    for (Entry &entry : moved) {
+        const int row = entry.row + By;
+        if (row >= FirstRow && row <= LastRow)
+            setText(row, entry.col, std::move(entry.value));
+    }
 }
 
 } // namespace tablio

@@ -42,6 +42,76 @@ void RowStock::add() {
     state_.link.TableChange();
 }
 
+void RowStock::insertAtMark() {
+    session_.end();
+    GridTable &table = state_.grid.table;
+    int row = state_.MarkRow;
+    {
+        const StatusOff statusOff(state_);
+        marker_.toggle();
+        state_.setStatusCell(false);
+        if (row <= dataCount()) {
+            const int spare = state_.lastDataRow();
+            const bool isFull = table.Rows() == GridTable::maxRows;
+            // A full table gives its spare row before it takes the new one.
+            const bool spareFirst = isFull && row >= table.FixedRows() && dataCount() < spare;
+            if (spareFirst)
+                table.RemoveItem(spare);
+            table.AddItem("", row);
+            if (!spareFirst && table.Rows() > dataCount() + 1)
+                table.RemoveItem(state_.lastDataRow());
+            state_.CellTag->shiftRows(row, state_.lastDataRow(), 1, firstTaggedCol());
+        }
+    }
+    finishMove(row);
+}
+
+void RowStock::removeMarked() {
+    session_.end();
+    GridTable &table = state_.grid.table;
+    int row = state_.MarkRow;
+    {
+        const StatusOff statusOff(state_);
+        marker_.toggle();
+        state_.setStatusCell(false);
+        table.RemoveItem(row);
+        table.AddItem("");
+        // The row's own values go, the rows below move up.
+        state_.CellTag->shiftRows(row, state_.lastDataRow() + 1, -1, firstTaggedCol());
+        const int last = dataCount();
+        if (row > last)
+            row = last + 1;
+    }
+    finishMove(row);
+}
+
+void RowStock::finishMove(int row) {
+    RenumberFixedColumns();
+    state_.SetStatusCell = true;
+    bringCursorTo({row, state_.settings.PrimaryColumn});
+    state_.grid.setFocusRect(2);
+    state_.link.TableChange();
+}
+
+void RowStock::reset(int row) {
+    session_.end();
+    FlexGrid &grid = state_.grid;
+    {
+        const RedrawOff redrawOff(grid);
+        for (int col = 0; col < grid.table.Cols(); ++col) {
+            if (state_.columns.ColStyle(col) == TColumnStyle::ColumnFixedWithAutoNumber)
+                continue;
+            grid.table.setTextMatrix(row, col, "");
+            state_.CellTag->remove(row, col);
+        }
+        state_.widgets.txtEdit.load({});
+        state_.widgets.txtDateEdit.load(MaskedBox::blankText);
+        grid.setCol(state_.settings.PrimaryColumn);
+        grid.setRow(row);
+    }
+    grid.view.ensureVisible(grid.Row(), grid.Col());
+}
+
 void RowStock::clear() {
     session_.end();
     FlexGrid &grid = state_.grid;
@@ -80,7 +150,10 @@ void RowStock::clear() {
     if (grid.table.FixedRows() < grid.table.Rows())
         grid.view.setTopRow(grid.table.FixedRows());
     state_.link.TableChange();
+    appearance_.repaintStripes();
 }
+
+int RowStock::firstTaggedCol() const noexcept { return state_.settings.WithFixedColumn ? 1 : 0; }
 
 int RowStock::dataCount() const {
     const GridTable &table = state_.grid.table;

@@ -5,17 +5,27 @@
 /// operator.
 
 #include "editing/edit_session.h"
+#include "rows/marker.h"
+#include "state/appearance.h"
 
 namespace tablio {
 
 class RowStock {
 public:
-    RowStock(ControlState &state, EditSession &session) : state_(state), session_(session) {}
+    RowStock(ControlState &state, EditSession &session, Marker &marker, Appearance &appearance)
+        : state_(state), session_(session), marker_(marker), appearance_(appearance) {}
 
     /// Throws OverflowError, with nothing changed, when the last row would not fit 16 bits.
     void add();
     /// Appends a blank row, numbered like the others; no event, and the cursor stays.
     void append();
+    /// Inserts a blank row at the marked row, in exchange for a spare row at the end if there is
+    /// one. Throws GridError when no row is marked; the row last entered is then marked.
+    void insertAtMark();
+    /// Takes the marked row away and appends a blank one. Throws like insertAtMark.
+    void removeMarked();
+    /// Blanks a row; its automatic number stays and no event is raised.
+    void reset(int row);
     void clear();
     /// The last row whose primary cell is not blank.
     [[nodiscard]] int dataCount() const;
@@ -23,10 +33,15 @@ public:
     void RenumberFixedColumns();
 
 private:
+    /// What insert and remove end with: numbers, cursor, event.
+    void finishMove(int row);
+    [[nodiscard]] int firstTaggedCol() const noexcept;
     void bringCursorTo(CellAddress cell);
 
     ControlState &state_;
     EditSession &session_;
+    Marker &marker_;
+    Appearance &appearance_;
 };
 
 } // namespace tablio

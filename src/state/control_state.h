@@ -7,13 +7,18 @@
 #include "model/flex_grid.h"
 #include "state/column_settings.h"
 #include "state/host_link.h"
+#include "widgets/calendar.h"
+#include "widgets/combo_box.h"
 #include "widgets/focus.h"
+#include "widgets/masked_box.h"
 #include "widgets/text_box.h"
 #include "widgets/widget.h"
 
 #include <tablio/tmatrix.h>
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace tablio {
 
@@ -32,15 +37,25 @@ struct Settings {
 struct Widgets {
     explicit Widgets(WidgetListener &listener)
         : picText(WidgetId::picText, listener), txtEdit(WidgetId::txtEdit, listener),
-          cmdLookup(WidgetId::cmdLookup, listener) {
+          picEdit(WidgetId::picEdit, listener), cboEdit(WidgetId::cboEdit, listener),
+          txtDateEdit(WidgetId::txtDateEdit, listener), cmdLookup(WidgetId::cmdLookup, listener),
+          cmdCalender(WidgetId::cmdCalender, listener), picDate(WidgetId::picDate, listener),
+          mvCalender(WidgetId::mvCalender, listener) {
         cmdLookup.setPlace({0, 0, buttonWidth, 0});
+        cmdCalender.setPlace({0, 0, buttonWidth, 0});
     }
 
     static constexpr Twips buttonWidth = 330;
 
     PlainWidget picText;
     TextBox txtEdit;
+    PlainWidget picEdit;
+    ComboBox cboEdit;
+    MaskedBox txtDateEdit;
     PlainWidget cmdLookup;
+    PlainWidget cmdCalender;
+    PlainWidget picDate;
+    Calendar mvCalender;
 };
 
 /// Enabled and checked states of the entries of `mnuTableMenu`.
@@ -79,6 +94,8 @@ struct ControlState {
     /// The key that is down is the keypad's decimal key.
     bool keyIsDecimal = false;
     bool Enabled = true;
+    /// The grid takes no input while the calendar lies over it.
+    bool calendarIsOpen = false;
     /// While a property page of any control is being edited, renumbering blanks fixed columns.
     inline static bool PageEditing = false;
 
@@ -87,6 +104,7 @@ struct ControlState {
         SetStatusCell = status;
         grid.view.setRedraw(status);
     }
+    [[nodiscard]] bool gridEnabled() const noexcept { return Enabled && !calendarIsOpen; }
     /// The last row that the control's moves and counts reach.
     [[nodiscard]] int lastDataRow() const noexcept {
         return grid.table.Rows() - grid.table.FixedRows();
@@ -111,6 +129,18 @@ public:
 
 private:
     FlexGrid &grid_;
+};
+
+/// The same with the control's own status flag, for the bulk operations that switch both.
+class StatusOff {
+public:
+    explicit StatusOff(ControlState &state) : state_(state) { state_.setStatusCell(false); }
+    ~StatusOff() { state_.setStatusCell(true); }
+    StatusOff(const StatusOff &) = delete;
+    StatusOff &operator=(const StatusOff &) = delete;
+
+private:
+    ControlState &state_;
 };
 
 } // namespace tablio

@@ -1,0 +1,116 @@
+/// The rows, marks, ticks, choices and lookups of `Tablio`.
+
+#include <tablio/tablio.h>
+
+#include "control/control.h"
+
+namespace tablio {
+
+namespace {
+
+/// A row operation without a marked row marks the row it is given, which therefore has to exist.
+void enterRow(Control &control, int row, std::string_view operation) {
+    const GridTable &table = control.state.grid.table;
+    const int checked = to16Bit(row, operation);
+    if (!control.marker.isMarked())
+        table.checkRow(checked, operation);
+    if (checked >= 0 && checked < table.Rows())
+        control.state.current.row = checked;
+}
+
+} // namespace
+
+void Tablio::AddRow() {
+    const std::shared_ptr<Control> control = control_;
+    control->rows.add();
+}
+
+void Tablio::InsertRow(int Row) {
+    const std::shared_ptr<Control> control = control_;
+    enterRow(*control, Row, "InsertRow");
+    control->rows.insertAtMark();
+    control->appearance.repaintStripes();
+}
+
+void Tablio::RemoveRow(int Row) {
+    const std::shared_ptr<Control> control = control_;
+    enterRow(*control, Row, "RemoveRow");
+    control->rows.removeMarked();
+    control->appearance.repaintStripes();
+}
+
+void Tablio::ResetRow(int Row) {
+    const std::shared_ptr<Control> control = control_;
+    control->rows.reset(to16Bit(Row, "ResetRow"));
+}
+
+void Tablio::TableClear() {
+    const std::shared_ptr<Control> control = control_;
+    control->rows.clear();
+}
+
+int Tablio::DataCount() const {
+    const std::shared_ptr<Control> control = control_;
+    return control->rows.dataCount();
+}
+
+void Tablio::CellFocus(int nRow, int nCol) {
+    const std::shared_ptr<Control> control = control_;
+    FlexGrid &grid = control->state.grid;
+    grid.table.checkRow(to16Bit(nRow, "CellFocus row"), "CellFocus");
+    grid.table.checkCol(to16Bit(nCol, "CellFocus column"), "CellFocus");
+    control->session.end();
+    grid.setRow(nRow);
+    grid.setCol(nCol);
+    grid.view.ensureVisible(grid.Row(), grid.Col());
+    control->navigator.giveFocusToGrid();
+    grid.setFocusRect(2);
+}
+
+int Tablio::FindDuplicatePrimaryColumn(int Row) const {
+    const std::shared_ptr<Control> control = control_;
+    return control->duplicates.find(to16Bit(Row, "FindDuplicatePrimaryColumn"));
+}
+
+int Tablio::MarkRow() const { return control_->state.MarkRow; }
+
+void Tablio::setMarkRow(int row) { control_->state.MarkRow = to16Bit(row, "MarkRow"); }
+
+bool Tablio::MarkStatus() const { return control_->marker.isMarked(); }
+
+void Tablio::MarkActiveRow() {
+    const std::shared_ptr<Control> control = control_;
+    control->marker.toggle();
+}
+
+void Tablio::Check(int Row, bool Checked) {
+    const std::shared_ptr<Control> control = control_;
+    control->checks.check(to16Bit(Row, "Check"), Checked);
+}
+
+bool Tablio::Checked(int Row) const { return control_->checks.isChecked(to16Bit(Row, "Checked")); }
+
+void Tablio::ComboClear() {
+    const std::shared_ptr<Control> control = control_;
+    control->state.widgets.cboEdit.clearItems();
+}
+
+void Tablio::ComboAddItem(std::string_view NewItem) {
+    const std::shared_ptr<Control> control = control_;
+    control->state.widgets.cboEdit.addItem(std::string(NewItem));
+}
+
+int Tablio::ListIndex(int Row, int Col) {
+    const std::shared_ptr<Control> control = control_;
+    return control->comboEditor.listIndexOf(
+        {to16Bit(Row, "ListIndex row"), to16Bit(Col, "ListIndex column")});
+}
+
+void Tablio::setLookupResult(int Row, int Col, std::string_view Value) {
+    const std::shared_ptr<Control> control = control_;
+    control->lookup.setResult(
+        {to16Bit(Row, "LookupResult row"), to16Bit(Col, "LookupResult column")},
+        std::string(Value));
+}
+
+} // namespace tablio

@@ -1,0 +1,63 @@
+#include "state/appearance.h"
+
+namespace tablio {
+
+void Appearance::changeLook(const std::function<void(GridLook &)> &change) {
+    GridLook look = state_.grid.table.look();
+    change(look);
+    state_.grid.table.setLook(look);
+}
+
+void Appearance::PaintStripes() {
+    {
+        const StatusOff statusOff(state_);
+        GridTable &table = state_.grid.table;
+        const Colour base = table.look().BackColor;
+        const int rows = table.Rows() - table.FixedRows();
+        for (int row = 1; row <= rows && row < table.Rows(); ++row)
+            table.paintBackColor(row, state_.settings.PrimaryColumn,
+                                 row % 2 == 0 ? state_.settings.StripeColor : base);
+    }
+    state_.grid.setFocusRect(2);
+}
+
+void Appearance::repaintStripes() {
+    if (state_.settings.StripeColor != state_.grid.table.look().BackColor)
+        PaintStripes();
+}
+
+void Appearance::setHeaderFontBold(bool bold) {
+    state_.settings.HeaderFontBold = bold;
+    state_.link.face().propertyChanged("HeaderFontBold");
+    const StatusOff statusOff(state_);
+    GridTable &table = state_.grid.table;
+    if (table.look().Font.bold || table.Rows() == 0)
+        return;
+    for (int col = 0; col < table.Cols(); ++col) {
+        CellStyle style = table.cellStyle(0, col);
+        style.fontBold = bold;
+        table.setCellStyle(0, col, style);
+    }
+}
+
+void Appearance::styleFont(CellAddress cell, const std::function<void(CellStyle &)> &change) {
+    visit(cell);
+    state_.grid.changeCellStyle(change);
+}
+
+void Appearance::styleColour(CellAddress cell, const std::function<void(CellStyle &)> &change) {
+    visit(cell);
+    state_.grid.changeCellStyle(change);
+    if (state_.grid.table.hasCell(state_.current.row, state_.current.col))
+        visit(state_.current);
+}
+
+void Appearance::styleHeader(int col, const std::function<void(CellStyle &)> &change) {
+    const CellAddress before = state_.grid.current();
+    visit({0, col});
+    state_.grid.changeCellStyle(change);
+    if (state_.grid.table.hasCell(before.row, before.col))
+        visit(before);
+}
+
+} // namespace tablio
