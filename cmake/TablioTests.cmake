@@ -96,6 +96,27 @@ if(TARGET tablio_qt)
     endif()
 endif()
 
+# ---- scenario, through the widget --------------------------------------------
+
+# The same files as above; keys and clicks are native events.
+file(GLOB qt_runner_sources CONFIGURE_DEPENDS tests/qt_runner/*.cpp)
+if(TARGET tablio_qt AND qt_runner_sources)
+    find_package(Qt6 6.2 REQUIRED COMPONENTS Test)
+    add_executable(tablio_qt_scenarios ${qt_runner_sources})
+    target_link_libraries(tablio_qt_scenarios
+        PRIVATE tablio_test_support Tablio::Qt Qt6::Test)
+    tablio_compile_settings(tablio_qt_scenarios)
+    foreach(scenario IN LISTS scenarios)
+        string(REGEX REPLACE "\\.scenario$" "" subject "${scenario}")
+        string(REPLACE "/" "." subject "${subject}")
+        add_test(NAME qt_scenario.${subject}
+            COMMAND tablio_qt_scenarios "${tests_dir}/scenarios/${scenario}")
+        set_tests_properties(qt_scenario.${subject} PROPERTIES
+            LABELS qt TIMEOUT 180
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${test_environment}")
+    endforeach()
+endif()
+
 # ---- window ------------------------------------------------------------------
 
 # Helper scripts of the window tests stand in a directory below and are no tests.

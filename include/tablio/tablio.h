@@ -18,6 +18,7 @@
 namespace tablio {
 
 struct GridLook;
+class PropertyBag;
 
 /// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
 /// column when there is one. Lengths are twips. Each setter of a property tells the face the
@@ -42,6 +43,11 @@ public:
     // Lifecycle. A container calls InitProperties for a control that is new, then Show each time it
     // is first shown. Show starts with a cleared table and the cursor on its first data cell.
     void InitProperties();
+    /// Loads a control that was saved, in place of InitProperties. A value that is missing gets its
+    /// default; one that does not fit is skipped. Throws nothing.
+    void ReadProperties(const PropertyBag &bag);
+    /// Stores what ReadProperties loads; a value that the bag refuses is skipped.
+    void WriteProperties(PropertyBag &bag) const;
     void Show();
 
     // The table.
@@ -65,6 +71,7 @@ public:
     void setCheckBoxes(int checkBoxes);
     [[nodiscard]] bool GridPopUpMenu() const;
     void setGridPopUpMenu(bool offered);
+    /// False also while the calendar lies over the grid.
     [[nodiscard]] bool Enabled() const;
     void setEnabled(bool enabled);
 

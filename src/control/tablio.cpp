@@ -82,7 +82,7 @@ void Tablio::setGridPopUpMenu(bool offered) {
     control_->notify("GridPopUpMenu");
 }
 
-bool Tablio::Enabled() const { return control_->state.Enabled; }
+bool Tablio::Enabled() const { return control_->state.gridEnabled(); }
 
 void Tablio::setEnabled(bool enabled) {
     const std::shared_ptr<Control> control = control_;

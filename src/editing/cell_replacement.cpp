@@ -65,6 +65,9 @@ CellReplacement::Outcome CellReplacement::clear(CellAddress cell) {
 
 CellReplacement::Outcome CellReplacement::write(CellAddress cell, std::string_view text,
                                                 KeyCode lastKey) {
+    // A blank field blanks its cell, in a numeric column too.
+    if (trimmed(text).empty())
+        return replace(cell, {}, true, lastKey);
     const std::optional<std::string> accepted = acceptableText(
         state_.columns, state_.link.face(), cell.col, text, state_.columns.ColMaxLength(cell.col));
     return replace(cell, accepted ? std::string_view(*accepted) : text, accepted.has_value(),

@@ -122,7 +122,7 @@ void ComboEditor::paste(std::string_view text) {
         return;
     const std::optional<std::string> taken =
         acceptableText(state_.columns, state_.link.face(), session_.cell().col, text, 0);
-    if (taken)
+    if (taken && !taken->empty())
         box_.setText(*taken);
 }
 

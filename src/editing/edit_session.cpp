@@ -31,7 +31,7 @@ void EditSession::begin(const EditStart &start) {
     if (cancelled || (isEnter && isFilled(cell))) {
         if (isEnter) {
             navigator_.giveFocusToGrid();
-            navigator_.advance();
+            navigator_.advanceUnedited();
         }
         return;
     }

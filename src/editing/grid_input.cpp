@@ -28,7 +28,7 @@ bool GridInput::act(KeyCode key, ShiftState shift) {
         return startEdit(false, static_cast<char32_t>(key));
     if (plain && key == Key::Enter) {
         if (!startEdit(false, static_cast<char32_t>(key)))
-            navigator_.advance();
+            navigator_.advanceUnedited();
         return true;
     }
     if (plain && key == Key::Space && services_.toggleTick())
@@ -84,7 +84,8 @@ bool GridInput::startEdit(bool typed, char32_t key) {
 
 void GridInput::clearCell() {
     const CellAddress cell = state_.grid.current();
-    if (isEditable(cell) && !state_.grid.Text().empty())
+    // A picture may show nothing of a number that is there.
+    if (isEditable(cell) && !state_.grid.table.unformatted(cell.row, cell.col).empty())
         replacement_.clear(cell);
 }
 
@@ -121,7 +122,7 @@ void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
     }
     const std::optional<CellAddress> cell = view.hitTest(x, y);
     if (cell && isDataCell(*cell))
-        navigator_.moveTo(*cell);
+        navigator_.jumpTo(*cell);
 }
 
 void GridInput::mouseMove(Twips x) {

@@ -16,6 +16,13 @@ void Navigator::moveTo(CellAddress cell) {
     grid.view.ensureVisible(grid.Row(), grid.Col());
 }
 
+void Navigator::jumpTo(CellAddress cell) {
+    FlexGrid &grid = state_.grid;
+    if (cell != grid.current() && grid.table.hasCell(cell.row, cell.col))
+        grid.setCell(cell);
+    grid.view.ensureVisible(grid.Row(), grid.Col());
+}
+
 void Navigator::advance() {
     const FlexGrid &grid = state_.grid;
     if (grid.Col() < lastCol()) {
@@ -24,6 +31,19 @@ void Navigator::advance() {
     }
     const int row = grid.Row() < state_.lastDataRow() ? grid.Row() + 1 : grid.Row();
     moveTo({row, state_.firstColumn()});
+}
+
+void Navigator::advanceUnedited() {
+    const FlexGrid &grid = state_.grid;
+    if (grid.Col() != lastCol()) {
+        advance();
+        return;
+    }
+    const CellAddress returned{grid.Row(), state_.firstColumn()};
+    moveTo(returned);
+    // A handler that hears the first step may have gone elsewhere.
+    if (grid.current() == returned && returned.row < state_.lastDataRow())
+        moveTo({returned.row + 1, returned.col});
 }
 
 void Navigator::up() {
@@ -60,31 +80,31 @@ bool Navigator::keyDown(KeyCode key, ShiftState shift) {
     const int page = grid.view.pageRows();
     switch (key) {
     case Key::Left:
-        ctrl ? moveTo({grid.Row(), firstReachableCol()}) : left();
+        ctrl ? jumpTo({grid.Row(), firstReachableCol()}) : left();
         return true;
     case Key::Right:
         if (ctrl)
-            moveTo({grid.Row(), lastCol()});
+            jumpTo({grid.Row(), lastCol()});
         else if (grid.Col() < lastCol())
             right();
         return true;
     case Key::Up:
-        moveTo({ctrl ? firstRow() : std::max(firstRow(), grid.Row() - 1), grid.Col()});
+        jumpTo({ctrl ? firstRow() : std::max(firstRow(), grid.Row() - 1), grid.Col()});
         return true;
     case Key::Down:
-        moveTo({ctrl ? bottom : std::min(bottom, grid.Row() + 1), grid.Col()});
+        jumpTo({ctrl ? bottom : std::min(bottom, grid.Row() + 1), grid.Col()});
         return true;
     case Key::PageUp:
-        moveTo({std::max(firstRow(), grid.Row() - page), grid.Col()});
+        jumpTo({std::max(firstRow(), grid.Row() - page), grid.Col()});
         return true;
     case Key::PageDown:
-        moveTo({std::min(bottom, grid.Row() + page), grid.Col()});
+        jumpTo({std::min(bottom, grid.Row() + page), grid.Col()});
         return true;
     case Key::Home:
-        moveTo({ctrl ? firstRow() : grid.Row(), firstReachableCol()});
+        jumpTo({ctrl ? firstRow() : grid.Row(), firstReachableCol()});
         return true;
     case Key::End:
-        moveTo({ctrl ? bottom : grid.Row(), lastCol()});
+        jumpTo({ctrl ? bottom : grid.Row(), lastCol()});
         return true;
     default:
         return false;

@@ -14,11 +14,16 @@ public:
     /// Makes the cell current, row first, and scrolls it into view. A handler that hears the first
     /// step may change the table; the second step is then left out where it has no cell.
     void moveTo(CellAddress cell);
+    /// The same in one step: no cell on the way is entered.
+    void jumpTo(CellAddress cell);
     void giveFocusToGrid() { state_.focus.set(WidgetId::Grid); }
 
     /// On from a cell that is done: one column right, from the last column to the first one of the
     /// next row. On the last row the column still returns and the row stays.
     void advance();
+    /// The same from a cell that was not edited: at the end of a row the column returns first and
+    /// the row follows.
+    void advanceUnedited();
     void up();
     void down();
     /// Left stops at the first column that is not fixed.

@@ -215,7 +215,8 @@ void TextEditor::paste(std::string_view text) {
                          : std::max(1, box_.MaxLength() - box_.length() + box_.SelLength());
     const std::optional<std::string> taken =
         acceptableText(state_.columns, state_.link.face(), col(), text, room);
-    if (!taken || (box_.SelLength() == 0 && isFull()))
+    // An empty clipboard, or one that holds no text, takes nothing away.
+    if (!taken || taken->empty() || (box_.SelLength() == 0 && isFull()))
         return;
     if (state_.columns.isNumeric(col()))
         box_.select(0, box_.length());

@@ -57,9 +57,8 @@ std::string_view CellStore::text(int row, int col) const noexcept {
 
 void CellStore::setText(int row, int col, std::string_view text) {
     Row &held = at(row);
-    if (text.empty() && !has(held.texts, col))
-        return;
-    made(held.texts, col, cols_).assign(text);
+    if (!text.empty() || has(held.texts, col))
+        made(held.texts, col, cols_).assign(text);
     if (held.extras && has(held.extras->values, col))
         held.extras->values[static_cast<std::size_t>(col)].assign({});
 }

@@ -16,6 +16,12 @@ void FlexGrid::setCol(int col) {
     moveTo({current_.row, col});
 }
 
+void FlexGrid::setCell(CellAddress cell) {
+    table.checkRow(cell.row, "Row");
+    table.checkCol(cell.col, "Col");
+    moveTo(cell);
+}
+
 void FlexGrid::moveTo(CellAddress cell) {
     ++cursorStamp_;
     if (cell == current_)

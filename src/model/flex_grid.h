@@ -36,6 +36,8 @@ public:
     /// it is another one. The view does not scroll. Throw GridError outside the grid.
     void setRow(int row);
     void setCol(int col);
+    /// Both at once, as a click does it: one cell is left and one entered.
+    void setCell(CellAddress cell);
     /// Makes a cell current without raising anything: for looking at or styling a cell.
     void setCurrentQuietly(CellAddress cell);
     /// Counts every time that the current cell was set, also to where it was already.

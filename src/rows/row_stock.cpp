@@ -146,7 +146,9 @@ void RowStock::clear() {
         RenumberFixedColumns();
     }
     state_.CellTag = std::make_shared<TMatrix>();
-    bringCursorTo({grid.table.FixedRows(), state_.firstColumn()});
+    // The column first, as the host hears it.
+    grid.setCol(state_.firstColumn());
+    bringCursorTo({grid.table.FixedRows(), grid.Col()});
     if (grid.table.FixedRows() < grid.table.Rows())
         grid.view.setTopRow(grid.table.FixedRows());
     state_.link.TableChange();

@@ -75,7 +75,7 @@ bool ColumnSettings::followColumnCount() {
         append({"0", "0", "", "64", "0", "0"});
     for (int round = 0; round < -missing; ++round) {
         for (std::vector<std::string> &list : lists_)
-            list.push_back(std::to_string(list.size() - 1));
+            list.push_back(std::to_string(list.size()));
     }
     return missing > 0;
 }

@@ -75,13 +75,14 @@ struct ControlState {
     ControlState(FlexGridEvents &gridEvents, WidgetListener &widgetListener)
         : grid(gridEvents), columns(grid.table), widgets(widgetListener) {}
 
+    /// First, because widgets and grid report through it from their construction on.
+    HostLink link;
     FlexGrid grid;
     ColumnSettings columns;
     Settings settings;
     Widgets widgets;
     Focus focus;
     TableMenu menu;
-    HostLink link;
     std::shared_ptr<TMatrix> CellTag = std::make_shared<TMatrix>();
 
     /// The cell last entered.

@@ -1,0 +1,66 @@
+#pragma once
+
+/// The order as it is kept: articles and order lines in an SQLite file. It knows nothing of the
+/// grid; the form asks it for everything at the start and hands it the rows that changed.
+
+#include "money.h"
+
+#include <QSqlDatabase>
+#include <QString>
+
+#include <map>
+#include <optional>
+#include <stdexcept>
+
+struct Article {
+    QString code;
+    QString description;
+    Money price;
+};
+
+struct OrderLine {
+    QString article;
+    QString description;
+    qint64 quantity = 0;
+    Money price;
+
+    /// Nothing when the amount is too large to be counted.
+    [[nodiscard]] std::optional<Money> total() const { return price.times(quantity); }
+
+    friend bool operator==(const OrderLine &, const OrderLine &) = default;
+};
+
+/// The lines of an order by their row in the form, from 1. A row without an article has no line.
+using OrderLines = std::map<int, OrderLine>;
+
+/// What the database said, ready to be shown to the operator.
+class OrderBookError : public std::runtime_error {
+public:
+    explicit OrderBookError(const QString &message) : std::runtime_error(message.toStdString()) {}
+    [[nodiscard]] QString message() const { return QString::fromUtf8(what()); }
+};
+
+/// Every function throws OrderBookError when the database refuses; nothing has changed then.
+class OrderBook {
+public:
+    /// Opens the file, or creates it with the articles that the shop sells.
+    explicit OrderBook(const QString &file);
+    ~OrderBook();
+    OrderBook(const OrderBook &) = delete;
+    OrderBook &operator=(const OrderBook &) = delete;
+
+    [[nodiscard]] QString file() const;
+    [[nodiscard]] OrderLines lines() const;
+    [[nodiscard]] std::optional<Article> article(const QString &code) const;
+
+    /// Writes all of them or, on a failure, none. A row without a value loses its line.
+    void save(const std::map<int, std::optional<OrderLine>> &rows);
+
+    /// A few lines to look at; an order that has lines already is left alone.
+    void addSample();
+
+private:
+    void create();
+
+    QSqlDatabase database_;
+};

@@ -1,0 +1,42 @@
+#include "cell_fonts.h"
+
+#include "qt_text.h"
+#include "tablio_widget_p.h"
+
+#include <algorithm>
+
+namespace tablio::qt {
+
+QFont completedFont(const tablio::Font &font, const QWidget &widget) {
+    QFont completed = widget.font();
+    if (!font.name.empty())
+        completed.setFamily(toQString(font.name));
+    if (font.size > 0)
+        completed.setPointSizeF(static_cast<qreal>(font.size));
+    if (font.bold)
+        completed.setBold(true);
+    if (font.italic)
+        completed.setItalic(true);
+    return completed;
+}
+
+void CellFonts::setRatio(qreal ratio) {
+    if (ratio == ratio_)
+        return;
+    ratio_ = ratio;
+    clear();
+}
+
+const CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
+    const auto found = std::ranges::find(fonts_, font, &CellFont::asked);
+    if (found != fonts_.end())
+        return *found;
+    QFont scaled = completedFont(font, widget);
+    // Points can be fractions where pixels cannot.
+    const qreal points = scaled.pointSizeF() > 0 ? scaled.pointSizeF()
+                                                 : scaled.pixelSize() * 72.0 / widget.logicalDpiY();
+    scaled.setPointSizeF(points * ratio_);
+    return fonts_.emplace_back(CellFont{font, scaled, QFontMetrics(scaled, &widget)});
+}
+
+} // namespace tablio::qt

@@ -1,0 +1,229 @@
+#pragma once
+
+/// `TablioWidget`, the data-entry grid as a Qt widget. A host lays it out like any other widget,
+/// sets it up through properties and methods, and connects to its signals. The widget decides
+/// nothing: it shows what the core (`tablio::Tablio`) decides and hands the user's actions in.
+
+#include <tablio/tablio.h>
+
+#include <QString>
+#include <QVariant>
+#include <QWidget>
+
+#include <memory>
+
+namespace tablio::qt {
+
+class HostSignals;
+class TablioWidgetPrivate;
+
+/// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
+/// column when there is one. Lengths of rows and columns are twips (15 to a pixel of 1/96 inch), so
+/// that they mean the same on every screen.
+///
+/// The table is ready from the constructor on: what a host fills in before the widget is shown is
+/// there when it is shown. When it is first shown and the cursor was not moved yet, the cursor
+/// stands on the first data row in primaryColumn.
+///
+/// Signals carry their arguments by reference, so that a slot can change them where the signal
+/// says so. Such a slot must be connected directly (the default on one thread); a queued one hears
+/// nothing. A slot may call anything, and may delete the widget.
+///
+/// Errors. A row or column that the grid does not have throws GridError, a number beyond 16 bits
+/// where the control counts in 16 bits throws OverflowError; both are std::exceptions that a C++
+/// caller of a method gets. What a slot throws while the user acts on the widget does not cross
+/// Qt's event loop: the widget reports it by qCritical() and goes on, with the control in order.
+class TablioWidget : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(int rows READ rows WRITE setRows)
+    Q_PROPERTY(int cols READ cols WRITE setCols)
+    Q_PROPERTY(int fixedRows READ fixedRows WRITE setFixedRows)
+    Q_PROPERTY(int fixedCols READ fixedCols WRITE setFixedCols)
+    Q_PROPERTY(bool withFixedColumn READ withFixedColumn WRITE setWithFixedColumn)
+    Q_PROPERTY(int primaryColumn READ primaryColumn WRITE setPrimaryColumn)
+    Q_PROPERTY(int checkBoxes READ checkBoxes WRITE setCheckBoxes)
+    Q_PROPERTY(bool gridPopUpMenu READ gridPopUpMenu WRITE setGridPopUpMenu)
+    Q_PROPERTY(int rowMinHeight READ rowMinHeight WRITE setRowMinHeight)
+    Q_PROPERTY(int headerRowHeight READ headerRowHeight WRITE setHeaderRowHeight)
+    Q_PROPERTY(bool wordWrap READ wordWrap WRITE setWordWrap)
+    Q_PROPERTY(bool setStatusCell READ statusCell WRITE setStatusCell DESIGNABLE false STORED false)
+    Q_PROPERTY(int dataCount READ dataCount DESIGNABLE false STORED false)
+
+public:
+    /// How a column takes part in data entry.
+    enum ColumnStyle {
+        ColumnInput = 0,
+        ColumnInputWithLookup = 1,
+        ColumnFixed = 2,
+        ColumnFixedWithAutoNumber = 3,
+    };
+    Q_ENUM(ColumnStyle)
+    /// Which editor a column opens and how its values are read and shown.
+    enum ColumnType {
+        ColumnString = 0,
+        ColumnDecimal = 1,
+        ColumnInteger = 2,
+        ColumnDate = 3,
+        ColumnCombo = 4,
+    };
+    Q_ENUM(ColumnType)
+    /// Case rule of a text column or sign rule of a numeric one: each value has two names.
+    enum DataType {
+        AllCase = 0,
+        UpperCase = 1,
+        LowerCase = 2,
+        AllValue = 0,
+        Positive = 1,
+        Negative = 2,
+    };
+    Q_ENUM(DataType)
+    /// Whether a decimal column refuses more decimals than its format shows.
+    enum CalculationStyle { NoStyle = 0, CalcStyle = 1 };
+    Q_ENUM(CalculationStyle)
+    enum ColumnAlignment { ColumnLeft = 1, ColumnCentre = 4, ColumnRight = 7 };
+    Q_ENUM(ColumnAlignment)
+
+    explicit TablioWidget(QWidget *parent = nullptr);
+    ~TablioWidget() override;
+
+    /// The control itself, for a host that wants more than the widget offers. It lives as long as
+    /// the widget; its face and its host are the widget's own and must stay.
+    [[nodiscard]] tablio::Tablio &core() noexcept;
+    [[nodiscard]] const tablio::Tablio &core() const noexcept;
+
+    // The table.
+    [[nodiscard]] int rows() const;
+    /// Header rows included; at most 32,768.
+    void setRows(int count);
+    [[nodiscard]] int cols() const;
+    /// Fixed columns included. Settings of columns that go away come back with them.
+    void setCols(int count);
+    [[nodiscard]] int fixedRows() const;
+    void setFixedRows(int count);
+    [[nodiscard]] int fixedCols() const;
+    void setFixedCols(int count);
+    [[nodiscard]] bool withFixedColumn() const;
+    void setWithFixedColumn(bool fixed);
+    /// The column that makes a row a data row.
+    [[nodiscard]] int primaryColumn() const;
+    void setPrimaryColumn(int col);
+    [[nodiscard]] int checkBoxes() const;
+    /// 1 or −1 makes the last column a tick column.
+    void setCheckBoxes(int checkBoxes);
+    [[nodiscard]] bool gridPopUpMenu() const;
+    void setGridPopUpMenu(bool offered);
+
+    // Looks. The widget's own font and palette are what cells use that nobody styled.
+    [[nodiscard]] int rowMinHeight() const;
+    void setRowMinHeight(int twips);
+    [[nodiscard]] int headerRowHeight() const;
+    void setHeaderRowHeight(int twips);
+    [[nodiscard]] bool wordWrap() const;
+    void setWordWrap(bool wrap);
+    /// False suspends painting, true paints.
+    [[nodiscard]] bool statusCell() const;
+    void setStatusCell(bool status);
+    Q_INVOKABLE int rowHeight(int row) const;
+    Q_INVOKABLE void setRowHeight(int row, int twips);
+
+    // Cells.
+    /// The cell's text; of a numeric column the plain number, "0" where there is none.
+    Q_INVOKABLE QString textMatrix(int row, int col) const;
+    /// Shows the value by the column's format.
+    Q_INVOKABLE void setTextMatrix(int row, int col, const QString &value);
+    /// The host's own value of the cell, kept in step with the rows; a null QVariant or "" where
+    /// there is none.
+    Q_INVOKABLE QVariant cellTag(int row, int col) const;
+    Q_INVOKABLE void setCellTag(int row, int col, const QVariant &value);
+
+    // Columns.
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnStyle colStyle(int col) const;
+    Q_INVOKABLE void setColStyle(int col, tablio::qt::TablioWidget::ColumnStyle style);
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnType colEditType(int col) const;
+    Q_INVOKABLE void setColEditType(int col, tablio::qt::TablioWidget::ColumnType type);
+    Q_INVOKABLE QString colFormat(int col) const;
+    /// A picture such as "###,##0.00"; cells that are already filled keep their text.
+    Q_INVOKABLE void setColFormat(int col, const QString &format);
+    Q_INVOKABLE int colMaxLength(int col) const;
+    /// Most characters that may be typed; 0 is no limit.
+    Q_INVOKABLE void setColMaxLength(int col, int length);
+    Q_INVOKABLE tablio::qt::TablioWidget::DataType colDataType(int col) const;
+    Q_INVOKABLE void setColDataType(int col, tablio::qt::TablioWidget::DataType type);
+    Q_INVOKABLE tablio::qt::TablioWidget::CalculationStyle colCalcStyle(int col) const;
+    Q_INVOKABLE void setColCalcStyle(int col, tablio::qt::TablioWidget::CalculationStyle style);
+    Q_INVOKABLE QString colTextHeader(int col) const;
+    Q_INVOKABLE void setColTextHeader(int col, const QString &header);
+    Q_INVOKABLE int colWidth(int col) const;
+    Q_INVOKABLE void setColWidth(int col, int twips);
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnAlignment colDataAlignment(int col) const;
+    Q_INVOKABLE void setColDataAlignment(int col,
+                                         tablio::qt::TablioWidget::ColumnAlignment alignment);
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnAlignment colHeaderAlignment(int col) const;
+    Q_INVOKABLE void setColHeaderAlignment(int col,
+                                           tablio::qt::TablioWidget::ColumnAlignment alignment);
+    /// Sets eight settings of a column at once; what is left out gets the default shown here.
+    Q_INVOKABLE void
+    setColProperty(int col, const QString &textHeader = {}, int widthTwips = 1000,
+                   tablio::qt::TablioWidget::ColumnStyle style = ColumnFixed,
+                   tablio::qt::TablioWidget::ColumnType editType = ColumnString,
+                   tablio::qt::TablioWidget::ColumnAlignment headerAlignment = ColumnLeft,
+                   tablio::qt::TablioWidget::ColumnAlignment dataAlignment = ColumnLeft,
+                   int maxLength = 64, const QString &format = {});
+
+    // Rows.
+    /// Appends a blank row and puts the cursor on it.
+    Q_INVOKABLE void addRow();
+    /// Wipes all data; headers stay.
+    Q_INVOKABLE void tableClear();
+    /// The last row whose primary column holds text, 0 where none does.
+    [[nodiscard]] int dataCount() const;
+    /// Puts the cursor on a cell and the keyboard focus on the grid.
+    Q_INVOKABLE void focusCell(int row, int col);
+
+    /// What the control last asked of its host's form: whether the form may see keys first. A Qt
+    /// form does that by event filters of its own, so the widget only keeps the answer.
+    Q_INVOKABLE bool hostKeyPreview() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// An edit is about to start. Set cancel to keep the editor closed.
+    void editPreValidation(int &row, int &col, bool &cancel);
+    /// The text of the open editor has changed.
+    void editOnChange(int &row, int &col, QString &onEdit);
+    /// An edit has ended and the cell holds newData. Turning valid from true to false puts the old
+    /// text back. lastKey is the last key code or character that the editor saw.
+    void editPostValidation(int &row, int &col, bool &valid, QString &oldData, QString &newData,
+                            int &lastKey);
+    /// The operator asks for a value.
+    void editLookup(int &row, int &col);
+    /// The cursor has arrived at a cell, or the grid has gained the focus there.
+    void cellFocus(int &row, int &col);
+    /// A character is about to enter the editor; 0 drops it, another code replaces it.
+    void cellKeyPress(int &row, int &col, int &keyAscii);
+    /// The row stock or the text being edited has changed.
+    void tableChange();
+    /// A key went down while no editor is open; keyCode 0 keeps the grid from acting on it.
+    void tableKeyDown(int &keyCode, int &shift, int &row, int &col);
+    /// The cursor has moved to another row.
+    void tableRowChange(int &oldRow, int &newRow);
+    /// A cell was double-clicked.
+    void doubleClick(int &row, int &col);
+    /// A property has another value; the name is the control's own, such as "Rows" or "ColStyle".
+    void propertyChanged(const QString &name);
+
+protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    friend class HostSignals;
+
+    std::unique_ptr<TablioWidgetPrivate> d_;
+};
+
+} // namespace tablio::qt

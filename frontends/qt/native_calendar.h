@@ -1,0 +1,31 @@
+#pragma once
+
+/// The native month calendar of a date cell, inside the control. It never has the keyboard: keys
+/// go through the text box to the core, which moves the day; the mouse picks days and turns pages.
+
+#include <QFrame>
+
+class QCalendarWidget;
+
+namespace tablio::qt {
+
+class TablioWidgetPrivate;
+
+class NativeCalendar final : public QFrame {
+    Q_OBJECT
+
+public:
+    NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent);
+
+    /// Shows the core's calendar and its container.
+    void mirror();
+
+private:
+    void turnedTo(int year, int month);
+
+    TablioWidgetPrivate &parts_;
+    QCalendarWidget *calendar_;
+    bool mirroring_ = false;
+};
+
+} // namespace tablio::qt

@@ -1,0 +1,46 @@
+#pragma once
+
+/// The core's view of Qt: what changed is shown, and what only the platform knows is answered.
+/// Nothing here waits for the user.
+
+#include <tablio/face.h>
+
+#include <QElapsedTimer>
+
+namespace tablio::qt {
+
+class TablioWidgetPrivate;
+
+class QtFace final : public Face {
+public:
+    explicit QtFace(TablioWidgetPrivate &parts) : parts_(parts) {}
+
+    void widgetChanged(WidgetId widget) override;
+    void focusChanged(WidgetId owner) override;
+    void areaChanged(const Rect &area) override;
+    void scrolled() override;
+    void popUpMenu(Twips x, Twips y) override;
+    void showWarning(std::string_view title, std::string_view text) override;
+
+    [[nodiscard]] std::string clipboardText() override;
+    void setClipboardText(std::string_view text) override;
+
+    [[nodiscard]] NumberFormat numberFormat() const override;
+    [[nodiscard]] char32_t toUpper(char32_t character) const override;
+    [[nodiscard]] char32_t toLower(char32_t character) const override;
+    [[nodiscard]] Date today() const override;
+
+    void letPendingEventsRun() override;
+    void propertyChanged(std::string_view name) override;
+    void setHostKeyPreview(bool preview) override { hostKeyPreview_ = preview; }
+    [[nodiscard]] bool hostKeyPreview() const noexcept { return hostKeyPreview_; }
+
+private:
+    TablioWidgetPrivate &parts_;
+    /// Since the last call, and since events last ran or the scan began.
+    QElapsedTimer sinceCall_;
+    QElapsedTimer sinceEvents_;
+    bool hostKeyPreview_ = false;
+};
+
+} // namespace tablio::qt

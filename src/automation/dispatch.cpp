@@ -1,0 +1,164 @@
+#include <tablio/dispatch.h>
+
+#include "automation/member_table.h"
+#include "automation/value_as.h"
+
+#include <tablio/errors.h>
+
+#include <string>
+
+namespace tablio {
+
+namespace {
+
+[[noreturn]] void refuse(const Member &member, std::string_view why) {
+    throw UnknownMember(std::string(member.name).append(": ").append(why));
+}
+
+[[noreturn]] void wrongCount(const Member &member, std::size_t given) {
+    throw ArgumentCount(std::string(member.name) + ": " + std::to_string(given) +
+                        " arguments do not fit its " + std::to_string(member.arguments.size()));
+}
+
+/// Converts with an error that tells which argument of which member is wrong.
+Value fitted(const Member &member, std::string_view argument, MemberType type, const Value &value) {
+    const auto told = [&](const Error &error) {
+        return std::string(member.name)
+            .append(", ")
+            .append(argument)
+            .append(": ")
+            .append(error.what());
+    };
+    try {
+        return convertedTo(type, value);
+    } catch (const TypeMismatch &error) {
+        throw TypeMismatch(told(error));
+    } catch (const OverflowError &error) {
+        throw OverflowError(told(error));
+    }
+}
+
+/// All declared arguments in their types, the ones left out by their defaults.
+Values fitted(const Member &member, const Values &given) {
+    if (given.size() > member.arguments.size())
+        wrongCount(member, given.size());
+    Values result;
+    result.reserve(member.arguments.size() + 1);
+    for (const Argument &argument : member.arguments) {
+        const std::size_t place = result.size();
+        if (place < given.size() && !given[place].isMissing())
+            result.push_back(fitted(member, argument.name, argument.type, given[place]));
+        else if (argument.optional)
+            result.push_back(argument.defaultValue());
+        else
+            wrongCount(member, given.size());
+    }
+    return result;
+}
+
+Value readMember(Tablio &control, const Member &member, const Values &arguments) {
+    if (member.read == nullptr)
+        refuse(member, "cannot be read");
+    const Value result = member.read(control, fitted(member, arguments));
+    // The typed function may count in a wider type than the interface.
+    return fitted(member, "result", member.type, result);
+}
+
+Value getProperty(Tablio &control, const Member &member, const Values &index) {
+    if (member.kind != MemberKind::Property)
+        refuse(member, "is no property");
+    return readMember(control, member, index);
+}
+
+void putProperty(Tablio &control, const Member &member, const Value &value, const Values &index) {
+    if (member.write == nullptr)
+        refuse(member, "cannot be written");
+    Values arguments = fitted(member, index);
+    arguments.push_back(fitted(member, "value", member.type, value));
+    member.write(control, arguments);
+}
+
+/// Hands an event on, then takes over what the sink has made of the arguments.
+template <typename... Arguments>
+void raise(EventSink &sink, std::string_view name, Arguments &...arguments) {
+    const Event &event = findEvent(name);
+    Values values{Value(arguments)...};
+    sink.event(event.number, values);
+    for (std::size_t place = 0; place < values.size(); ++place)
+        values[place] = convertedTo(event.arguments[place].type, values[place]);
+    std::size_t place = 0;
+    ((arguments = valueAs<Arguments>(values[place++])), ...);
+}
+
+} // namespace
+
+Value Dispatch::call(MemberNumber number, const Values &arguments) {
+    return readMember(control_, findMember(number), arguments);
+}
+
+Value Dispatch::call(std::string_view name, const Values &arguments) {
+    return readMember(control_, findMember(name), arguments);
+}
+
+Value Dispatch::get(MemberNumber number, const Values &index) {
+    return getProperty(control_, findMember(number), index);
+}
+
+Value Dispatch::get(std::string_view name, const Values &index) {
+    return getProperty(control_, findMember(name), index);
+}
+
+void Dispatch::put(MemberNumber number, const Value &value, const Values &index) {
+    putProperty(control_, findMember(number), value, index);
+}
+
+void Dispatch::put(std::string_view name, const Value &value, const Values &index) {
+    putProperty(control_, findMember(name), value, index);
+}
+
+MemberNumber Dispatch::numberOf(std::string_view name) { return findMember(name).number; }
+
+MemberNumber Dispatch::numberOfEvent(std::string_view name) { return findEvent(name).number; }
+
+void EventRelay::EditPreValidation(std::int16_t &Row, std::int16_t &Col, bool &Cancel) {
+    raise(sink_, "EditPreValidation", Row, Col, Cancel);
+}
+
+void EventRelay::EditOnChange(std::int16_t &Row, std::int16_t &Col, std::string &OnEdit) {
+    raise(sink_, "EditOnChange", Row, Col, OnEdit);
+}
+
+void EventRelay::EditPostValidation(std::int16_t &Row, std::int16_t &Col, bool &Valid,
+                                    std::string &OldData, std::string &NewData,
+                                    std::int16_t &LastKey) {
+    raise(sink_, "EditPostValidation", Row, Col, Valid, OldData, NewData, LastKey);
+}
+
+void EventRelay::EditLookup(std::int16_t &Row, std::int16_t &Col) {
+    raise(sink_, "EditLookup", Row, Col);
+}
+
+void EventRelay::CellFocus(std::int16_t &Row, std::int16_t &Col) {
+    raise(sink_, "CellFocus", Row, Col);
+}
+
+void EventRelay::CellKeyPress(std::int16_t &Row, std::int16_t &Col, std::int16_t &KeyAscii) {
+    raise(sink_, "CellKeyPress", Row, Col, KeyAscii);
+}
+
+void EventRelay::TableChange() { raise(sink_, "TableChange"); }
+
+void EventRelay::TableKeyDown(std::int16_t &code, std::int16_t &shift, std::int16_t &Row,
+                              std::int16_t &Col) {
+    raise(sink_, "TableKeyDown", code, shift, Row, Col);
+}
+
+void EventRelay::TableRowChange(std::int16_t &OldRow, std::int16_t &NewRow) {
+    raise(sink_, "TableRowChange", OldRow, NewRow);
+}
+
+void EventRelay::DoubleClick(std::int16_t &Row, std::int16_t &Col) {
+    raise(sink_, "DoubleClick", Row, Col);
+}
+
+} // namespace tablio

@@ -1,0 +1,39 @@
+#pragma once
+
+/// Which type of the automation interface stands for which C++ type, and the conversion from a
+/// `Value` to it. Dispatch, events and persistence share it.
+
+#include <tablio/tmatrix.h>
+#include <tablio/value.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+namespace tablio {
+
+/// What Value::to… answers, as the type that a typed function takes. Text is answered as a string
+/// also where a view is wanted, so that somebody owns it during the call.
+template <typename T> auto valueAs(const Value &value) {
+    if constexpr (std::is_same_v<T, bool>)
+        return value.toBoolean();
+    else if constexpr (std::is_same_v<T, std::int16_t>)
+        return value.toInteger();
+    else if constexpr (std::is_same_v<T, std::int32_t>)
+        return value.toLong();
+    else if constexpr (std::is_enum_v<T>)
+        return static_cast<T>(value.toLong());
+    else if constexpr (std::is_same_v<T, Colour>)
+        return value.toColour();
+    else if constexpr (std::is_same_v<T, Font>)
+        return value.toFont();
+    else if constexpr (std::is_same_v<T, std::shared_ptr<TMatrix>>)
+        return value.toObject();
+    else {
+        static_assert(std::is_same_v<T, std::string> || std::is_same_v<T, std::string_view>);
+        return value.toText();
+    }
+}
+
+} // namespace tablio

@@ -1,0 +1,141 @@
+#include <tablio/pages/general_page.h>
+
+#include "model/number_text.h"
+#include "pages/page_editing.h"
+#include "pages/page_numbers.h"
+
+#include <string>
+
+namespace tablio {
+
+namespace {
+
+/// Wide enough for the tick.
+constexpr Twips checkColumnWidth = 300;
+
+int bitOf(const Value &boolean) { return boolean.toLong() & 1; }
+
+std::string textOf(double number) { return Value(number).toText(); }
+
+} // namespace
+
+General::General(Tablio &control, PageListener &listener)
+    : PropertyPage("General", control, listener) {
+    setControls({&txtRows, &RowUpDown, &txtCols, &ColUpDown, &txtHeaderRowHeight, &txtRowMinHeight,
+                 &txtPrimaryColumn, &chkCheckboxes, &chkHeaderFontBold, &chkWordWrap,
+                 &chkGridPopUpMenu, &chkWithFixedColumn});
+    connect();
+}
+
+void General::connect() {
+    const auto mark = [this] { setChanged(true); };
+    // A tick of chkGridPopUpMenu is applied together with any other change, but marks none itself.
+    for (PageCheckBox *box : {&chkCheckboxes, &chkHeaderFontBold, &chkWordWrap})
+        box->onClick = mark;
+    for (PageTextBox *box : {&txtHeaderRowHeight, &txtRowMinHeight})
+        box->onChange = mark;
+
+    txtRows.onChange = [this] {
+        attempt([this] { RowUpDown.setValue(Value(leadingNumber(txtRows.Text())).toLong()); });
+        setChanged(true);
+    };
+    txtRows.onLostFocus = [this] {
+        if (leadingNumber(txtRows.Text()) < 2)
+            txtRows.setText("2");
+    };
+    RowUpDown.onChange = [this] { txtRows.setText(std::to_string(RowUpDown.Value())); };
+    txtCols.onChange = [this] { txtCols_Change(); };
+    txtCols.onLostFocus = [this] { txtCols_LostFocus(); };
+    ColUpDown.onChange = [this] { txtCols.setText(std::to_string(ColUpDown.Value())); };
+    txtPrimaryColumn.onChange = [this] { txtPrimaryColumn_Change(); };
+    chkWithFixedColumn.onClick = [this] { chkWithFixedColumn_Click(); };
+}
+
+void General::SelectionChanged() {
+    beginPageEditing();
+    attempt([this] { chkCheckboxes.setValue(bitOf(get("CheckBoxes"))); });
+    attempt([this] { txtRows.setText(get("Rows").toText()); });
+    attempt([this] { txtCols.setText(dataColumns()); });
+    attempt([this] { chkHeaderFontBold.setValue(bitOf(get("HeaderFontBold"))); });
+    attempt([this] { chkWordWrap.setValue(bitOf(get("WordWrap"))); });
+    attempt([this] { chkGridPopUpMenu.setValue(bitOf(get("GridPopUpMenu"))); });
+    attempt([this] { txtHeaderRowHeight.setText(get("HeaderRowHeight").toText()); });
+    attempt([this] { txtRowMinHeight.setText(get("RowMinHeight").toText()); });
+    attempt([this] { chkWithFixedColumn.setValue(bitOf(get("WithFixedColumn"))); });
+    // Last, so that it stands as the control has it whatever the fixed column asked for.
+    attempt([this] { txtPrimaryColumn.setText(get("PrimaryColumn").toText()); });
+    agreedCols_ = txtCols.Text();
+    setChanged(false);
+}
+
+void General::ApplyChanges() {
+    put("Rows", txtRows.Text());
+    attempt([this] {
+        const double columns = Value(txtCols.Text()).toDouble();
+        put("Cols", columns + chkCheckboxes.Value());
+    });
+    put("HeaderFontBold", chkHeaderFontBold.isTicked());
+    put("WordWrap", chkWordWrap.isTicked());
+    put("GridPopUpMenu", chkGridPopUpMenu.isTicked());
+    put("HeaderRowHeight", txtHeaderRowHeight.Text());
+    put("RowMinHeight", txtRowMinHeight.Text());
+    put("PrimaryColumn", leadingNumber(txtPrimaryColumn.Text()));
+    put("WithFixedColumn", chkWithFixedColumn.isTicked());
+    attempt([this] {
+        // A control that already has fixed columns keeps them.
+        if (get("FixedCols").toLong() == 0)
+            put("FixedCols", leadingNumber(txtPrimaryColumn.Text()));
+    });
+    put("CheckBoxes", chkCheckboxes.isTicked());
+    if (chkCheckboxes.isTicked())
+        put("ColWidth", leadingIndex(txtCols.Text()), checkColumnWidth);
+    agreedCols_ = txtCols.Text();
+    setChanged(false);
+}
+
+void General::followColumnCount() {
+    if (txtCols.Text() != agreedCols_)
+        return;
+    const bool wasChanged = Changed();
+    attempt([this] { txtCols.setText(dataColumns()); });
+    agreedCols_ = txtCols.Text();
+    setChanged(wasChanged);
+}
+
+std::string General::dataColumns() {
+    return std::to_string(get("Cols").toLong() - bitOf(get("CheckBoxes")));
+}
+
+void General::txtCols_Change() {
+    attempt([this] { ColUpDown.setValue(Value(txtCols.Text()).toLong()); });
+    setChanged(true);
+}
+
+void General::txtCols_LostFocus() {
+    const double columns = leadingNumber(txtCols.Text());
+    if (columns <= 1)
+        chkWithFixedColumn.setValue(0);
+    chkWithFixedColumn.setEnabled(columns > 1);
+    if (columns < 1)
+        txtCols.setText("1");
+}
+
+void General::txtPrimaryColumn_Change() {
+    setChanged(true);
+    const double columns = leadingNumber(txtCols.Text());
+    if (leadingNumber(txtPrimaryColumn.Text()) >= columns)
+        txtPrimaryColumn.setText(textOf(columns - 1));
+    attempt([this] {
+        const double primary = Value(NormalizeNumberText(txtPrimaryColumn.Text())).toDouble();
+        if (primary > 0 && !chkWithFixedColumn.isTicked())
+            chkWithFixedColumn.setValue(1);
+    });
+}
+
+void General::chkWithFixedColumn_Click() {
+    setChanged(true);
+    if (chkWithFixedColumn.isTicked() && leadingNumber(txtPrimaryColumn.Text()) == 0)
+        txtPrimaryColumn.setText("1");
+}
+
+} // namespace tablio

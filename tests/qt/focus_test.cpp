@@ -1,0 +1,94 @@
+/// The keyboard focus: how the grid gets and gives it, and what ends an open edit.
+
+#include "grid_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QMenu>
+
+using tablio::qt::TablioWidget;
+
+TEST(Focus, TabLeavesTheGridAndEndsTheEdit) {
+    GridWindow w;
+    w.type("abc");
+    w.key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), w.after);
+    EXPECT_EQ(w.cell(1, 0), "abc");
+    EXPECT_EQ(w.cursor(), "1,0");
+    w.key(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(w.box()->hasFocus()) << "and comes back";
+    w.key(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), w.before);
+}
+
+TEST(Focus, ComingInIsNews) {
+    GridWindow w;
+    int entered = 0;
+    QObject::connect(w.grid, &TablioWidget::cellFocus, [&] { ++entered; });
+    w.after->setFocus();
+    EXPECT_TRUE(w.grid->hostKeyPreview());
+    QTest::mouseClick(w.window.windowHandle(), Qt::LeftButton, {}, w.place(1, 0).center());
+    EXPECT_TRUE(w.box()->hasFocus());
+    EXPECT_FALSE(w.grid->hostKeyPreview());
+    EXPECT_EQ(entered, 1);
+}
+
+TEST(Focus, AMethodTakesIt) {
+    GridWindow w;
+    w.after->setFocus();
+    w.grid->focusCell(4, 2);
+    EXPECT_TRUE(w.box()->hasFocus());
+    w.type("8\n");
+    EXPECT_EQ(w.cell(4, 2), "8.00");
+}
+
+TEST(Focus, APopUpAndAnotherWindowLeaveTheEditOpen) {
+    GridWindow w;
+    w.type("ab");
+    QMenu menu;
+    menu.addAction("entry");
+    menu.popup(w.window.mapToGlobal(QPoint(0, 0)));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(w.cursor(), "1,0!");
+    menu.close();
+    {
+        QLineEdit other;
+        other.show();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        EXPECT_FALSE(w.box()->hasFocus());
+        EXPECT_EQ(w.cursor(), "1,0!");
+    }
+    w.window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w.window));
+    w.type("c\n");
+    EXPECT_EQ(w.cell(1, 0), "abc");
+}
+
+TEST(Focus, AnotherFieldEndsTheEditWhileTheWindowSleeps) {
+    GridWindow w;
+    w.type("ab");
+    QLineEdit other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    w.after->setFocus();
+    w.window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w.window));
+    EXPECT_EQ(w.cell(1, 0), "ab");
+    EXPECT_EQ(w.cursor(), "1,0");
+}
+
+TEST(Focus, DisablingAndHidingEndTheEdit) {
+    GridWindow w;
+    w.type("ab");
+    w.grid->setEnabled(false);
+    EXPECT_EQ(w.cell(1, 0), "ab");
+    w.grid->setEnabled(true);
+    w.grid->setFocus();
+    w.grid->focusCell(2, 0);
+    w.type("cd");
+    w.grid->hide();
+    EXPECT_EQ(w.cell(2, 0), "cd");
+    EXPECT_EQ(w.cursor(), "2,0");
+}

@@ -1,0 +1,129 @@
+/// The mouse: clicks, double clicks, the wheel, dragged column borders, the pop-up menu.
+
+#include "grid_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QMenu>
+#include <QScrollBar>
+#include <QToolButton>
+
+using tablio::qt::TablioWidget;
+
+TEST(Mouse, AClickElsewhereCommitsAndMoves) {
+    GridWindow w;
+    QStringList log;
+    QObject::connect(w.grid, &TablioWidget::editPostValidation,
+                     [&](int &row, int &col, bool &, QString &, QString &newData, int &) {
+                         log << QStringLiteral("%1,%2=%3").arg(row).arg(col).arg(newData);
+                     });
+    QObject::connect(w.grid, &TablioWidget::cellFocus, [&](int &row, int &col) {
+        log << QStringLiteral("at %1,%2").arg(row).arg(col);
+    });
+    w.type("abc");
+    w.click(3, 2);
+    EXPECT_EQ(log.first(), "1,0=abc");
+    EXPECT_EQ(log.last(), "at 3,2");
+    EXPECT_EQ(w.cursor(), "3,2");
+    w.doubleClick(3, 2);
+    EXPECT_EQ(w.cursor(), "3,2!");
+}
+
+TEST(Mouse, TheWheelScrollsAndTheEditorStaysOverItsCell) {
+    GridWindow w;
+    auto *bar = w.grid->findChild<QScrollBar *>();
+    w.grid->focusCell(6, 0);
+    w.type("ab");
+    const int height = w.place(6, 0).height();
+    const QWidget *frame = w.box()->parentWidget();
+    const int top = frame->y();
+    w.wheel(-1);
+    EXPECT_EQ(w.state().grid.view.TopRow(), 1 + QApplication::wheelScrollLines());
+    EXPECT_EQ(bar->value(), w.state().grid.view.TopRow());
+    EXPECT_EQ(frame->y(), top - QApplication::wheelScrollLines() * height);
+    w.wheel(-2);
+    EXPECT_LE(frame->geometry().bottom(), 0) << "scrolled away, not over the header";
+    w.type("c");
+    w.wheel(10);
+    EXPECT_EQ(frame->y(), top);
+    w.type("\n");
+    EXPECT_EQ(w.cell(6, 0), "abc");
+}
+
+TEST(Mouse, FineWheelStepsAddUp) {
+    GridWindow w;
+    const QPoint at = w.canvas()->mapTo(&w.window, QPoint(50, 50));
+    for (int step = 0; step < 8; ++step) {
+        QWheelEvent event(at, w.window.mapToGlobal(at), {}, {0, -15}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(w.window.windowHandle(), &event);
+    }
+    EXPECT_EQ(w.state().grid.view.TopRow(), 1 + QApplication::wheelScrollLines());
+}
+
+TEST(Mouse, ShiftAndWheelScrollColumns) {
+    GridWindow w;
+    w.grid->setColWidth(0, 9000);
+    w.wheel(-1, Qt::ShiftModifier);
+    EXPECT_EQ(w.state().grid.view.LeftCol(), 1);
+    EXPECT_EQ(w.state().grid.view.TopRow(), 1);
+}
+
+TEST(Mouse, AColumnBorderIsDragged) {
+    GridWindow w;
+    QStringList changed;
+    QObject::connect(w.grid, &TablioWidget::propertyChanged,
+                     [&](const QString &name) { changed << name; });
+    const QRect header = w.place(0, 1);
+    const QPoint edge(header.right(), header.center().y());
+    QWindow *handle = w.window.windowHandle();
+    QTest::mouseMove(handle, header.center());
+    QTest::mouseMove(handle, edge);
+    EXPECT_EQ(w.canvas()->cursor().shape(), Qt::SplitHCursor);
+    QTest::mousePress(handle, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(handle, edge + QPoint(40, 90));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, edge + QPoint(40, 90));
+    EXPECT_NEAR(w.grid->colWidth(1), 1200 + 40 * 15, 30);
+    EXPECT_EQ(changed, QStringList{"ColWidth"});
+    EXPECT_EQ(w.cursor(), "1,0");
+}
+
+TEST(Mouse, TheLookupButtonAsksTheHost) {
+    GridWindow w;
+    int asked = 0;
+    QObject::connect(w.grid, &TablioWidget::editLookup, [&] { ++asked; });
+    w.grid->setColStyle(3, TablioWidget::ColumnInputWithLookup);
+    auto *button = w.grid->findChild<QToolButton *>("qt_cmdLookup");
+    EXPECT_FALSE(button->isVisible());
+    w.grid->focusCell(2, 3);
+    w.type("a");
+    ASSERT_TRUE(button->isVisible());
+    const QRect frame = w.box()->parentWidget()->geometry();
+    EXPECT_EQ(button->geometry().right(), frame.right());
+    EXPECT_EQ(button->geometry().height(), frame.height());
+    QTest::mouseClick(w.window.windowHandle(), Qt::LeftButton, {},
+                      button->mapTo(&w.window, button->rect().center()));
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(w.box()->hasFocus());
+}
+
+TEST(Mouse, TheMenuIsShownWithoutWaiting) {
+    GridWindow w;
+    w.grid->setTextMatrix(2, 0, "x");
+    w.click(2, 0, Qt::RightButton);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QStringList captions;
+    for (const QAction *action : menu->actions())
+        captions << (action->isSeparator() ? "-" : action->isEnabled() ? action->text() : "");
+    EXPECT_EQ(captions, (QStringList{"&Mark Row", "-", "&Add Row", "", "", "-", "Table &Clear"}));
+    const int rows = w.grid->rows();
+    menu->actions().at(2)->trigger();
+    menu->actions().at(6)->trigger();
+    menu->close();
+    EXPECT_EQ(w.grid->rows(), rows + 1);
+    EXPECT_EQ(w.cell(2, 0), "");
+    w.grid->setGridPopUpMenu(false);
+    w.click(2, 0, Qt::RightButton);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+/// What a scenario needs of the thing it plays against: a control that can be made and destroyed,
+/// and a user's hands. The interpreter reads all state through `core()`, so a driver implements
+/// input and lifecycle only. The core runner feeds `Input`; a front end's runner sends native
+/// events to its widget.
+
+#include <tablio/tablio.h>
+
+#include <string>
+#include <string_view>
+
+namespace tablio::scenario {
+
+class RecordingFace;
+
+/// One key going down and up again, and the character that it types (0 for none), as a user with
+/// an American keyboard produces them: "a" is key 65 and character 'a', "-" is key 189.
+struct KeyStroke {
+    KeyCode key = 0;
+    ShiftState shift = Shift::None;
+    char32_t character = 0;
+};
+
+/// Positions are twips from the control's top left corner. Input functions do what the user's
+/// action does and return when the control has dealt with it, pending events included; what a
+/// host handler throws comes out of them. Every function may be called from inside a handler.
+class ScenarioDriver {
+public:
+    virtual ~ScenarioDriver() = default;
+
+    // Lifecycle.
+    /// A fresh control with this inner size in place of the old one, its InitProperties done. It is
+    /// not shown and has no host, and the keyboard is elsewhere in the host's form. Its face is, or
+    /// is wrapped by, `face`, which also says which locale, date and clipboard there are.
+    virtual void create(RecordingFace &face, Twips width, Twips height) = 0;
+    /// Destroys the control, also from inside one of its handlers.
+    virtual void destroy() = 0;
+    /// Null while there is no control.
+    [[nodiscard]] virtual Tablio *core() = 0;
+    virtual void setHost(HostEvents &host) { core()->setHost(&host); }
+    /// The container shows the control (for the first time, or again).
+    virtual void show() = 0;
+    virtual void resize(Twips width, Twips height) = 0;
+    /// The user brings the keyboard into the control, or to another widget of the host's form.
+    virtual void enterFocus() = 0;
+    virtual void leaveFocus() = 0;
+
+    // Keyboard.
+    virtual void strike(const KeyStroke &stroke) = 0;
+    /// An input method composes this text and commits it.
+    virtual void compose(std::string_view text) = 0;
+    /// Text that arrives whole, without keys.
+    virtual void enterText(std::string_view text) = 0;
+    /// The native box has this text and selection after editing by itself (a drop, say).
+    virtual void settle(WidgetId editor, std::string_view text, int selStart, int selLength) = 0;
+
+    // Mouse.
+    virtual void pressMouse(MouseButton button, Twips x, Twips y) = 0;
+    virtual void moveMouse(Twips x, Twips y) = 0;
+    virtual void releaseMouse(MouseButton button, Twips x, Twips y) = 0;
+    /// The second press of a double click; the first press and its release came before.
+    virtual void doubleClick(Twips x, Twips y) = 0;
+    /// By the wheel or the scroll bars.
+    virtual void scrollTo(int topRow, int leftCol) = 0;
+    /// One of the control's own buttons.
+    virtual void pushButton(WidgetId button) = 0;
+
+    // Choices.
+    /// An entry of the menu that has popped up.
+    virtual void chooseMenuEntry(MenuEntry entry) = 0;
+    /// An item of the combo's list, by the mouse.
+    virtual void chooseItem(int index) = 0;
+    /// A day of the calendar that is open.
+    virtual void pickDay(const Date &day) = 0;
+};
+
+} // namespace tablio::scenario

@@ -1,0 +1,105 @@
+#include "support/scenario_interpreter.h"
+
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace tablio::scenario {
+
+namespace {
+
+constexpr Twips controlWidth = 9000;
+constexpr Twips controlHeight = 4500;
+
+/// Answers false when the scenario cannot go on.
+bool played(Stage &stage, const std::vector<Line> &steps) {
+    for (const Line &line : steps) {
+        try {
+            runStep(stage, line);
+        } catch (const ScriptError &error) {
+            stage.fail(line, error.what());
+            return false;
+        } catch (const std::exception &error) {
+            stage.fail(line, "this throws " + quoted(error.what()));
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+Interpreter::Interpreter(ScenarioDriver &driver) : stage_(driver) {
+    stage_.host.runSteps = [this](const std::vector<Line> &steps) {
+        for (const Line &line : steps)
+            runStep(stage_, line);
+    };
+}
+
+std::vector<Failure> Interpreter::play(const ScenarioFile &file, const Scenario &scenario) {
+    stage_.failures.clear();
+    stage_.host.forgetRules();
+    stage_.face = RecordingFace();
+    stage_.driver.create(stage_.face, controlWidth, controlHeight);
+    stage_.driver.setHost(stage_.host);
+    if (played(stage_, file.background)) {
+        // What the background raised is nobody's business.
+        static_cast<void>(stage_.host.takeEvents());
+        stage_.face.notices.clear();
+        stage_.face.warnings.clear();
+        stage_.face.popUp.reset();
+        static_cast<void>(played(stage_, scenario.steps));
+    }
+    stage_.driver.destroy();
+    return std::exchange(stage_.failures, {});
+}
+
+int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv) {
+    bool isList = false;
+    std::string only;
+    std::vector<std::string> paths;
+    for (int at = 1; at < argc; ++at) {
+        const std::string argument = argv[at];
+        if (argument == "--list")
+            isList = true;
+        else if (argument == "--only" && at + 1 < argc)
+            only = argv[++at];
+        else
+            paths.push_back(argument);
+    }
+    if (paths.empty()) {
+        std::fprintf(stderr, "usage: %s [--list] [--only TEXT] FILE.scenario…\n", argv[0]);
+        return 2;
+    }
+    Interpreter interpreter(driver);
+    int count = 0;
+    int failed = 0;
+    try {
+        for (const std::string &path : paths) {
+            const ScenarioFile file = readScenarioFile(path);
+            for (const Scenario &scenario : file.scenarios) {
+                if (scenario.name.find(only) == std::string::npos)
+                    continue;
+                ++count;
+                if (isList) {
+                    std::printf("%s:%d: %s\n", path.c_str(), scenario.number,
+                                scenario.name.c_str());
+                    continue;
+                }
+                const std::vector<Failure> failures = interpreter.play(file, scenario);
+                failed += failures.empty() ? 0 : 1;
+                for (const Failure &failure : failures)
+                    std::printf("%s:%d: in \"%s\"\n    %s\n", path.c_str(), failure.line,
+                                scenario.name.c_str(), failure.message.c_str());
+            }
+        }
+    } catch (const ScriptError &error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return 2;
+    }
+    std::printf("%d scenarios, %d failed\n", count, failed);
+    return failed == 0 && count > 0 ? 0 : 1;
+}
+
+} // namespace tablio::scenario

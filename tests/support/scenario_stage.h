@@ -1,0 +1,80 @@
+#pragma once
+
+/// What the steps and the expectations of one running scenario share: the control and its two
+/// partners, the list of failures, and the reading of a step's words.
+
+#include "support/scenario_driver.h"
+#include "support/scenario_face.h"
+#include "support/scenario_host.h"
+#include "support/scenario_text.h"
+#include "support/scenario_values.h"
+
+#include "state/control_state.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tablio::scenario {
+
+/// Something that is not as a scenario says, ready to be printed.
+struct Failure {
+    int line = 0;
+    std::string message;
+};
+
+class Stage {
+public:
+    explicit Stage(ScenarioDriver &played) : driver(played) {}
+
+    ScenarioDriver &driver;
+    RecordingFace face;
+    ScenarioHost host;
+    std::vector<Failure> failures;
+
+    /// Throw ScriptError while there is no control.
+    [[nodiscard]] Tablio &core() const;
+    [[nodiscard]] ControlState &state() const;
+
+    void fail(const Line &line, std::string message);
+    /// Fails unless the two are equal.
+    void check(const Line &line, std::string_view what, const std::string &expected,
+               const std::string &found);
+};
+
+/// The words of one step, taken one after the other. What is not there, or not of the right kind,
+/// throws ScriptError.
+class Words {
+public:
+    explicit Words(Tokens tokens) : tokens_(std::move(tokens)) {}
+
+    [[nodiscard]] bool atEnd() const { return at_ == tokens_.size(); }
+    [[nodiscard]] const Token &next(std::string_view what);
+    template <typename T> [[nodiscard]] T next(std::string_view what) {
+        return valueOf<T>(next(what));
+    }
+    [[nodiscard]] std::string text() { return next<std::string>("a text in quotes"); }
+    [[nodiscard]] int number(std::string_view what) { return next<int>(what); }
+    [[nodiscard]] CellAddress cell();
+    /// Takes the word if it comes next.
+    bool take(std::string_view word);
+    void require(std::string_view word);
+    /// All that is left.
+    [[nodiscard]] Tokens rest();
+    /// All up to the word, which is taken too.
+    [[nodiscard]] Tokens upTo(std::string_view word);
+    /// Throws when something is left.
+    void end() const;
+
+private:
+    Tokens tokens_;
+    std::size_t at_ = 0;
+};
+
+/// Does what the line says; failed expectations are added to the stage. Throws ScriptError for a
+/// line that cannot be understood, and whatever the control throws.
+void runStep(Stage &stage, const Line &line);
+/// The part of a step behind the word "expect".
+void runExpectation(Stage &stage, Words &words, const Line &line);
+
+} // namespace tablio::scenario

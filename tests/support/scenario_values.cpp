@@ -1,0 +1,343 @@
+#include "support/scenario_values.h"
+
+#include "widgets/utf16.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <limits>
+#include <span>
+
+namespace tablio::scenario {
+
+namespace {
+
+template <typename T> struct Name {
+    std::string_view name;
+    T value;
+};
+
+constexpr Name<KeyCode> keyNames[] = {
+    {"Backspace", Key::Back},
+    {"Tab", Key::Tab},
+    {"Enter", Key::Enter},
+    {"Esc", Key::Escape},
+    {"Space", Key::Space},
+    {"PageUp", Key::PageUp},
+    {"PageDown", Key::PageDown},
+    {"End", Key::End},
+    {"Home", Key::Home},
+    {"Left", Key::Left},
+    {"Up", Key::Up},
+    {"Right", Key::Right},
+    {"Down", Key::Down},
+    {"Insert", Key::Insert},
+    {"Delete", Key::Delete},
+    {"Menu", Key::Menu},
+    {"KeypadDecimal", Key::Decimal},
+    {"F2", Key::F2},
+    {"F4", Key::F4},
+    {"F10", Key::F10},
+    {";", 186},
+    {"=", 187},
+    {",", 188},
+    {"-", 189},
+    {".", 190},
+    {"/", 191},
+    {"`", 192},
+    {"[", 219},
+    {"\\", 220},
+    {"]", 221},
+    {"'", 222},
+};
+
+constexpr Name<ShiftState> shiftNames[] = {
+    {"Shift+", Shift::Shift}, {"Ctrl+", Shift::Ctrl}, {"Alt+", Shift::Alt}};
+
+/// Typed with Shift, and the key's own character.
+constexpr std::string_view shifted = "~!@#$%^&*()_+{}|:\"<>?";
+constexpr std::string_view unshifted = "`1234567890-=[]\\;',./";
+
+constexpr Name<TColumnStyle> styleNames[] = {
+    {"ColumnInput", TColumnStyle::ColumnInput},
+    {"ColumnInputWithLookup", TColumnStyle::ColumnInputWithLookup},
+    {"ColumnFixed", TColumnStyle::ColumnFixed},
+    {"ColumnFixedWithAutoNumber", TColumnStyle::ColumnFixedWithAutoNumber}};
+
+constexpr Name<TColumnType> typeNames[] = {{"ColumnString", TColumnType::ColumnString},
+                                           {"ColumnDecimal", TColumnType::ColumnDecimal},
+                                           {"ColumnInteger", TColumnType::ColumnInteger},
+                                           {"ColumnDate", TColumnType::ColumnDate},
+                                           {"ColumnCombo", TColumnType::ColumnCombo}};
+
+constexpr Name<TDataType> dataTypeNames[] = {
+    {"AllCase", TDataType::AllCase},     {"UpperCase", TDataType::UpperCase},
+    {"LowerCase", TDataType::LowerCase}, {"AllValue", TDataType::AllValue},
+    {"Positive", TDataType::Positive},   {"Negative", TDataType::Negative}};
+
+constexpr Name<TCalcStyle> calcNames[] = {{"NoStyle", TCalcStyle::NoStyle},
+                                          {"CalcStyle", TCalcStyle::CalcStyle}};
+
+constexpr Name<TColumnAlignment> alignmentNames[] = {
+    {"ColumnLeft", TColumnAlignment::ColumnLeft},
+    {"ColumnCentre", TColumnAlignment::ColumnCentre},
+    {"ColumnRight", TColumnAlignment::ColumnRight}};
+
+constexpr Name<WidgetId> widgetNames[] = {
+    {"Grid", WidgetId::Grid},           {"picText", WidgetId::picText},
+    {"txtEdit", WidgetId::txtEdit},     {"picEdit", WidgetId::picEdit},
+    {"cboEdit", WidgetId::cboEdit},     {"txtDateEdit", WidgetId::txtDateEdit},
+    {"cmdLookup", WidgetId::cmdLookup}, {"cmdCalender", WidgetId::cmdCalender},
+    {"picDate", WidgetId::picDate},     {"mvCalender", WidgetId::mvCalender}};
+
+constexpr Name<MenuEntry> menuNames[] = {{"mnuMarkRow", MenuEntry::mnuMarkRow},
+                                         {"mnuAddRow", MenuEntry::mnuAddRow},
+                                         {"mnuInsertRow", MenuEntry::mnuInsertRow},
+                                         {"mnuRemoveRow", MenuEntry::mnuRemoveRow},
+                                         {"mnuTableClear", MenuEntry::mnuTableClear}};
+
+[[noreturn]] void fail(std::string_view what, std::string_view text) {
+    throw ScriptError(std::string(what) + " expected, not " + quoted(text));
+}
+
+template <typename T> bool parseWhole(std::string_view text, T &value, int base = 10) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+    return error == std::errc() && end == text.data() + text.size();
+}
+
+std::int32_t number(const Token &token, std::string_view what = "a number") {
+    std::int32_t value = 0;
+    if (token.quoted || !parseWhole(token.text, value))
+        fail(what, token.text);
+    return value;
+}
+
+template <typename T>
+T onlyNamed(std::span<const Name<T>> names, const Token &token, std::string_view what) {
+    for (const Name<T> &name : names) {
+        if (token.is(name.name))
+            return name.value;
+    }
+    fail(what, token.text);
+}
+
+/// A name of the enumeration, or the number of a value that has none.
+template <typename T>
+T named(std::span<const Name<T>> names, const Token &token, std::string_view what) {
+    for (const Name<T> &name : names) {
+        if (token.is(name.name))
+            return name.value;
+    }
+    return static_cast<T>(number(token, what));
+}
+
+template <typename T> std::string nameIn(std::span<const Name<T>> names, T value) {
+    for (const Name<T> &name : names) {
+        if (name.value == value)
+            return std::string(name.name);
+    }
+    return std::to_string(static_cast<int>(value));
+}
+
+template <typename T, std::size_t size> std::span<const Name<T>> all(const Name<T> (&names)[size]) {
+    return names;
+}
+
+bool isLetterOrDigit(char32_t character) {
+    return (character >= U'a' && character <= U'z') || (character >= U'A' && character <= U'Z') ||
+           (character >= U'0' && character <= U'9');
+}
+
+KeyCode keyNamed(std::string_view name) {
+    if (name.size() == 1 && isLetterOrDigit(static_cast<unsigned char>(name[0])))
+        return static_cast<KeyCode>(name[0] >= 'a' ? name[0] - 32 : name[0]);
+    for (const Name<KeyCode> &key : keyNames) {
+        if (key.name == name)
+            return key.value;
+    }
+    fail("a key's name", name);
+}
+
+char32_t characterOf(KeyCode key, ShiftState shift) {
+    const bool isLetter = key >= 'A' && key <= 'Z';
+    if ((shift & Shift::Alt) != 0)
+        return 0;
+    if ((shift & Shift::Ctrl) != 0)
+        return isLetter ? static_cast<char32_t>(key & 0x1F) : 0;
+    switch (key) {
+    case Key::Back:
+    case Key::Tab:
+    case Key::Enter:
+    case Key::Escape:
+    case Key::Space:
+        return static_cast<char32_t>(key);
+    case Key::Decimal:
+        return U'.';
+    default:
+        break;
+    }
+    if (isLetter)
+        return static_cast<char32_t>((shift & Shift::Shift) != 0 ? key : key + 32);
+    return key >= '0' && key <= '9' ? static_cast<char32_t>(key) : 0;
+}
+
+} // namespace
+
+KeyStroke keyStrokeOf(std::string_view name) {
+    KeyStroke stroke;
+    for (bool found = true; found;) {
+        found = false;
+        for (const Name<ShiftState> &shift : shiftNames) {
+            if (name.size() > shift.name.size() && name.starts_with(shift.name)) {
+                stroke.shift = static_cast<ShiftState>(stroke.shift | shift.value);
+                name.remove_prefix(shift.name.size());
+                found = true;
+            }
+        }
+    }
+    stroke.key = keyNamed(name);
+    stroke.character = characterOf(stroke.key, stroke.shift);
+    return stroke;
+}
+
+KeyStroke keyStrokeFor(char32_t character) {
+    KeyStroke stroke{0, Shift::None, character};
+    if (character == U' ') {
+        stroke.key = Key::Space;
+    } else if (isLetterOrDigit(character)) {
+        const bool isLower = character >= U'a';
+        stroke.key = static_cast<KeyCode>(isLower ? character - 32 : character);
+        stroke.shift = character >= U'A' && !isLower ? Shift::Shift : Shift::None;
+    } else if (character > U' ' && character < 0x7F) {
+        char own = static_cast<char>(character);
+        if (const std::size_t at = shifted.find(own); at != std::string_view::npos) {
+            own = unshifted[at];
+            stroke.shift = Shift::Shift;
+        }
+        stroke.key = keyNamed(std::string_view(&own, 1));
+    }
+    return stroke;
+}
+
+std::string nameOf(KeyCode key, ShiftState shift) {
+    std::string name;
+    for (const Name<ShiftState> &part : shiftNames) {
+        if ((shift & part.value) != 0)
+            name += part.name;
+    }
+    const bool isOwnName = (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
+    return name + (isOwnName ? std::string(1, static_cast<char>(key)) : nameIn(all(keyNames), key));
+}
+
+template <> std::int32_t valueOf<std::int32_t>(const Token &token) { return number(token); }
+
+template <> std::int16_t valueOf<std::int16_t>(const Token &token) {
+    const std::int32_t value = number(token);
+    if (value < std::numeric_limits<std::int16_t>::min() ||
+        value > std::numeric_limits<std::int16_t>::max())
+        fail("a 16-bit number", token.text);
+    return static_cast<std::int16_t>(value);
+}
+
+template <> bool valueOf<bool>(const Token &token) {
+    if (!token.is("True") && !token.is("False"))
+        fail("True or False", token.text);
+    return token.text == "True";
+}
+
+template <> std::string_view valueOf<std::string_view>(const Token &token) {
+    if (!token.quoted)
+        fail("a text in quotes", token.text);
+    return token.text;
+}
+
+template <> std::string valueOf<std::string>(const Token &token) {
+    return std::string(valueOf<std::string_view>(token));
+}
+
+template <> TColumnStyle valueOf<TColumnStyle>(const Token &token) {
+    return named(all(styleNames), token, "a TColumnStyle");
+}
+
+template <> TColumnType valueOf<TColumnType>(const Token &token) {
+    return named(all(typeNames), token, "a TColumnType");
+}
+
+template <> TDataType valueOf<TDataType>(const Token &token) {
+    return named(all(dataTypeNames), token, "a TDataType");
+}
+
+template <> TCalcStyle valueOf<TCalcStyle>(const Token &token) {
+    return named(all(calcNames), token, "a TCalcStyle");
+}
+
+template <> TColumnAlignment valueOf<TColumnAlignment>(const Token &token) {
+    return named(all(alignmentNames), token, "a TColumnAlignment");
+}
+
+template <> Colour valueOf<Colour>(const Token &token) {
+    Colour colour;
+    if (token.quoted || !token.text.starts_with("&H") ||
+        !parseWhole(std::string_view(token.text).substr(2), colour.value, 16))
+        fail("a colour such as &H00FF00", token.text);
+    return colour;
+}
+
+template <> Date valueOf<Date>(const Token &token) {
+    Date date;
+    const std::string_view text = token.text;
+    if (token.quoted || text.size() != 10 || text[4] != '-' || text[7] != '-' ||
+        !parseWhole(text.substr(0, 4), date.year) || !parseWhole(text.substr(5, 2), date.month) ||
+        !parseWhole(text.substr(8, 2), date.day))
+        fail("a date such as 2024-02-29", text);
+    return date;
+}
+
+template <> Font valueOf<Font>(const Token &token) {
+    Font font;
+    for (const Token &part : tokensOf(valueOf<std::string_view>(token))) {
+        int size = 0;
+        if (part.is("bold"))
+            font.bold = true;
+        else if (part.is("italic"))
+            font.italic = true;
+        else if (parseWhole(part.text, size))
+            font.size = static_cast<float>(size);
+        else
+            font.name += (font.name.empty() ? "" : " ") + part.text;
+    }
+    return font;
+}
+
+template <> WidgetId valueOf<WidgetId>(const Token &token) {
+    return onlyNamed(all(widgetNames), token, "a widget's name");
+}
+
+template <> MenuEntry valueOf<MenuEntry>(const Token &token) {
+    return onlyNamed(all(menuNames), token, "a menu entry's name");
+}
+
+std::string shown(std::int32_t value) { return std::to_string(value); }
+std::string shown(bool value) { return value ? "True" : "False"; }
+std::string shown(std::string_view value) { return quoted(value); }
+std::string shown(TColumnStyle value) { return nameIn(all(styleNames), value); }
+std::string shown(TColumnType value) { return nameIn(all(typeNames), value); }
+std::string shown(TCalcStyle value) { return nameIn(all(calcNames), value); }
+std::string shown(TColumnAlignment value) { return nameIn(all(alignmentNames), value); }
+std::string shown(WidgetId value) { return nameIn(all(widgetNames), value); }
+/// Each value has two names, so the number is what can be compared.
+std::string shown(TDataType value) { return std::to_string(static_cast<int>(value)); }
+
+std::string shown(Colour value) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "&H%06X", value.value);
+    return text.data();
+}
+
+std::string shown(const Font &value) {
+    return quoted(value.name + " " + std::to_string(static_cast<int>(value.size)) +
+                  (value.bold ? " bold" : "") + (value.italic ? " italic" : ""));
+}
+
+} // namespace tablio::scenario

@@ -1,0 +1,236 @@
+#include "model/grid_view.h"
+
+#include <tablio/errors.h>
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <vector>
+
+namespace tablio {
+
+static void PrintTo(const Rect &rect, std::ostream *stream) {
+    *stream << rect.left << ' ' << rect.top << ' ' << rect.width << ' ' << rect.height;
+}
+
+namespace {
+
+/// One header row, one fixed column; rows are 300 high and columns 1,000 wide.
+class GridViewTest : public testing::Test, public GridTableObserver, public GridViewObserver {
+protected:
+    GridViewTest() {
+        table.setRows(21);
+        table.setCols(6);
+        table.setFixedCols(1);
+        for (int col = 0; col < 6; ++col)
+            table.setColWidth(col, 1000);
+        view.setSize(3500, 1600);
+        forget();
+    }
+
+    void cellChanged(int row, int col) override { view.invalidateCell(row, col); }
+    void tableChanged() override { view.tableChanged(); }
+    void areaChanged(const Rect &area) override { areas.push_back(area); }
+    void scrolled() override { ++scrolls; }
+
+    void forget() {
+        areas.clear();
+        scrolls = 0;
+    }
+
+    [[nodiscard]] static std::vector<int> indexes(const std::vector<GridView::Span> &spans) {
+        std::vector<int> result;
+        for (const GridView::Span &span : spans)
+            result.push_back(span.index);
+        return result;
+    }
+
+    GridTable table{*this};
+    GridView view{table, *this};
+    std::vector<Rect> areas;
+    int scrolls = 0;
+};
+
+using Indexes = std::vector<int>;
+
+TEST_F(GridViewTest, CellsStandWhereTheScrollPositionPutsThem) {
+    EXPECT_EQ(view.cellRect(0, 0), (Rect{0, 0, 1000, 300}));
+    EXPECT_EQ(view.cellRect(2, 3), (Rect{3000, 600, 1000, 300}));
+    view.setTopRow(5);
+    view.setLeftCol(2);
+    EXPECT_EQ(view.cellRect(0, 0), (Rect{0, 0, 1000, 300}));
+    EXPECT_EQ(view.cellRect(5, 2), (Rect{1000, 300, 1000, 300}));
+    EXPECT_EQ(view.cellRect(7, 3), (Rect{2000, 900, 1000, 300}));
+}
+
+TEST_F(GridViewTest, ACellThatIsScrolledAwayLiesOutsideTheView) {
+    view.setTopRow(5);
+    view.setLeftCol(3);
+    for (const int row : {1, 4})
+        EXPECT_LE(view.cellRect(row, 4).bottom(), 0) << row;
+    EXPECT_EQ(view.cellRect(4, 4).top, -300);
+    for (const int col : {1, 2})
+        EXPECT_LE(view.cellRect(6, col).right(), 0) << col;
+    EXPECT_EQ(view.cellRect(6, 2).left, -1000);
+}
+
+TEST_F(GridViewTest, ListsWhatIsVisibleInPartsToo) {
+    // 1,600 twips: the header and four and a third rows; 3,500: three and a half columns.
+    EXPECT_EQ(indexes(view.visibleRows()), (Indexes{0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(indexes(view.visibleCols()), (Indexes{0, 1, 2, 3}));
+    view.setTopRow(10);
+    view.setLeftCol(3);
+    EXPECT_EQ(indexes(view.visibleRows()), (Indexes{0, 10, 11, 12, 13, 14}));
+    EXPECT_EQ(indexes(view.visibleCols()), (Indexes{0, 3, 4, 5}));
+    EXPECT_EQ(view.pageRows(), 4);
+}
+
+TEST_F(GridViewTest, HiddenRowsAndColumnsAreNeitherListedNorHit) {
+    table.setRowHeight(2, 0);
+    table.setColWidth(1, 0);
+    EXPECT_EQ(indexes(view.visibleRows()), (Indexes{0, 1, 3, 4, 5, 6}));
+    EXPECT_EQ(indexes(view.visibleCols()), (Indexes{0, 2, 3, 4}));
+    EXPECT_EQ(view.hitTest(1000, 600), (CellAddress{3, 2}));
+    EXPECT_TRUE(view.cellRect(2, 1).isEmpty());
+}
+
+TEST_F(GridViewTest, EveryPointBelongsToTheCellWhoseRectangleHasIt) {
+    table.setRowHeight(3, 450);
+    table.setColWidth(2, 333);
+    view.setTopRow(2);
+    view.setLeftCol(2);
+    for (Twips y = 0; y < view.Height(); y += 70) {
+        for (Twips x = 0; x < view.Width(); x += 111) {
+            const std::optional<CellAddress> cell = view.hitTest(x, y);
+            if (cell) {
+                EXPECT_TRUE(view.cellRect(cell->row, cell->col).contains(x, y)) << x << ' ' << y;
+            }
+        }
+    }
+    EXPECT_EQ(view.hitTest(1000, 300), (CellAddress{2, 2}));
+    EXPECT_EQ(view.hitTest(999, 299), (CellAddress{0, 0}));
+    EXPECT_EQ(view.hitTest(-1, 0), std::nullopt);
+    table.setCols(3);
+    EXPECT_EQ(view.hitTest(3000, 300), std::nullopt) << "right of the last column";
+}
+
+TEST_F(GridViewTest, ScrollsNoFurtherThanTheLastRowNeeds) {
+    // 1,300 twips of data rows hold four of the twenty.
+    EXPECT_EQ(view.maxTopRow(), 17);
+    view.setTopRow(20);
+    EXPECT_EQ(view.TopRow(), 17);
+    view.setTopRow(0);
+    EXPECT_EQ(view.TopRow(), 1) << "the header never scrolls";
+    view.setLeftCol(5);
+    EXPECT_EQ(view.LeftCol(), 4);
+    EXPECT_THROW(view.setTopRow(21), GridError);
+    EXPECT_THROW(view.setLeftCol(-1), GridError);
+}
+
+TEST_F(GridViewTest, ALastRowHigherThanTheViewCanBeReached) {
+    table.setRowHeight(20, 5000);
+    EXPECT_EQ(view.maxTopRow(), 20);
+    view.ensureVisible(20, 1);
+    EXPECT_EQ(view.TopRow(), 20);
+    EXPECT_EQ(view.cellRect(20, 1).top, 300);
+}
+
+TEST_F(GridViewTest, ShowsACellWithAsLittleScrollingAsNeeded) {
+    view.ensureVisible(4, 2);
+    EXPECT_EQ(scrolls, 0) << "it is visible already";
+    view.ensureVisible(5, 2);
+    EXPECT_EQ(view.TopRow(), 2);
+    view.ensureVisible(5, 3);
+    EXPECT_EQ(view.LeftCol(), 2);
+    view.ensureVisible(1, 1);
+    EXPECT_EQ(view.TopRow(), 1);
+    EXPECT_EQ(view.LeftCol(), 1);
+    view.setTopRow(7);
+    view.ensureVisible(0, 3);
+    EXPECT_EQ(view.TopRow(), 7) << "a header cell is always visible";
+}
+
+TEST_F(GridViewTest, KeepsTheScrollPositionInsideASmallerTable) {
+    view.setTopRow(17);
+    view.setLeftCol(4);
+    table.setRows(3);
+    EXPECT_EQ(view.TopRow(), 1);
+    table.setCols(2);
+    EXPECT_EQ(view.LeftCol(), 1);
+    table.setRows(0);
+    table.setCols(0);
+    EXPECT_TRUE(view.visibleRows().empty());
+    EXPECT_EQ(view.hitTest(10, 10), std::nullopt);
+    table.setRows(40);
+    table.setCols(2);
+    EXPECT_EQ(view.hitTest(10, 10), (CellAddress{0, 0}));
+}
+
+TEST_F(GridViewTest, FindsColumnBordersInTheHeaderOnly) {
+    EXPECT_EQ(view.columnEdgeAt(2000, 10, 60), 1);
+    EXPECT_EQ(view.columnEdgeAt(1941, 299, 60), 1);
+    EXPECT_EQ(view.columnEdgeAt(1939, 10, 60), std::nullopt);
+    EXPECT_EQ(view.columnEdgeAt(2000, 300, 60), std::nullopt);
+    view.setLeftCol(3);
+    EXPECT_EQ(view.columnEdgeAt(2000, 10, 60), 3);
+}
+
+TEST_F(GridViewTest, PaintsACellOnlyWhereItIsSeen) {
+    table.setTextMatrix(2, 1, "x");
+    ASSERT_EQ(areas.size(), 1U);
+    EXPECT_EQ(areas[0], (Rect{1000, 600, 1000, 300}));
+    forget();
+    table.setTextMatrix(15, 1, "x");
+    table.setTextMatrix(2, 5, "x");
+    EXPECT_TRUE(areas.empty());
+    view.setTopRow(14);
+    view.setLeftCol(3);
+    forget();
+    table.setTextMatrix(15, 3, "x");
+    ASSERT_EQ(areas.size(), 1U);
+    EXPECT_EQ(areas[0], (Rect{1000, 600, 1000, 300}));
+    forget();
+    table.setTextMatrix(2, 3, "x");
+    table.setTextMatrix(15, 1, "x");
+    EXPECT_TRUE(areas.empty());
+    table.setTextMatrix(15, 0, "x");
+    EXPECT_EQ(areas.size(), 1U) << "the fixed column never scrolls";
+}
+
+TEST_F(GridViewTest, WithoutRedrawNothingIsReportedUntilItComesBack) {
+    view.setRedraw(false);
+    table.setTextMatrix(2, 1, "x");
+    view.setTopRow(5);
+    table.setRows(30);
+    EXPECT_TRUE(areas.empty());
+    EXPECT_EQ(scrolls, 0);
+    view.setRedraw(true);
+    ASSERT_EQ(areas.size(), 1U);
+    EXPECT_EQ(areas[0], (Rect{0, 0, 3500, 1600}));
+    EXPECT_EQ(scrolls, 1);
+    forget();
+    view.setRedraw(false);
+    view.setRedraw(true);
+    EXPECT_TRUE(areas.empty()) << "nothing had changed";
+}
+
+TEST_F(GridViewTest, ACellWrittenAfterTheRowsMovedIsStillFound) {
+    // The last visible row is remembered; sizes and counts must make it be looked up again.
+    table.setTextMatrix(5, 1, "x");
+    forget();
+    table.setRowHeight(1, 1300);
+    forget();
+    table.setTextMatrix(5, 1, "y");
+    EXPECT_TRUE(areas.empty()) << "pushed out of the view";
+    table.setRowHeight(1, 30);
+    forget();
+    table.setTextMatrix(5, 1, "z");
+    EXPECT_EQ(areas.size(), 1U);
+    view.setSize(3500, 3200);
+    forget();
+    table.setTextMatrix(9, 1, "z");
+    EXPECT_EQ(areas.size(), 1U);
+}
+
+} // namespace
+} // namespace tablio

@@ -1,0 +1,174 @@
+#include "runner/core_driver.h"
+#include "support/scenario_interpreter.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tablio::scenario {
+namespace {
+
+constexpr std::string_view background = R"(
+background
+  columns
+    "Code" text width 1500
+    "Qty"  decimal width 900 format "0.00"
+  set Rows 3
+  show
+  focus enters
+
+scenario "one"
+)";
+
+/// What a scenario with this one step (and the lines below it) reports; "" when all is well.
+std::string reportOf(const std::string &step) {
+    const ScenarioFile file =
+        parseScenarios("test", std::string(background) + "  type \"AB\"\n  " + step + "\n");
+    CoreDriver driver;
+    Interpreter interpreter(driver);
+    std::string report;
+    for (const Failure &failure : interpreter.play(file, file.scenarios.front()))
+        report += std::to_string(failure.line) + ": " + failure.message + "\n";
+    return report;
+}
+
+TEST(ScenarioLanguage, WhatIsAsExpectedIsNotReported) {
+    for (const char *step : {
+             "expect editor shows \"AB|\" over cell 1 0 tag \"\" align left max 64",
+             "expect cursor at 1 0",
+             "expect focus on txtEdit",
+             "expect Rows is 3",
+             "expect menu mnuAddRow disabled unchecked",
+             "expect widget picText visible at 0 300 1500 300",
+             "call CellFocus 9 0 fails \"row 9\"",
+             "expect events of EditPreValidation\n    EditPreValidation 1 0",
+             "expect table\n    | Code | Qty |\n    | [] | |\n    | | |",
+         })
+        EXPECT_EQ(reportOf(step), "") << step;
+}
+
+TEST(ScenarioLanguage, WhatIsNotAsExpectedIsReportedWithBoth) {
+    const struct {
+        const char *step;
+        const char *expected;
+    } cases[] = {
+        {"expect editor closed", "the editor is open and shows \"AB|\""},
+        {"expect editor shows \"A|B\"", "expected \"A|B\", found \"AB|\""},
+        {"expect editor over cell 2 0", "expected 0 600 1500 300, found 0 300 1500 300"},
+        {"expect editor tag \"x\"", "expected \"x\", found \"\""},
+        {"expect cursor at 1 1", "expected 1 1, found 1 0"},
+        {"expect focus on Grid", "expected Grid, found txtEdit"},
+        {"expect Rows is 4", "Rows: expected 4, found 3"},
+        {"expect cell 1 0 shows \"AB\"", "shown: expected \"AB\", found \"\""},
+        {"expect cell 1 1 shows \"\" reads \"\"", "read: expected \"\", found \"0\""},
+        {"expect menu mnuAddRow enabled", "expected enabled, found disabled"},
+        {"expect widget cmdLookup visible", "expected visible, found hidden"},
+        {"expect clipboard \"x\"", "expected \"x\", found \"\""},
+        {"expect notices Rows", "expected Rows, found nothing more"},
+        {"expect no events", "expected nothing more, found TableKeyDown 1 0 Shift+A"},
+        {"expect events of EditPreValidation\n    EditPreValidation 1 1",
+         "expected EditPreValidation 1 1, found EditPreValidation 1 0"},
+        {"expect events of EditPreValidation\n    EditPreValidation 1 0\n    EditPreValidation 2 0",
+         "expected EditPreValidation 2 0, found nothing more"},
+        {"expect table\n    | Code | Qty |\n    |  | |\n    | | |", "found:"},
+        {"expect control destroyed", "still there"},
+        {"call CellFocus 9 0", "this throws"},
+        {"call CellFocus 9 0 fails \"column\"", "expected an error with \"column\""},
+        {"call CellFocus 2 0 fails \"row\"", "there was none"},
+    };
+    for (const auto &each : cases) {
+        const std::string report = reportOf(each.step);
+        EXPECT_TRUE(report.starts_with("12: ")) << each.step << '\n' << report;
+        EXPECT_NE(report.find(each.expected), std::string::npos) << each.step << '\n' << report;
+    }
+}
+
+TEST(ScenarioLanguage, AStepThatMakesNoSenseIsReported) {
+    const struct {
+        const char *step;
+        const char *expected;
+    } cases[] = {
+        {"tpye \"x\"", "there is no step \"tpye\""},
+        {"press Entre", "a key's name expected"},
+        {"type x", "a text in quotes expected"},
+        {"press Enter now", "a number expected"},
+        {"expect cursor 1 0", "the word \"at\""},
+        {"expect Rowz is 3", "no member Rowz"},
+        {"expect Rows is \"3\"", "a number expected"},
+        {"expect TextMatrix 1 is \"\"", "takes 2 values here, not 1"},
+        {"set DataCount 3", "cannot be used like this"},
+        {"call AddRow 5", "takes 0 values"},
+        {"when EditStart do show", "no event EditStart"},
+        {"when CellFocus answer Cancel True", "no argument Cancel"},
+        {"when TableChange at 1 0 do show", "happens at no cell"},
+        {"expect events\n", "should stand below"},
+        {"expect events of CellFocuss\n    CellFocuss 1 0", "no event CellFocuss"},
+        {"show\n    deeper", "indented too far"},
+        {"click cell 99 0", "throws"},
+        {"click cell 1 0", "the editor lies over the cell"},
+        {"push cmdLookup", "not to be seen"},
+    };
+    for (const auto &each : cases) {
+        const std::string report = reportOf(each.step);
+        EXPECT_NE(report.find(each.expected), std::string::npos) << each.step << '\n' << report;
+    }
+}
+
+TEST(ScenarioLanguage, WhatFailsInsideAHandlerIsReported) {
+    EXPECT_NE(reportOf("when EditPostValidation do expect cursor at 9 9\n  press Enter")
+                  .find("expected 9 9, found 1 0"),
+              std::string::npos);
+    EXPECT_NE(
+        reportOf("when EditPostValidation do call CellFocus 9 0\n  press Enter").find("row 9"),
+        std::string::npos);
+    EXPECT_NE(reportOf("when EditPostValidation do\n    tpye\n  press Enter").find("no step"),
+              std::string::npos);
+}
+
+TEST(ScenarioLanguage, AFileThatCannotBeReadNamesItsLine) {
+    const struct {
+        const char *text;
+        const char *expected;
+    } cases[] = {
+        {"  show\n", "test:1: this step stands outside"},
+        {"scenario \"a\"\n  show\n\nscenaro \"b\"\n", "test:4: a section is"},
+        {"scenario \"a\"\n  show\nbackground\n  show\n", "test:3: a section is"},
+        {"scenario \"a\"\n    show\n  show\n", "test:3: this step is indented less"},
+        {"scenario \"a\"\n\tshow\n", "test:2: indent with blanks"},
+        {"background\n  show\n", "no scenario in this file"},
+        {"scenario \"a\n", "no closing quote"},
+    };
+    for (const auto &each : cases) {
+        try {
+            static_cast<void>(parseScenarios("test", each.text));
+            ADD_FAILURE() << each.text;
+        } catch (const ScriptError &error) {
+            EXPECT_NE(std::string(error.what()).find(each.expected), std::string::npos)
+                << error.what();
+        }
+    }
+}
+
+TEST(ScenarioLanguage, EachScenarioStartsAfresh) {
+    const ScenarioFile file = parseScenarios("test", std::string(background) + R"(
+  when EditPreValidation answer Cancel True
+  locale decimal "," group "."
+  clipboard holds "x"
+  call AddRow
+  destroy
+
+scenario "two"
+  expect clipboard ""
+  expect Rows is 3
+  type "1.5"
+  expect editor shows "1.5|"
+)");
+    CoreDriver driver;
+    Interpreter interpreter(driver);
+    for (const Scenario &scenario : file.scenarios)
+        EXPECT_TRUE(interpreter.play(file, scenario).empty()) << scenario.name;
+}
+
+} // namespace
+} // namespace tablio::scenario

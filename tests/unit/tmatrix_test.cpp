@@ -1,0 +1,102 @@
+#include <tablio/tmatrix.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+
+namespace tablio {
+namespace {
+
+std::string textAt(const TMatrix &matrix, int row, int col) {
+    return std::get<std::string>(matrix.Text(row, col));
+}
+
+TEST(TMatrix, AnswersWhatWasLastWrittenUnderTheJoinedNumber) {
+    TMatrix matrix;
+    EXPECT_EQ(textAt(matrix, 3, 12), "");
+    matrix.setText(3, 12, "first");
+    matrix.setText(3, 12, "second");
+    EXPECT_EQ(textAt(matrix, 3, 12), "second");
+    EXPECT_EQ(textAt(matrix, 31, 2), "second");
+    EXPECT_EQ(matrix.size(), 1U);
+    matrix.setText(1, 11, "joined");
+    EXPECT_EQ(textAt(matrix, 11, 1), "joined");
+    matrix.setText(11, 1, "over");
+    EXPECT_EQ(textAt(matrix, 1, 11), "over");
+}
+
+TEST(TMatrix, TheMinusSignIsPartOfTheNumber) {
+    TMatrix matrix;
+    matrix.setText(-1, 2, "minus");
+    EXPECT_EQ(textAt(matrix, -1, 2), "minus");
+    EXPECT_EQ(textAt(matrix, 1, 2), "");
+    matrix.setText(1, -2, "inside");
+    EXPECT_EQ(textAt(matrix, -1, 2), "minus");
+    EXPECT_EQ(textAt(matrix, 1, -2), "inside");
+}
+
+TEST(TMatrix, KeysAreAlikeExactlyWhenTheJoinedTextsAre) {
+    // The numbers around each power of ten, where a packed key could go wrong.
+    const int numbers[] = {0,   1,    9,    10,    11,    12,     99, 100, 101, 110,
+                           111, 1000, 1111, 10000, 32767, -32768, -1, -10, -11, -100};
+    TMatrix matrix;
+    std::map<std::string, std::string> expected;
+    for (const int row : numbers) {
+        for (const int col : numbers) {
+            const std::string joined = std::to_string(row) + std::to_string(col);
+            const std::string value = std::to_string(row) + " " + std::to_string(col);
+            matrix.setText(row, col, value);
+            expected[joined] = value;
+        }
+    }
+    EXPECT_EQ(matrix.size(), expected.size());
+    for (const int row : numbers) {
+        for (const int col : numbers)
+            ASSERT_EQ(textAt(matrix, row, col),
+                      expected[std::to_string(row) + std::to_string(col)]);
+    }
+}
+
+TEST(TMatrix, HoldsValuesOfEveryKind) {
+    TMatrix matrix;
+    matrix.setText(1, 1, 12);
+    matrix.setText(1, 2, 1.5);
+    matrix.setText(1, 3, true);
+    const auto object = std::make_shared<int>(7);
+    matrix.setText(1, 4, std::shared_ptr<void>(object));
+    EXPECT_EQ(matrix.Text(1, 1), MatrixValue(12));
+    EXPECT_EQ(matrix.Text(1, 2), MatrixValue(1.5));
+    EXPECT_EQ(matrix.Text(1, 3), MatrixValue(true));
+    EXPECT_EQ(std::get<std::shared_ptr<void>>(matrix.Text(1, 4)), object);
+}
+
+TEST(TMatrix, NumbersBeyond16BitsHaveNoCell) {
+    TMatrix matrix;
+    matrix.setText(32768, 1, "x");
+    matrix.setText(1, -32769, "x");
+    EXPECT_TRUE(matrix.isEmpty());
+    EXPECT_EQ(textAt(matrix, 32768, 1), "");
+}
+
+TEST(TMatrix, RowsShiftWithTheirValuesAndDropWhatLeaves) {
+    TMatrix matrix;
+    for (int row = 1; row <= 5; ++row) {
+        matrix.setText(row, 0, "fixed " + std::to_string(row));
+        matrix.setText(row, 2, "row " + std::to_string(row));
+    }
+    matrix.shiftRows(2, 5, -1, 1);
+    EXPECT_EQ(textAt(matrix, 1, 2), "row 1");
+    EXPECT_EQ(textAt(matrix, 2, 2), "row 3");
+    EXPECT_EQ(textAt(matrix, 4, 2), "row 5");
+    EXPECT_EQ(textAt(matrix, 5, 2), "");
+    EXPECT_EQ(textAt(matrix, 3, 0), "fixed 3") << "columns before the first stay";
+    matrix.shiftRows(1, 4, 1, 1);
+    EXPECT_EQ(textAt(matrix, 1, 2), "");
+    EXPECT_EQ(textAt(matrix, 2, 2), "row 1");
+    EXPECT_EQ(textAt(matrix, 4, 2), "row 4");
+    EXPECT_EQ(textAt(matrix, 5, 2), "") << "row 5 was pushed out";
+}
+
+} // namespace
+} // namespace tablio
