@@ -129,6 +129,16 @@ if(NOT TARGET tablio_demo OR NOT window_tests)
 elseif(NOT TABLIO_XVFB OR NOT TABLIO_XDOTOOL)
     message(STATUS "Tablio: no Xvfb or no xdotool here, no window tests")
 else()
+    # Once more through a real window: focus and keys can differ from the offscreen platform.
+    if(TARGET tablio_qt_scenarios)
+        list(TRANSFORM scenarios PREPEND "${tests_dir}/scenarios/" OUTPUT_VARIABLE scenario_files)
+        add_test(NAME window.scenarios
+            COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/scripts/with-display"
+                $<TARGET_FILE:tablio_qt_scenarios> ${scenario_files})
+        set_tests_properties(window.scenarios PROPERTIES
+            LABELS window TIMEOUT 300 RUN_SERIAL ON
+            ENVIRONMENT "QT_QPA_PLATFORM=xcb;${test_environment}")
+    endif()
     foreach(script IN LISTS window_tests)
         get_filename_component(subject "${script}" NAME_WE)
         add_test(NAME window.${subject}

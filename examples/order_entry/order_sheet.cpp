@@ -19,6 +19,8 @@ constexpr int spareRows = 12;
 /// The most rows that the control counts, its header included.
 constexpr int mostRows = 32768;
 
+constexpr tablio::Colour red{0x2020D0};
+
 /// Many cells at once are painted once.
 class PaintingOff {
 public:
@@ -90,6 +92,7 @@ void OrderSheet::cellEdited(int row, int col, bool &valid, int lastKey) {
     const std::optional<Money> total = priceAt(row).times(quantityAt(row));
     if (!total) {
         valid = false; // The control puts back what the cell held before.
+        emit refused(tr("The total of row %1 would be too large.").arg(row));
         return;
     }
     if (lineAt(row) || *total != Money())
@@ -192,8 +195,23 @@ bool OrderSheet::save() {
             failure_ = error.message();
         }
     }
+    showUnsaved();
     emit changed();
     return unsaved_.empty();
+}
+
+/// The numbers of rows that are not saved are red.
+void OrderSheet::showUnsaved() {
+    const auto paint = [this](int row, tablio::Colour colour) {
+        if (row < grid_.rows())
+            grid_.core().setCellForeColor(row, Number, colour);
+    };
+    for (const int row : std::exchange(redRows_, {}))
+        paint(row, grid_.core().ForeColorFixed());
+    for (const auto &entry : unsaved_) {
+        paint(entry.first, red);
+        redRows_.insert(entry.first);
+    }
 }
 
 QString OrderSheet::problem() const {

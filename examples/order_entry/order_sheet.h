@@ -11,6 +11,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 
 namespace tablio::qt {
 class TablioWidget;
@@ -37,6 +38,8 @@ public:
 signals:
     /// Lines have changed, or the problem is another.
     void changed();
+    /// What was entered cannot be taken, and why.
+    void refused(const QString &reason);
     /// The operator has cleared the table. A slot that sets `keep` gets all lines back.
     void cleared(bool &keep);
 
@@ -55,6 +58,8 @@ private:
     void noteRow(int row);
     [[nodiscard]] std::optional<OrderLine> lineAt(int row) const;
 
+    void showUnsaved();
+
     // Cells.
     [[nodiscard]] QString textAt(int row, int col) const;
     [[nodiscard]] qint64 quantityAt(int row) const;
@@ -68,5 +73,6 @@ private:
     /// By row: the line that has to be written, nothing where one has to go.
     std::map<int, std::optional<OrderLine>> unsaved_;
     QString failure_;
+    std::set<int> redRows_;
     bool typing_ = false;
 };

@@ -74,6 +74,7 @@ OrderWindow::OrderWindow(OrderBook &book) {
     connect(log_, &EventLog::heard, lastEvent, &QLabel::setText);
     sheet_ = new OrderSheet(*grid_, book, this);
     connect(sheet_, &OrderSheet::changed, this, &OrderWindow::showTotals);
+    connect(sheet_, &OrderSheet::refused, problem_, &QLabel::setText);
     connect(sheet_, &OrderSheet::cleared, this, [this](bool &keep) {
         keep = QMessageBox::question(this, tr("Order entry"),
                                      tr("Remove all %1 lines?").arg(sheet_->lines().size())) !=

@@ -18,7 +18,8 @@ namespace {
 
 /// What a line edit keeps free at its sides by itself, in pixels.
 constexpr int ownMargin = 2;
-constexpr int caretWidth = 1;
+/// And behind a right-aligned text, for the caret.
+constexpr int caretRoom = 2;
 /// So that the text does not move when the editor opens over it.
 constexpr int textMargin = 3;
 
@@ -59,7 +60,7 @@ void NativeTextBox::place(const ShownEditor &editor) {
 
     const int covered = parts_.coveredByButtons(inner.x() + width);
     const int side = textMargin - ownMargin;
-    setTextMargins(side, 0, side - (editor.alignsRight ? caretWidth : 0) + covered, 0);
+    setTextMargins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + covered, 0);
     setAlignment((editor.alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (moved)
         updateMicroFocus();

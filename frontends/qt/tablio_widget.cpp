@@ -139,10 +139,6 @@ void TablioWidget::setStatusCell(bool status) { d_->core.setSetStatusCell(status
 int TablioWidget::rowHeight(int row) const { return d_->core.RowHeight(row); }
 void TablioWidget::setRowHeight(int row, int twips) { d_->core.setRowHeight(row, twips); }
 
-void TablioWidget::addRow() { d_->core.AddRow(); }
-void TablioWidget::tableClear() { d_->core.TableClear(); }
-int TablioWidget::dataCount() const { return d_->core.DataCount(); }
-void TablioWidget::focusCell(int row, int col) { d_->core.CellFocus(row, col); }
 bool TablioWidget::hostKeyPreview() const { return d_->face.hostKeyPreview(); }
 
 } // namespace tablio::qt

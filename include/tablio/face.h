@@ -28,7 +28,7 @@ enum class WidgetId {
 };
 
 /// Every function has a neutral answer, so that a face without, say, a clipboard leaves it out.
-/// Lengths are twips.
+/// Lengths are twips. A face does not throw: the core calls it also while an error is on its way.
 class Face {
 public:
     virtual ~Face() = default;

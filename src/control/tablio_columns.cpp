@@ -126,8 +126,12 @@ void Tablio::SetColProperty(int ColIndex, std::string_view NewColTextHeader, Twi
                             TColumnAlignment NewColHeaderAlignment,
                             TColumnAlignment NewColDataAlignment, int NewColMaxlength,
                             std::string_view NewColFormat) {
+    // Nothing is set when one of the arguments cannot be.
+    const Twips width = to16Bit(NewColWidth, "NewColWidth");
+    static_cast<void>(to16Bit(NewColMaxlength, "NewColMaxlength"));
+    control_->state.columns.checkEntry(index16(ColIndex));
     setColTextHeader(ColIndex, NewColTextHeader);
-    setColWidth(ColIndex, to16Bit(NewColWidth, "NewColWidth"));
+    setColWidth(ColIndex, width);
     setColStyle(ColIndex, NewColStyle);
     setColEditType(ColIndex, NewColEditType);
     setColHeaderAlignment(ColIndex, NewColHeaderAlignment);

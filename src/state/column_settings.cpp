@@ -57,12 +57,15 @@ const std::string &ColumnSettings::text(List list, int col) const {
     return none;
 }
 
-void ColumnSettings::setText(List list, int col, std::string value) {
-    std::vector<std::string> &entries = lists_[list];
-    if (col < 0 || static_cast<std::size_t>(col) >= entries.size())
+void ColumnSettings::checkEntry(int col) const {
+    if (col < 0 || col >= length())
         throw GridError("column setting: column " + std::to_string(col) + " is outside 0 to " +
-                        std::to_string(static_cast<long>(entries.size()) - 1));
-    entries[static_cast<std::size_t>(col)] = std::move(value);
+                        std::to_string(length() - 1));
+}
+
+void ColumnSettings::setText(List list, int col, std::string value) {
+    checkEntry(col);
+    lists_[list][static_cast<std::size_t>(col)] = std::move(value);
 }
 
 void ColumnSettings::setNumber(List list, int col, std::int32_t value) {

@@ -31,6 +31,8 @@ public:
     /// column that neither the lists nor the grid have; writing needs an entry in the list.
     [[nodiscard]] const std::string &text(List list, int col) const;
     void setText(List list, int col, std::string value);
+    /// Throws GridError for a column without an entry to write to.
+    void checkEntry(int col) const;
     void setNumber(List list, int col, std::int32_t value);
 
     /// Makes the lists follow the grid's column count. More columns get default entries; after

@@ -6,6 +6,7 @@
 
 #include <QDate>
 #include <QMetaEnum>
+#include <QMetaProperty>
 #include <QScrollBar>
 
 using tablio::qt::TablioWidget;
@@ -36,6 +37,60 @@ TEST(Properties, AllAreWrittenAndReadByName) {
     }
     EXPECT_EQ(changed.size(), std::size(values) - 1) << "all but SetStatusCell tell";
     EXPECT_EQ(changed.last(), "HeaderRowHeight");
+}
+
+TEST(Properties, ColoursFollowThePaletteUntilTheyAreSet) {
+    TablioWidget grid;
+    QPalette palette = grid.palette();
+    palette.setColor(QPalette::Base, QColor(1, 2, 3));
+    grid.setPalette(palette);
+    EXPECT_EQ(grid.property("backColorData"), QColor(1, 2, 3));
+    const QMetaObject &meta = TablioWidget::staticMetaObject;
+    int colours = 0;
+    for (int index = meta.propertyOffset(); index < meta.propertyCount(); ++index) {
+        const QMetaProperty property = meta.property(index);
+        if (property.typeId() != QMetaType::QColor)
+            continue;
+        const QColor colour(10, 20 + index, 30);
+        EXPECT_TRUE(property.write(&grid, colour)) << property.name();
+        EXPECT_EQ(property.read(&grid), colour) << property.name();
+        ++colours;
+    }
+    EXPECT_EQ(colours, 11);
+}
+
+TEST(Properties, MethodsReachTheRightCellsAndRows) {
+    TablioWidget grid;
+    grid.setCols(3);
+    grid.setRows(6);
+    grid.setCheckBoxes(1);
+    grid.setTextMatrix(2, 0, "Bolt");
+    grid.setTextMatrix(4, 0, " bolt ");
+    EXPECT_EQ(grid.findDuplicatePrimaryColumn(2), 4);
+    EXPECT_EQ(grid.dataCount(), 4);
+    grid.check(4, true);
+    EXPECT_TRUE(grid.checked(4));
+    EXPECT_FALSE(grid.checked(2));
+    grid.setColEditType(1, TablioWidget::ColumnCombo);
+    grid.setTextMatrix(2, 1, "kg");
+    grid.comboAddItem("m");
+    grid.comboAddItem("kg");
+    EXPECT_EQ(grid.listIndex(2, 1), 1);
+    grid.setCellForeColor(3, 1, QColor(200, 0, 0));
+    grid.setCellFontBold(3, 1, true);
+    grid.setCellFontSize(3, 1, 14);
+    EXPECT_EQ(grid.cellForeColor(3, 1), QColor(200, 0, 0));
+    EXPECT_TRUE(grid.cellFontBold(3, 1));
+    EXPECT_EQ(grid.cellFontSize(3, 1), 14);
+    EXPECT_FALSE(grid.cellFontItalic(3, 1));
+    grid.focusCell(2, 0);
+    grid.markActiveRow();
+    EXPECT_EQ(grid.markRow(), 2);
+    grid.removeRow(2);
+    EXPECT_FALSE(grid.markStatus());
+    EXPECT_EQ(grid.textMatrix(3, 0), " bolt ");
+    grid.resetRow(3);
+    EXPECT_EQ(grid.dataCount(), 0);
 }
 
 TEST(Properties, EnumerationsHaveTheCoresValues) {

@@ -6,6 +6,7 @@
 
 #include <tablio/tablio.h>
 
+#include <QColor>
 #include <QString>
 #include <QVariant>
 #include <QWidget>
@@ -46,6 +47,20 @@ class TablioWidget : public QWidget {
     Q_PROPERTY(int rowMinHeight READ rowMinHeight WRITE setRowMinHeight)
     Q_PROPERTY(int headerRowHeight READ headerRowHeight WRITE setHeaderRowHeight)
     Q_PROPERTY(bool wordWrap READ wordWrap WRITE setWordWrap)
+    Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor)
+    Q_PROPERTY(QColor backColorData READ backColorData WRITE setBackColorData)
+    Q_PROPERTY(QColor foreColorData READ foreColorData WRITE setForeColorData)
+    Q_PROPERTY(QColor backColorFixed READ backColorFixed WRITE setBackColorFixed)
+    Q_PROPERTY(QColor foreColorFixed READ foreColorFixed WRITE setForeColorFixed)
+    Q_PROPERTY(QColor gridColorData READ gridColorData WRITE setGridColorData)
+    Q_PROPERTY(QColor gridColorFixed READ gridColorFixed WRITE setGridColorFixed)
+    Q_PROPERTY(QColor backColorMarkRow READ backColorMarkRow WRITE setBackColorMarkRow)
+    Q_PROPERTY(QColor foreColorMarkRow READ foreColorMarkRow WRITE setForeColorMarkRow)
+    Q_PROPERTY(QColor stripeColor READ stripeColor WRITE setStripeColor)
+    Q_PROPERTY(QColor checkBoxColor READ checkBoxColor WRITE setCheckBoxColor)
+    Q_PROPERTY(bool headerFontBold READ headerFontBold WRITE setHeaderFontBold)
+    Q_PROPERTY(int markRow READ markRow WRITE setMarkRow DESIGNABLE false STORED false)
+    Q_PROPERTY(bool markStatus READ markStatus DESIGNABLE false STORED false)
     Q_PROPERTY(bool setStatusCell READ statusCell WRITE setStatusCell DESIGNABLE false STORED false)
     Q_PROPERTY(int dataCount READ dataCount DESIGNABLE false STORED false)
 
@@ -126,6 +141,52 @@ public:
     Q_INVOKABLE int rowHeight(int row) const;
     Q_INVOKABLE void setRowHeight(int row, int twips);
 
+    // Colours. A new widget follows its palette in all of them; one that is set here stays as it is
+    // set, and core() takes system colours, too.
+    [[nodiscard]] QColor backColor() const;
+    void setBackColor(const QColor &colour);
+    [[nodiscard]] QColor backColorData() const;
+    void setBackColorData(const QColor &colour);
+    [[nodiscard]] QColor foreColorData() const;
+    void setForeColorData(const QColor &colour);
+    [[nodiscard]] QColor backColorFixed() const;
+    void setBackColorFixed(const QColor &colour);
+    [[nodiscard]] QColor foreColorFixed() const;
+    void setForeColorFixed(const QColor &colour);
+    [[nodiscard]] QColor gridColorData() const;
+    void setGridColorData(const QColor &colour);
+    [[nodiscard]] QColor gridColorFixed() const;
+    void setGridColorFixed(const QColor &colour);
+    [[nodiscard]] QColor backColorMarkRow() const;
+    void setBackColorMarkRow(const QColor &colour);
+    [[nodiscard]] QColor foreColorMarkRow() const;
+    void setForeColorMarkRow(const QColor &colour);
+    [[nodiscard]] QColor stripeColor() const;
+    /// Every second data row; the same as backColorData for no stripes.
+    void setStripeColor(const QColor &colour);
+    [[nodiscard]] QColor checkBoxColor() const;
+    /// The ticks of the last column.
+    void setCheckBoxColor(const QColor &colour);
+    [[nodiscard]] bool headerFontBold() const;
+    void setHeaderFontBold(bool bold);
+
+    // Looks of single cells. Reading one, and writing a font, leaves the cursor there; writing a
+    // colour puts it back. No signal goes out.
+    Q_INVOKABLE QString cellFont(int row, int col);
+    Q_INVOKABLE void setCellFont(int row, int col, const QString &family);
+    Q_INVOKABLE bool cellFontBold(int row, int col);
+    Q_INVOKABLE void setCellFontBold(int row, int col, bool bold);
+    Q_INVOKABLE bool cellFontItalic(int row, int col);
+    Q_INVOKABLE void setCellFontItalic(int row, int col, bool italic);
+    Q_INVOKABLE int cellFontSize(int row, int col);
+    Q_INVOKABLE void setCellFontSize(int row, int col, int points);
+    Q_INVOKABLE QColor cellBackColor(int row, int col);
+    Q_INVOKABLE void setCellBackColor(int row, int col, const QColor &colour);
+    Q_INVOKABLE QColor cellForeColor(int row, int col);
+    Q_INVOKABLE void setCellForeColor(int row, int col, const QColor &colour);
+    Q_INVOKABLE void setHeaderBackColor(int col, const QColor &colour);
+    Q_INVOKABLE void setHeaderForeColor(int col, const QColor &colour);
+
     // Cells.
     /// The cell's text; of a numeric column the plain number, "0" where there is none.
     Q_INVOKABLE QString textMatrix(int row, int col) const;
@@ -177,8 +238,35 @@ public:
     Q_INVOKABLE void tableClear();
     /// The last row whose primary column holds text, 0 where none does.
     [[nodiscard]] int dataCount() const;
+    /// Inserts a blank row at the marked row, whatever row says. Without a marked row it marks row
+    /// and throws GridError; so does removeRow.
+    Q_INVOKABLE void insertRow(int row);
+    /// Removes the marked row and appends a blank one.
+    Q_INVOKABLE void removeRow(int row);
+    /// Blanks a row except its automatic number.
+    Q_INVOKABLE void resetRow(int row);
+    /// The first other data row with the primary text of this row; −1 for none.
+    Q_INVOKABLE int findDuplicatePrimaryColumn(int row) const;
     /// Puts the cursor on a cell and the keyboard focus on the grid.
     Q_INVOKABLE void focusCell(int row, int col);
+
+    // Marks, ticks, choices, lookups.
+    /// The marked row, −1 for none. Writing it marks nothing.
+    [[nodiscard]] int markRow() const;
+    void setMarkRow(int row);
+    [[nodiscard]] bool markStatus() const;
+    /// Marks the row of the cell last entered, or unmarks the marked row.
+    Q_INVOKABLE void markActiveRow();
+    /// Ticks or clears a row's box and leaves the cursor there; nothing without a tick column.
+    Q_INVOKABLE void check(int row, bool checked);
+    Q_INVOKABLE bool checked(int row) const;
+    /// The control has one list of choices, which a host fills before each edit of a combo column.
+    Q_INVOKABLE void comboClear();
+    Q_INVOKABLE void comboAddItem(const QString &item);
+    /// The position in the list of a combo cell's text; −1 for none and for other columns.
+    Q_INVOKABLE int listIndex(int row, int col);
+    /// The value found for a cell after editLookup, at once or later.
+    Q_INVOKABLE void setLookupResult(int row, int col, const QString &value);
 
     /// What the control last asked of its host's form: whether the form may see keys first. A Qt
     /// form does that by event filters of its own, so the widget only keeps the answer.
@@ -196,7 +284,7 @@ Q_SIGNALS:
     /// text back. lastKey is the last key code or character that the editor saw.
     void editPostValidation(int &row, int &col, bool &valid, QString &oldData, QString &newData,
                             int &lastKey);
-    /// The operator asks for a value.
+    /// The operator asks for a value; answer by setLookupResult().
     void editLookup(int &row, int &col);
     /// The cursor has arrived at a cell, or the grid has gained the focus there.
     void cellFocus(int &row, int &col);

@@ -1,0 +1,138 @@
+#pragma once
+
+/// What all benchmark programs share: a clock, samples with their median, memory of this process,
+/// and the lines that `scripts/bench` reads. It knows no toolkit and none of the peers.
+
+#include <malloc.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tablio::bench {
+
+using Clock = std::chrono::steady_clock;
+
+/// Data rows and columns; a header row comes on top where the peer's header is a row.
+struct Size {
+    int rows = 0;
+    int cols = 0;
+};
+
+/// One piece of work, measured several times, in microseconds.
+class Samples {
+public:
+    template <typename Work> void time(const Work &work) {
+        const Clock::time_point start = Clock::now();
+        work();
+        add(Clock::now() - start);
+    }
+    void add(Clock::duration took) {
+        microseconds_.push_back(std::chrono::duration<double, std::micro>(took).count());
+    }
+
+    /// A line of CSV: work, rows, columns, median, 99th percentile, longest, count.
+    void print(std::string_view work, Size size) {
+        if (microseconds_.empty())
+            return;
+        std::sort(microseconds_.begin(), microseconds_.end());
+        std::printf("%.*s,%d,%d,%.2f,%.2f,%.2f,%zu\n", static_cast<int>(work.size()), work.data(),
+                    size.rows, size.cols, share(0.5), share(0.99), microseconds_.back(),
+                    microseconds_.size());
+        std::fflush(stdout);
+    }
+
+private:
+    [[nodiscard]] double share(double part) const {
+        return microseconds_[static_cast<std::size_t>(
+            part * static_cast<double>(microseconds_.size() - 1))];
+    }
+
+    std::vector<double> microseconds_;
+};
+
+/// How often a work is repeated. A smoke run does everything once: it shows that the program still
+/// works, and says nothing of speed.
+struct Repeats {
+    bool smoke = false;
+
+    /// Calls the round once to warm up, then again and again with the samples it is to add to.
+    template <typename Round>
+    void measure(const std::vector<std::string> &works, Size size, const Round &round) const {
+        constexpr int most = 100;
+        constexpr int least = 5;
+        constexpr auto longEnough = std::chrono::milliseconds(700);
+        std::vector<Samples> samples(works.size());
+        if (!smoke) {
+            round(samples);
+            samples.assign(works.size(), {});
+        }
+        const Clock::time_point start = Clock::now();
+        for (int count = 1; count <= (smoke ? 1 : most); ++count) {
+            round(samples);
+            if (count >= least && Clock::now() - start > longEnough)
+                break;
+        }
+        for (std::size_t i = 0; i < works.size(); ++i)
+            samples[i].print(works[i], size);
+    }
+
+    /// Prepares and does a single work; only the work is timed.
+    template <typename Prepare, typename Work>
+    void measure(const std::string &work, Size size, const Prepare &prepare,
+                 const Work &timed) const {
+        measure({work}, size, [&](std::vector<Samples> &samples) {
+            prepare();
+            samples.front().time(timed);
+        });
+    }
+};
+
+/// Keeps a result that nobody reads from being optimised away.
+template <typename T> void keep(const T &value) { asm volatile("" : : "g"(&value) : "memory"); }
+
+/// The cell texts, all different: a letter, the column, a dash and the row, nine bytes, as article
+/// numbers are. The view is good until the next call.
+class CellTexts {
+public:
+    [[nodiscard]] std::string_view text(int row, int col) {
+        digits(buffer_.data() + 1, 2, col);
+        digits(buffer_.data() + 4, 5, row);
+        return {buffer_.data(), 9};
+    }
+    /// A number with three decimals, as a program reads it from a file.
+    [[nodiscard]] std::string_view number(int row, int col) {
+        digits(number_.data(), 6, 100000 + (row * 37 + col * 101) % 900000);
+        digits(number_.data() + 7, 3, row % 1000);
+        return {number_.data(), 10};
+    }
+
+private:
+    static void digits(char *to, int count, int value) {
+        for (int place = count - 1; place >= 0; --place, value /= 10)
+            to[place] = static_cast<char>('0' + value % 10);
+    }
+
+    std::array<char, 9> buffer_{'A', '0', '0', '-'};
+    std::array<char, 10> number_{'0', '0', '0', '0', '0', '0', '.'};
+};
+
+/// Memory of this process that is in use, after what is free has been given back.
+[[nodiscard]] inline long residentBytes() {
+    malloc_trim(0);
+    std::ifstream statm("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    statm >> total >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace tablio::bench

@@ -1,0 +1,155 @@
+#pragma once
+
+/// The works that every peer does, in one place, so that all do the same. A peer is a small class
+/// around its table that says how a thing is done there; rows and columns are counted from 0 and
+/// are data rows only:
+///
+///     Peer(Size, Kind)                an empty table of that size, not yet shown
+///     show()                          shows it in a window of 1,200 × 800 pixels
+///     bulk(bool)                      painting off while many cells are written
+///     set(row, col, text)             writes a cell
+///     formatColumn(col)               the column shows numbers as 123,456.78
+///     setNumber(row, col, text)       writes a number there and keeps the number as it was given
+///     tag(row, col)                   hangs a value on a cell
+///     paintStripes()                  gives every second row's cells a background
+///     insertRow(row), removeRow(row)  the count of rows stays: the last one goes, or a blank comes
+///     clear()                         empties all cells
+///     duplicateOf(row)                another row with this row's key, −1 for none
+///     dataCount()                     the number of the last row with a key
+///
+/// In a table of Kind::Full the first column numbers the rows, rows are striped, the second column
+/// is the key and the third shows numbers; all that moves with the rows. Peers get what is cheapest
+/// with them: stripes by the row's number where a peer can paint those by itself.
+
+#include "harness.h"
+
+#include <memory>
+#include <string>
+
+namespace tablio::bench {
+
+enum class Kind { Plain, Full };
+
+inline constexpr int windowWidth = 1200;
+inline constexpr int windowHeight = 800;
+inline constexpr int rowPixels = 24;
+inline constexpr int colPixels = 80;
+inline constexpr int keyCol = 1;
+inline constexpr int numberCol = 2;
+inline constexpr int tagEvery = 10;
+
+template <typename Peer> void fillTexts(Peer &peer, Size size) {
+    CellTexts texts;
+    peer.bulk(true);
+    for (int row = 0; row < size.rows; ++row) {
+        for (int col = 0; col < size.cols; ++col)
+            peer.set(row, col, texts.text(row, col));
+    }
+    peer.bulk(false);
+}
+
+template <typename Peer> void fillFull(Peer &peer, Size size) {
+    CellTexts texts;
+    peer.bulk(true);
+    for (int row = 0; row < size.rows; ++row) {
+        for (int col = keyCol; col < size.cols; ++col) {
+            if (col != numberCol)
+                peer.set(row, col, texts.text(row, col));
+        }
+        peer.setNumber(row, numberCol, texts.number(row, numberCol));
+        if (row % tagEvery == 0)
+            peer.tag(row, keyCol);
+    }
+    peer.bulk(false);
+}
+
+template <typename Peer> class Works {
+public:
+    Works(Size size, Repeats repeats) : size_(size), repeats_(repeats) {}
+
+    void run() {
+        fill();
+        fillNumbers();
+        rowOperations();
+        clear();
+    }
+
+private:
+    template <typename Work> void onNewPeer(const std::string &name, const Work &work) {
+        std::unique_ptr<Peer> peer;
+        repeats_.measure(
+            name, size_,
+            [&] {
+                peer.reset();
+                peer = std::make_unique<Peer>(size_, Kind::Plain);
+                peer->show();
+            },
+            [&] { work(*peer); });
+    }
+
+    void fill() {
+        onNewPeer("fill", [this](Peer &peer) { fillTexts(peer, size_); });
+    }
+
+    void fillNumbers() {
+        onNewPeer("fill numbers", [this](Peer &peer) {
+            CellTexts texts;
+            peer.bulk(true);
+            for (int col = 0; col < size_.cols; ++col) {
+                peer.formatColumn(col);
+                for (int row = 0; row < size_.rows; ++row)
+                    peer.setNumber(row, col, texts.number(row, col));
+            }
+            peer.bulk(false);
+        });
+    }
+
+    /// Rows go and come at the same place in turn, so that the table stays as it is.
+    void rowOperations() {
+        for (const Kind kind : {Kind::Full, Kind::Plain}) {
+            Peer peer(size_, kind);
+            peer.show();
+            if (kind == Kind::Full)
+                fillFull(peer, size_);
+            else
+                fillTexts(peer, size_);
+            const std::string bare = kind == Kind::Full ? "" : "bare ";
+            const std::pair<const char *, int> places[] = {
+                {"top", 0}, {"middle", size_.rows / 2}, {"end", size_.rows - 2}};
+            for (const auto &[place, row] : places) {
+                repeats_.measure({bare + "remove at " + place, bare + "insert at " + place}, size_,
+                                 [&, at = row](std::vector<Samples> &samples) {
+                                     samples[0].time([&] { peer.removeRow(at); });
+                                     samples[1].time([&] { peer.insertRow(at); });
+                                 });
+            }
+            if (kind == Kind::Plain)
+                continue;
+            repeats_.measure(
+                "find duplicate", size_, [] {}, [&] { keep(peer.duplicateOf(size_.rows - 1)); });
+            repeats_.measure(
+                "count data", size_, [] {}, [&] { keep(peer.dataCount()); });
+        }
+    }
+
+    void clear() {
+        for (const Kind kind : {Kind::Plain, Kind::Full}) {
+            Peer peer(size_, kind);
+            peer.show();
+            repeats_.measure(
+                kind == Kind::Plain ? "clear" : "clear, numbered and striped", size_,
+                [&] {
+                    if (kind == Kind::Plain)
+                        fillTexts(peer, size_);
+                    else
+                        fillFull(peer, size_);
+                },
+                [&] { peer.clear(); });
+        }
+    }
+
+    Size size_;
+    Repeats repeats_;
+};
+
+} // namespace tablio::bench
