@@ -53,6 +53,8 @@ private:
     void compose(const QInputMethodEvent &event);
     /// Takes what is being composed out of the box.
     void clearPreedit();
+    /// Where the box stands now, for the windows of an input method.
+    void tellPlace();
     [[nodiscard]] Qt::InputMethodHints cellHints() const;
 
     void place(const ShownEditor &editor);

@@ -20,8 +20,8 @@ void NativeTextBox::compose(const QInputMethodEvent &event) {
     parts_.enter();
     if (!alive)
         return;
-    const QString commit = event.commitString();
-    const QString preedit = event.preeditString();
+    const QString &commit = event.commitString();
+    const QString &preedit = event.preeditString();
     if (!commit.isEmpty() || event.replacementLength() > 0) {
         clearPreedit();
         if (event.replacementLength() > 0) {
@@ -76,6 +76,17 @@ void NativeTextBox::commitComposition() {
     event.setCommitString(preedit_);
     QGuiApplication::inputMethod()->reset();
     compose(event);
+}
+
+/// Qt tells input methods when a widget moves, but not when the frame around it does.
+void NativeTextBox::tellPlace() {
+    if (!hasFocus())
+        return;
+    const QPoint corner = mapTo(window(), QPoint(0, 0));
+    QInputMethod *method = QGuiApplication::inputMethod();
+    method->setInputItemTransform(QTransform::fromTranslate(corner.x(), corner.y()));
+    method->setInputItemRectangle(rect());
+    method->update(Qt::ImQueryAll);
 }
 
 QVariant NativeTextBox::inputMethodQuery(Qt::InputMethodQuery query) const {

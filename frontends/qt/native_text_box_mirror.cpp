@@ -63,7 +63,7 @@ void NativeTextBox::place(const ShownEditor &editor) {
     setTextMargins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + covered, 0);
     setAlignment((editor.alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (moved)
-        updateMicroFocus();
+        tellPlace();
 }
 
 void NativeTextBox::setLook(const ShownEditor &editor) {
@@ -104,6 +104,7 @@ void NativeTextBox::park() {
     parts_.canvas->showFramed(framed_);
     framed_ = {};
     frame->setGeometry(0, 0, 0, 0);
+    tellPlace();
 }
 
 } // namespace tablio::qt

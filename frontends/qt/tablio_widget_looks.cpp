@@ -13,46 +13,51 @@ Colour fromQColor(const QColor &colour) {
                   static_cast<std::uint32_t>(colour.blue()) << 16U};
 }
 
+/// An invalid colour stands for the one that a new widget has.
+Colour colourOr(const QColor &colour, Colour start) {
+    return colour.isValid() ? fromQColor(colour) : start;
+}
+
 } // namespace
 
 QColor TablioWidget::backColor() const { return d_->colours().of(d_->core.BackColor()); }
 
-void TablioWidget::setBackColor(const QColor &colour) { d_->core.setBackColor(fromQColor(colour)); }
+void TablioWidget::setBackColor(const QColor &colour) { d_->core.setBackColor(colourOr(colour, d_->startLook.BackColorBkg)); }
 
 QColor TablioWidget::backColorData() const { return d_->colours().of(d_->core.BackColorData()); }
 
 void TablioWidget::setBackColorData(const QColor &colour) {
-    d_->core.setBackColorData(fromQColor(colour));
+    d_->core.setBackColorData(colourOr(colour, d_->startLook.BackColor));
 }
 
 QColor TablioWidget::foreColorData() const { return d_->colours().of(d_->core.ForeColorData()); }
 
 void TablioWidget::setForeColorData(const QColor &colour) {
-    d_->core.setForeColorData(fromQColor(colour));
+    d_->core.setForeColorData(colourOr(colour, d_->startLook.ForeColor));
 }
 
 QColor TablioWidget::backColorFixed() const { return d_->colours().of(d_->core.BackColorFixed()); }
 
 void TablioWidget::setBackColorFixed(const QColor &colour) {
-    d_->core.setBackColorFixed(fromQColor(colour));
+    d_->core.setBackColorFixed(colourOr(colour, d_->startLook.BackColorFixed));
 }
 
 QColor TablioWidget::foreColorFixed() const { return d_->colours().of(d_->core.ForeColorFixed()); }
 
 void TablioWidget::setForeColorFixed(const QColor &colour) {
-    d_->core.setForeColorFixed(fromQColor(colour));
+    d_->core.setForeColorFixed(colourOr(colour, d_->startLook.ForeColorFixed));
 }
 
 QColor TablioWidget::gridColorData() const { return d_->colours().of(d_->core.GridColorData()); }
 
 void TablioWidget::setGridColorData(const QColor &colour) {
-    d_->core.setGridColorData(fromQColor(colour));
+    d_->core.setGridColorData(colourOr(colour, d_->startLook.GridColor));
 }
 
 QColor TablioWidget::gridColorFixed() const { return d_->colours().of(d_->core.GridColorFixed()); }
 
 void TablioWidget::setGridColorFixed(const QColor &colour) {
-    d_->core.setGridColorFixed(fromQColor(colour));
+    d_->core.setGridColorFixed(colourOr(colour, d_->startLook.GridColorFixed));
 }
 
 QColor TablioWidget::backColorMarkRow() const {
@@ -60,7 +65,7 @@ QColor TablioWidget::backColorMarkRow() const {
 }
 
 void TablioWidget::setBackColorMarkRow(const QColor &colour) {
-    d_->core.setBackColorMarkRow(fromQColor(colour));
+    d_->core.setBackColorMarkRow(colourOr(colour, d_->startLook.BackColorSel));
 }
 
 QColor TablioWidget::foreColorMarkRow() const {
@@ -68,19 +73,19 @@ QColor TablioWidget::foreColorMarkRow() const {
 }
 
 void TablioWidget::setForeColorMarkRow(const QColor &colour) {
-    d_->core.setForeColorMarkRow(fromQColor(colour));
+    d_->core.setForeColorMarkRow(colourOr(colour, d_->startLook.ForeColorSel));
 }
 
 QColor TablioWidget::stripeColor() const { return d_->colours().of(d_->core.StripeColor()); }
 
 void TablioWidget::setStripeColor(const QColor &colour) {
-    d_->core.setStripeColor(fromQColor(colour));
+    d_->core.setStripeColor(colourOr(colour, d_->startSettings.StripeColor));
 }
 
 QColor TablioWidget::checkBoxColor() const { return d_->colours().of(d_->core.CheckBoxColor()); }
 
 void TablioWidget::setCheckBoxColor(const QColor &colour) {
-    d_->core.setCheckBoxColor(fromQColor(colour));
+    d_->core.setCheckBoxColor(colourOr(colour, d_->startSettings.CheckBoxColor));
 }
 
 bool TablioWidget::headerFontBold() const { return d_->core.HeaderFontBold(); }

@@ -26,13 +26,14 @@ constexpr int rowPadding = 6;
 TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &owner)
     : widget(owner), face(*this), host(owner), control(core.control()) {
     makeChildren();
-    GridLook look = state().grid.table.look();
-    look.BackColor = look.BackColorBkg = SystemColour::Window;
-    look.ForeColor = SystemColour::WindowText;
-    look.GridColor = look.GridColorFixed = SystemColour::ButtonShadow;
+    startLook = state().grid.table.look();
+    startLook.BackColor = startLook.BackColorBkg = SystemColour::Window;
+    startLook.ForeColor = SystemColour::WindowText;
+    startLook.GridColor = startLook.GridColorFixed = SystemColour::ButtonShadow;
+    startSettings.StripeColor = SystemColour::Window;
     core.InitProperties();
-    state().grid.table.setLook(look);
-    state().settings.StripeColor = SystemColour::Window;
+    state().grid.table.setLook(startLook);
+    state().settings.StripeColor = startSettings.StripeColor;
     fitRowsToFont();
     core.Show();
     startStamp_ = state().grid.cursorStamp();

@@ -20,6 +20,10 @@
 class QScrollBar;
 class QToolButton;
 
+namespace tablio {
+class TextBag;
+}
+
 namespace tablio::qt {
 
 class GridCanvas;
@@ -35,6 +39,10 @@ public:
     ~TablioWidgetPrivate();
     TablioWidgetPrivate(const TablioWidgetPrivate &) = delete;
     TablioWidgetPrivate &operator=(const TablioWidgetPrivate &) = delete;
+
+    /// How a new widget looks.
+    GridLook startLook;
+    Settings startSettings;
 
     TablioWidget &widget;
     QtFace face;
@@ -85,6 +93,9 @@ public:
     void putCursorOnFirstCell();
     /// Rows at least as high as the widget's font needs, unless the host has set another height.
     void fitRowsToFont();
+    /// Loads what TablioWidget::settings() has written.
+    void readSettings(const TextBag &bag);
+    [[nodiscard]] bool rowsFollowFont() const;
 
 private:
     void makeChildren();

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QMenu>
+#include <QTimer>
 
 using tablio::qt::TablioWidget;
 
@@ -91,4 +92,25 @@ TEST(Focus, DisablingAndHidingEndTheEdit) {
     w.grid->hide();
     EXPECT_EQ(w.cell(2, 0), "cd");
     EXPECT_EQ(w.cursor(), "2,0");
+}
+
+// A question in the middle of an event is how many hosts validate.
+TEST(Focus, AHostMayAskTheUserFromASlot) {
+    GridWindow w;
+    QString seen;
+    QObject::connect(w.grid, &TablioWidget::editPostValidation,
+                     [&](int &, int &, bool &valid, QString &, QString &newData, int &) {
+                         QDialog question(&w.window);
+                         QTimer::singleShot(0, &question, &QDialog::accept);
+                         question.exec();
+                         seen = newData;
+                         valid = false;
+                     });
+    w.type("abc\n");
+    EXPECT_EQ(seen, "abc");
+    EXPECT_EQ(w.cell(1, 0), "");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w.window));
+    EXPECT_TRUE(w.box()->hasFocus());
+    w.key(Qt::Key_Down);
+    EXPECT_EQ(w.cursor(), "2,1");
 }

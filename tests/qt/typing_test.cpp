@@ -110,6 +110,26 @@ TEST(Typing, PastedFromTheMenuObeysTheColumn) {
     }
 }
 
+TEST(Typing, ClipboardKeysWorkOnCellsAndInTheEditor) {
+    GridWindow w;
+    w.grid->setTextMatrix(1, 0, "Bolt");
+    w.key(Qt::Key_C, Qt::ControlModifier);
+    w.key(Qt::Key_Down);
+    w.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.cursor(), "2,0!");
+    w.type("s");
+    w.key(Qt::Key_A, Qt::ControlModifier);
+    w.key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Bolts");
+    w.key(Qt::Key_Z, Qt::ControlModifier);
+    w.type("\n");
+    EXPECT_EQ(w.cell(2, 0), "Bolts");
+    QGuiApplication::clipboard()->setText("a\t1\nb\t2");
+    w.grid->focusCell(5, 0);
+    w.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.cell(6, 0) + w.cell(6, 1), "b2");
+}
+
 TEST(Typing, KeysOfTheHostStayTheHosts) {
     GridWindow w;
     int saved = 0;

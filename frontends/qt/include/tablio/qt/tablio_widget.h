@@ -6,6 +6,7 @@
 
 #include <tablio/tablio.h>
 
+#include <QByteArray>
 #include <QColor>
 #include <QString>
 #include <QVariant>
@@ -36,33 +37,35 @@ class TablioWidgetPrivate;
 /// Qt's event loop: the widget reports it by qCritical() and goes on, with the control in order.
 class TablioWidget : public QWidget {
     Q_OBJECT
-    Q_PROPERTY(int rows READ rows WRITE setRows)
-    Q_PROPERTY(int cols READ cols WRITE setCols)
-    Q_PROPERTY(int fixedRows READ fixedRows WRITE setFixedRows)
-    Q_PROPERTY(int fixedCols READ fixedCols WRITE setFixedCols)
-    Q_PROPERTY(bool withFixedColumn READ withFixedColumn WRITE setWithFixedColumn)
-    Q_PROPERTY(int primaryColumn READ primaryColumn WRITE setPrimaryColumn)
-    Q_PROPERTY(int checkBoxes READ checkBoxes WRITE setCheckBoxes)
-    Q_PROPERTY(bool gridPopUpMenu READ gridPopUpMenu WRITE setGridPopUpMenu)
-    Q_PROPERTY(int rowMinHeight READ rowMinHeight WRITE setRowMinHeight)
-    Q_PROPERTY(int headerRowHeight READ headerRowHeight WRITE setHeaderRowHeight)
-    Q_PROPERTY(bool wordWrap READ wordWrap WRITE setWordWrap)
-    Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor)
-    Q_PROPERTY(QColor backColorData READ backColorData WRITE setBackColorData)
-    Q_PROPERTY(QColor foreColorData READ foreColorData WRITE setForeColorData)
-    Q_PROPERTY(QColor backColorFixed READ backColorFixed WRITE setBackColorFixed)
-    Q_PROPERTY(QColor foreColorFixed READ foreColorFixed WRITE setForeColorFixed)
-    Q_PROPERTY(QColor gridColorData READ gridColorData WRITE setGridColorData)
-    Q_PROPERTY(QColor gridColorFixed READ gridColorFixed WRITE setGridColorFixed)
-    Q_PROPERTY(QColor backColorMarkRow READ backColorMarkRow WRITE setBackColorMarkRow)
-    Q_PROPERTY(QColor foreColorMarkRow READ foreColorMarkRow WRITE setForeColorMarkRow)
-    Q_PROPERTY(QColor stripeColor READ stripeColor WRITE setStripeColor)
-    Q_PROPERTY(QColor checkBoxColor READ checkBoxColor WRITE setCheckBoxColor)
-    Q_PROPERTY(bool headerFontBold READ headerFontBold WRITE setHeaderFontBold)
+    Q_PROPERTY(int rows READ rows WRITE setRows STORED false)
+    Q_PROPERTY(int cols READ cols WRITE setCols STORED false)
+    Q_PROPERTY(int fixedRows READ fixedRows WRITE setFixedRows STORED false)
+    Q_PROPERTY(int fixedCols READ fixedCols WRITE setFixedCols STORED false)
+    Q_PROPERTY(bool withFixedColumn READ withFixedColumn WRITE setWithFixedColumn STORED false)
+    Q_PROPERTY(int primaryColumn READ primaryColumn WRITE setPrimaryColumn STORED false)
+    Q_PROPERTY(int checkBoxes READ checkBoxes WRITE setCheckBoxes STORED false)
+    Q_PROPERTY(bool gridPopUpMenu READ gridPopUpMenu WRITE setGridPopUpMenu STORED false)
+    Q_PROPERTY(int rowMinHeight READ rowMinHeight WRITE setRowMinHeight STORED false)
+    Q_PROPERTY(int headerRowHeight READ headerRowHeight WRITE setHeaderRowHeight STORED false)
+    Q_PROPERTY(bool wordWrap READ wordWrap WRITE setWordWrap STORED false)
+    Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor RESET resetBackColor STORED false)
+    Q_PROPERTY(QColor backColorData READ backColorData WRITE setBackColorData RESET resetBackColorData STORED false)
+    Q_PROPERTY(QColor foreColorData READ foreColorData WRITE setForeColorData RESET resetForeColorData STORED false)
+    Q_PROPERTY(QColor backColorFixed READ backColorFixed WRITE setBackColorFixed RESET resetBackColorFixed STORED false)
+    Q_PROPERTY(QColor foreColorFixed READ foreColorFixed WRITE setForeColorFixed RESET resetForeColorFixed STORED false)
+    Q_PROPERTY(QColor gridColorData READ gridColorData WRITE setGridColorData RESET resetGridColorData STORED false)
+    Q_PROPERTY(QColor gridColorFixed READ gridColorFixed WRITE setGridColorFixed RESET resetGridColorFixed STORED false)
+    Q_PROPERTY(QColor backColorMarkRow READ backColorMarkRow WRITE setBackColorMarkRow RESET resetBackColorMarkRow STORED false)
+    Q_PROPERTY(QColor foreColorMarkRow READ foreColorMarkRow WRITE setForeColorMarkRow RESET resetForeColorMarkRow STORED false)
+    Q_PROPERTY(QColor stripeColor READ stripeColor WRITE setStripeColor RESET resetStripeColor STORED false)
+    Q_PROPERTY(QColor checkBoxColor READ checkBoxColor WRITE setCheckBoxColor RESET resetCheckBoxColor STORED false)
+    Q_PROPERTY(bool headerFontBold READ headerFontBold WRITE setHeaderFontBold STORED false)
     Q_PROPERTY(int markRow READ markRow WRITE setMarkRow DESIGNABLE false STORED false)
     Q_PROPERTY(bool markStatus READ markStatus DESIGNABLE false STORED false)
     Q_PROPERTY(bool setStatusCell READ statusCell WRITE setStatusCell DESIGNABLE false STORED false)
     Q_PROPERTY(int dataCount READ dataCount DESIGNABLE false STORED false)
+    // All that a form stores of the widget; the properties above are parts of it.
+    Q_PROPERTY(QByteArray settings READ settings WRITE setSettings DESIGNABLE false)
 
 public:
     /// How a column takes part in data entry.
@@ -106,6 +109,15 @@ public:
     [[nodiscard]] tablio::Tablio &core() noexcept;
     [[nodiscard]] const tablio::Tablio &core() const noexcept;
 
+    // Settings as a whole.
+    /// The table's counts, colours and sizes and all settings of its columns as lines of plain
+    /// ASCII text; no data. A row height that follows the font, and what every widget has (its
+    /// font, whether it is enabled), are left out.
+    [[nodiscard]] QByteArray settings() const;
+    /// Makes the table what the text says; what is missing gets its default. A text that
+    /// settings() cannot have written is reported by qWarning() and changes nothing.
+    void setSettings(const QByteArray &settings);
+
     // The table.
     [[nodiscard]] int rows() const;
     /// Header rows included; at most 32,768.
@@ -141,8 +153,9 @@ public:
     Q_INVOKABLE int rowHeight(int row) const;
     Q_INVOKABLE void setRowHeight(int row, int twips);
 
-    // Colours. A new widget follows its palette in all of them; one that is set here stays as it is
-    // set, and core() takes system colours, too.
+    // Colours. A new widget follows its palette in all of them but checkBoxColor. One that is set
+    // here stays as it is set, and core() takes system colours, too. An invalid QColor, as the
+    // reset functions set it, brings a new widget's colour back.
     [[nodiscard]] QColor backColor() const;
     void setBackColor(const QColor &colour);
     [[nodiscard]] QColor backColorData() const;
@@ -169,6 +182,17 @@ public:
     void setCheckBoxColor(const QColor &colour);
     [[nodiscard]] bool headerFontBold() const;
     void setHeaderFontBold(bool bold);
+    void resetBackColor() { setBackColor({}); }
+    void resetBackColorData() { setBackColorData({}); }
+    void resetForeColorData() { setForeColorData({}); }
+    void resetBackColorFixed() { setBackColorFixed({}); }
+    void resetForeColorFixed() { setForeColorFixed({}); }
+    void resetGridColorData() { setGridColorData({}); }
+    void resetGridColorFixed() { setGridColorFixed({}); }
+    void resetBackColorMarkRow() { setBackColorMarkRow({}); }
+    void resetForeColorMarkRow() { setForeColorMarkRow({}); }
+    void resetStripeColor() { setStripeColor({}); }
+    void resetCheckBoxColor() { setCheckBoxColor({}); }
 
     // Looks of single cells. Reading one, and writing a font, leaves the cursor there; writing a
     // colour puts it back. No signal goes out.
@@ -275,6 +299,11 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+public Q_SLOTS:
+    /// Opens the property pages "General" and "Columns" for this widget, or raises them. They
+    /// block the widget's window, not the caller.
+    void showPropertyPages();
+
 Q_SIGNALS:
     /// An edit is about to start. Set cancel to keep the editor closed.
     void editPreValidation(int &row, int &col, bool &cancel);
@@ -299,6 +328,7 @@ Q_SIGNALS:
     /// A cell was double-clicked.
     void doubleClick(int &row, int &col);
     /// A property has another value; the name is the control's own, such as "Rows" or "ColStyle".
+    /// An empty name, after setSettings(), stands for all of them.
     void propertyChanged(const QString &name);
 
 protected:

@@ -1,0 +1,193 @@
+#pragma once
+
+/// What the peers that are Qt widgets have in common: the application, painting, typing and the
+/// start. Besides what `works.h` asks, such a peer answers
+///
+///     window()        the window that is shown
+///     canvas()        the widget on which the cells are painted
+///     edit(row, col)  puts the cursor there, ready for keys
+///
+/// Everything is painted before a function here returns, on Qt's offscreen platform, by the same
+/// software renderer that a real window uses.
+
+#include "program.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QScrollBar>
+#include <QStyleFactory>
+#include <QWidget>
+
+#include <optional>
+
+namespace tablio::bench {
+
+/// Hears when a widget has been painted.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(QWidget &widget) { widget.installEventFilter(this); }
+    int paints = 0;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+inline void handleEvents() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+inline QScrollBar &verticalBar(QWidget &window) {
+    for (QScrollBar *bar : window.findChildren<QScrollBar *>()) {
+        if (bar->orientation() == Qt::Vertical && bar->isVisible())
+            return *bar;
+    }
+    std::fprintf(stderr, "the table has no vertical scroll bar\n");
+    std::exit(1);
+}
+
+template <typename Peer> class QtWorks {
+public:
+    QtWorks(Size size, Repeats repeats) : size_(size), repeats_(repeats), peer_(size, Kind::Full) {
+        peer_.show();
+        fillFull(peer_, size_);
+        peer_.paintStripes();
+        handleEvents();
+    }
+
+    void run() {
+        watch_.emplace(peer_.canvas());
+        frames();
+        scrolling();
+        changedCell();
+        typing();
+        watch_.reset();
+    }
+
+private:
+    /// Times a work and makes sure that it painted something.
+    template <typename Work> void painted(const char *what, Samples &samples, const Work &work) {
+        const int before = watch_->paints;
+        samples.time(work);
+        if (watch_->paints == before) {
+            std::fprintf(stderr, "%s: nothing was painted\n", what);
+            std::exit(1);
+        }
+    }
+
+    /// Part by part, since a window that is updated spares children which cover it.
+    void frames() {
+        const QList<QWidget *> parts = peer_.window().template findChildren<QWidget *>();
+        repeats_.measure({"full frame"}, size_, [&](std::vector<Samples> &samples) {
+            painted("full frame", samples[0], [&] {
+                peer_.window().update();
+                for (QWidget *part : parts)
+                    part->update();
+                handleEvents();
+            });
+        });
+    }
+
+    void scrolling() {
+        QScrollBar &bar = verticalBar(peer_.window());
+        const auto to = [&bar](int row) {
+            bar.setValue(row);
+            handleEvents();
+        };
+        repeats_.measure({"scroll by a row", "scroll by a page", "scroll to the end"}, size_,
+                         [&](std::vector<Samples> &samples) {
+                             to(bar.minimum());
+                             painted("scroll by a row", samples[0], [&] { to(bar.minimum() + 1); });
+                             painted("scroll by a page", samples[1],
+                                     [&] { to(bar.minimum() + 1 + bar.pageStep()); });
+                             painted("scroll to the end", samples[2], [&] { to(bar.maximum()); });
+                         });
+        to(bar.minimum());
+    }
+
+    void changedCell() {
+        CellTexts texts;
+        int count = 0;
+        repeats_.measure({"one changed cell"}, size_, [&](std::vector<Samples> &samples) {
+            ++count;
+            painted("one changed cell", samples[0], [&] {
+                peer_.set(5, 4, texts.text(count, 4));
+                handleEvents();
+            });
+        });
+    }
+
+    void typing() {
+        int row = 0;
+        repeats_.measure({"key to pixel", "Enter to pixel"}, size_,
+                         [&](std::vector<Samples> &samples) {
+                             row = (row + 1) % 15;
+                             peer_.edit(row, keyCol);
+                             handleEvents();
+                             for (const int digit : {Qt::Key_2, Qt::Key_7, Qt::Key_1, Qt::Key_8})
+                                 samples[0].time([&] { press(digit, QChar(digit)); });
+                             samples[1].time([&] { press(Qt::Key_Return, u'\r'); });
+                         });
+    }
+
+    static void press(int code, QChar character) {
+        QWidget *owner = QApplication::focusWidget();
+        if (owner == nullptr) {
+            std::fprintf(stderr, "nobody has the keyboard\n");
+            std::exit(1);
+        }
+        QKeyEvent down(QEvent::KeyPress, code, Qt::NoModifier, QString(character));
+        QCoreApplication::sendEvent(owner, &down);
+        handleEvents();
+    }
+
+    Size size_;
+    Repeats repeats_;
+    Peer peer_;
+    std::optional<PaintWatch> watch_;
+};
+
+/// What no frame can do without: giving each pixel a colour once.
+inline void fillingPixels(Size size, Repeats repeats) {
+    QImage image(windowWidth, windowHeight, QImage::Format_RGB32);
+    repeats.measure(
+        "floor: fill the pixels", size, [] {}, [&] { image.fill(Qt::white); });
+}
+
+/// Prints the milliseconds from a moment of the system's steady clock, in nanoseconds, to the first
+/// frame of a table of 1,000 rows.
+template <typename Peer> void printStart(long long from) {
+    const Size size{1000, 20};
+    Peer peer(size, Kind::Plain);
+    fillTexts(peer, size);
+    PaintWatch watch(peer.canvas());
+    peer.show();
+    while (watch.paints == 0)
+        handleEvents();
+    const auto now =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now().time_since_epoch());
+    std::printf("start to first frame,%d,%d,%.2f\n", size.rows, size.cols,
+                static_cast<double>(now.count() - from) / 1e6);
+}
+
+template <typename Peer> int runQtProgram(int count, char **arguments) {
+    QLocale::setDefault(QLocale::c());
+    QApplication application(count, arguments);
+    const std::vector<std::string> rest(arguments + 1, arguments + count);
+    if (rest.size() == 2 && rest[0] == "start") {
+        printStart<Peer>(std::stoll(rest[1]));
+        return 0;
+    }
+    return runProgram<Peer>(rest, [](Size size, Repeats repeats) {
+        // A smoke table is too small to scroll.
+        const Size painted{std::max(size.rows, 100), size.cols};
+        QtWorks<Peer>(painted, repeats).run();
+        fillingPixels(painted, repeats);
+    });
+}
+
+} // namespace tablio::bench

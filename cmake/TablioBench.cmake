@@ -1,0 +1,39 @@
+# The benchmarks: a program a peer, all doing the work that bench/works.h says.
+# scripts/bench runs them and compares. The tests run each once, small, so that
+# they do not rot.
+
+function(tablio_add_bench peer directory)
+    set(target bench_${peer})
+    add_executable(${target} "bench/${directory}/${peer}.cpp")
+    target_include_directories(${target} PRIVATE bench)
+    target_link_libraries(${target} PRIVATE ${ARGN})
+    tablio_compile_settings(${target})
+    if(TABLIO_BUILD_TESTS)
+        add_test(NAME bench.${peer} COMMAND ${target} smoke)
+        set_tests_properties(bench.${peer} PROPERTIES
+            LABELS bench TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    endif()
+endfunction()
+
+tablio_add_bench(core core Tablio::Core)
+if(TARGET tablio_qt)
+    tablio_add_bench(tablio qt Tablio::Qt)
+    tablio_add_bench(qtablewidget qt Qt6::Widgets)
+    tablio_add_bench(qtableview qt Qt6::Widgets)
+endif()
+
+# Only where it is installed, and not in the tests: it needs a display.
+if(TABLIO_BUILD_BENCH)
+    find_package(wxWidgets 3.2 QUIET COMPONENTS adv core base)
+    if(wxWidgets_FOUND AND EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/bench/wx/wxgrid.cpp")
+        add_executable(bench_wxgrid bench/wx/wxgrid.cpp)
+        target_include_directories(bench_wxgrid PRIVATE bench)
+        target_include_directories(bench_wxgrid SYSTEM PRIVATE ${wxWidgets_INCLUDE_DIRS})
+        target_compile_definitions(bench_wxgrid PRIVATE ${wxWidgets_DEFINITIONS})
+        target_compile_options(bench_wxgrid PRIVATE ${wxWidgets_CXX_FLAGS})
+        target_link_libraries(bench_wxgrid PRIVATE ${wxWidgets_LIBRARIES})
+        tablio_compile_settings(bench_wxgrid)
+    else()
+        message(STATUS "Tablio: no wxWidgets here, wxGrid is not measured")
+    endif()
+endif()
