@@ -4,6 +4,7 @@
 
 #include <QTextLayout>
 
+#include <cstdlib>
 #include <vector>
 
 namespace tablio::qt {
@@ -11,6 +12,8 @@ namespace tablio::qt {
 namespace {
 
 /// Alignments are 0 to 8, three columns of three rows each, and 9.
+/// Greys closer than this are hard to tell apart.
+constexpr int leastContrast = 40;
 constexpr int generalAlignment = 9;
 enum Third { Near = 0, Middle = 1, Far = 2 };
 
@@ -85,7 +88,8 @@ void GridPainter::paintCell(CellAddress cell, const QRect &place) {
     painter_.fillRect(room, fill);
     paintText(cell, room, background);
     if (current)
-        paintFocus(room);
+        paintFocus(room, fill,
+                   scene_.colours.text(grid_.foreColorOf(cell.row, cell.col), background));
 }
 
 void GridPainter::paintLines(bool isFixed, const QRect &place) {
@@ -95,8 +99,10 @@ void GridPainter::paintLines(bool isFixed, const QRect &place) {
     painter_.fillRect(place.left(), place.bottom() + 1 - line, place.width(), line, colour);
 }
 
-void GridPainter::paintFocus(const QRect &room) {
-    const QColor highlight = scene_.colours.highlight();
+void GridPainter::paintFocus(const QRect &room, const QColor &fill, const QColor &text) {
+    // In a marked row the highlight is the background.
+    const int distance = std::abs(qGray(fill.rgb()) - qGray(scene_.colours.highlight().rgb()));
+    const QColor highlight = distance < leastContrast ? text : scene_.colours.highlight();
     if (grid_.FocusRect() == 2 && scene_.hasKeyboard)
         frame(room, pixels_.length(focusFrame), highlight);
     else if (!scene_.edited)
@@ -121,8 +127,8 @@ bool GridPainter::isTick(CellAddress cell) const {
 }
 
 void GridPainter::paintTick(const QRect &room, const QColor &colour) {
-    const qreal side = std::min({qreal(room.height()) * 0.62, qreal(room.width()) * 0.8,
-                                 12.0 * pixels_.ratio()});
+    const qreal side =
+        std::min({qreal(room.height()) * 0.62, qreal(room.width()) * 0.8, 12.0 * pixels_.ratio()});
     const QPointF corner = QRectF(room).center() - QPointF(side / 2, side / 2);
     QPen pen(colour, std::max(1.5 * pixels_.ratio(), side / 6));
     pen.setCapStyle(Qt::RoundCap);

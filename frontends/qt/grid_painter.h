@@ -41,7 +41,7 @@ private:
     void paintCell(CellAddress cell, const QRect &place);
     void paintLines(bool isFixed, const QRect &place);
     void paintText(CellAddress cell, const QRect &room, Colour background);
-    void paintFocus(const QRect &room);
+    void paintFocus(const QRect &room, const QColor &fill, const QColor &text);
     void paintTick(const QRect &room, const QColor &colour);
     [[nodiscard]] bool isTick(CellAddress cell) const;
     void frame(const QRect &outer, int width, const QColor &colour);

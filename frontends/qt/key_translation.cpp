@@ -80,6 +80,9 @@ KeyCode codeOf(const QKeyEvent &event) {
         return static_cast<KeyCode>(key);
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
         return static_cast<KeyCode>(112 + key - Qt::Key_F1);
+    // A scanner or a keyboard that ends its lines with a line feed means Enter.
+    if (event.text() == QLatin1String("\n"))
+        return Key::Enter;
     return lookUp(punctuationKeys, key);
 }
 

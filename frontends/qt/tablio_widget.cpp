@@ -100,8 +100,9 @@ QSize TablioWidget::sizeHint() const {
     Twips height = 0;
     for (int row = 0; row < table.Rows() && height < largestHint.height() * twipsPerPixel; ++row)
         height += table.RowHeight(row);
-    const QSize whole(width / twipsPerPixel + d_->vertical->sizeHint().width(),
-                      height / twipsPerPixel + 1);
+    const QSize whole =
+        QSize(width / twipsPerPixel + d_->vertical->sizeHint().width(), height / twipsPerPixel + 1)
+            .grownBy(contentsMargins());
     return whole.boundedTo(largestHint).expandedTo(smallestHint);
 }
 

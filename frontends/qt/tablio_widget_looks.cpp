@@ -22,7 +22,9 @@ Colour colourOr(const QColor &colour, Colour start) {
 
 QColor TablioWidget::backColor() const { return d_->colours().of(d_->core.BackColor()); }
 
-void TablioWidget::setBackColor(const QColor &colour) { d_->core.setBackColor(colourOr(colour, d_->startLook.BackColorBkg)); }
+void TablioWidget::setBackColor(const QColor &colour) {
+    d_->core.setBackColor(colourOr(colour, d_->startLook.BackColorBkg));
+}
 
 QColor TablioWidget::backColorData() const { return d_->colours().of(d_->core.BackColorData()); }
 

@@ -49,16 +49,26 @@ class TablioWidget : public QWidget {
     Q_PROPERTY(int headerRowHeight READ headerRowHeight WRITE setHeaderRowHeight STORED false)
     Q_PROPERTY(bool wordWrap READ wordWrap WRITE setWordWrap STORED false)
     Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor RESET resetBackColor STORED false)
-    Q_PROPERTY(QColor backColorData READ backColorData WRITE setBackColorData RESET resetBackColorData STORED false)
-    Q_PROPERTY(QColor foreColorData READ foreColorData WRITE setForeColorData RESET resetForeColorData STORED false)
-    Q_PROPERTY(QColor backColorFixed READ backColorFixed WRITE setBackColorFixed RESET resetBackColorFixed STORED false)
-    Q_PROPERTY(QColor foreColorFixed READ foreColorFixed WRITE setForeColorFixed RESET resetForeColorFixed STORED false)
-    Q_PROPERTY(QColor gridColorData READ gridColorData WRITE setGridColorData RESET resetGridColorData STORED false)
-    Q_PROPERTY(QColor gridColorFixed READ gridColorFixed WRITE setGridColorFixed RESET resetGridColorFixed STORED false)
-    Q_PROPERTY(QColor backColorMarkRow READ backColorMarkRow WRITE setBackColorMarkRow RESET resetBackColorMarkRow STORED false)
-    Q_PROPERTY(QColor foreColorMarkRow READ foreColorMarkRow WRITE setForeColorMarkRow RESET resetForeColorMarkRow STORED false)
-    Q_PROPERTY(QColor stripeColor READ stripeColor WRITE setStripeColor RESET resetStripeColor STORED false)
-    Q_PROPERTY(QColor checkBoxColor READ checkBoxColor WRITE setCheckBoxColor RESET resetCheckBoxColor STORED false)
+    Q_PROPERTY(QColor backColorData READ backColorData WRITE setBackColorData RESET
+                   resetBackColorData STORED false)
+    Q_PROPERTY(QColor foreColorData READ foreColorData WRITE setForeColorData RESET
+                   resetForeColorData STORED false)
+    Q_PROPERTY(QColor backColorFixed READ backColorFixed WRITE setBackColorFixed RESET
+                   resetBackColorFixed STORED false)
+    Q_PROPERTY(QColor foreColorFixed READ foreColorFixed WRITE setForeColorFixed RESET
+                   resetForeColorFixed STORED false)
+    Q_PROPERTY(QColor gridColorData READ gridColorData WRITE setGridColorData RESET
+                   resetGridColorData STORED false)
+    Q_PROPERTY(QColor gridColorFixed READ gridColorFixed WRITE setGridColorFixed RESET
+                   resetGridColorFixed STORED false)
+    Q_PROPERTY(QColor backColorMarkRow READ backColorMarkRow WRITE setBackColorMarkRow RESET
+                   resetBackColorMarkRow STORED false)
+    Q_PROPERTY(QColor foreColorMarkRow READ foreColorMarkRow WRITE setForeColorMarkRow RESET
+                   resetForeColorMarkRow STORED false)
+    Q_PROPERTY(QColor stripeColor READ stripeColor WRITE setStripeColor RESET resetStripeColor
+                   STORED false)
+    Q_PROPERTY(QColor checkBoxColor READ checkBoxColor WRITE setCheckBoxColor RESET
+                   resetCheckBoxColor STORED false)
     Q_PROPERTY(bool headerFontBold READ headerFontBold WRITE setHeaderFontBold STORED false)
     Q_PROPERTY(int markRow READ markRow WRITE setMarkRow DESIGNABLE false STORED false)
     Q_PROPERTY(bool markStatus READ markStatus DESIGNABLE false STORED false)

@@ -1,0 +1,127 @@
+#include "property_pages_dialog.h"
+
+#include "guarded.h"
+#include "property_pages_preview.h"
+#include "property_pages_view.h"
+#include "qt_text.h"
+
+#include "state/control_state.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace tablio::qt {
+
+namespace {
+
+/// A table that holds data is edited here, too: its fixed columns must not be blanked.
+void endPageEditing() { ControlState::PageEditing = false; }
+
+} // namespace
+
+PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
+    : QDialog(parent), edited_(edited), pages_(edited.core(), *this),
+      generalView_(new PropertyPageView(pages_.general)),
+      columnsView_(new PropertyPageView(pages_.columns)), tabs_(new QTabWidget),
+      preview_(new PropertyPagesPreview(edited, pages_)), known_(edited.settings()) {
+    setWindowTitle(tr("Property Pages"));
+    tabs_->addTab(generalView_, toQString(pages_.general.name()));
+    tabs_->addTab(columnsView_, toQString(pages_.columns.name()));
+
+    using Buttons = QDialogButtonBox;
+    auto *buttons = new Buttons(Buttons::Ok | Buttons::Apply | Buttons::Cancel);
+    applyButton_ = buttons->button(Buttons::Apply);
+    applyButton_->setAutoDefault(false);
+    applyButton_->setEnabled(false);
+    buttons->button(Buttons::Ok)->setDefault(true);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(tabs_);
+    layout->addWidget(new QLabel(tr("Preview")));
+    layout->addWidget(preview_);
+    layout->addWidget(buttons);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);
+
+    connect(buttons, &Buttons::accepted, this, &PropertyPagesDialog::accept);
+    connect(buttons, &Buttons::rejected, this, &PropertyPagesDialog::reject);
+    connect(applyButton_, &QPushButton::clicked, this, &PropertyPagesDialog::apply);
+    connect(tabs_, &QTabWidget::currentChanged, this, &PropertyPagesDialog::showPage);
+    for (PropertyPageView *view : {generalView_, columnsView_})
+        connect(view, &PropertyPageView::used, this, &PropertyPagesDialog::noteUse);
+    connect(columnsView_, &PropertyPageView::columnNamed, this,
+            [this] { pages_.columns.SelectionChanged(); });
+
+    for (QTimer *timer : {&previewTimer_, &followTimer_}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    connect(&previewTimer_, &QTimer::timeout, this, [this] {
+        guarded([&] { preview_->refresh(tabs_->currentWidget() == columnsView_); });
+    });
+    connect(&followTimer_, &QTimer::timeout, this, &PropertyPagesDialog::follow);
+    connect(&edited, &TablioWidget::propertyChanged, this, [this] { followTimer_.start(); });
+    connect(&edited, &TablioWidget::tableChange, this, [this] { followTimer_.start(); });
+    showPage(tabs_->currentIndex());
+}
+
+PropertyPagesDialog::~PropertyPagesDialog() = default;
+
+void PropertyPagesDialog::controlChanged(const PageControl &control) {
+    generalView_->mirror(control);
+    columnsView_->mirror(control);
+    previewTimer_.start();
+}
+
+void PropertyPagesDialog::focusMoved(const PageControl &control) {
+    generalView_->giveFocus(control);
+    columnsView_->giveFocus(control);
+}
+
+void PropertyPagesDialog::changedFlagSet(const PropertyPage & /*page*/) {
+    applyButton_->setEnabled(pages_.canApply());
+}
+
+void PropertyPagesDialog::showPage(int tab) {
+    const bool isGeneral = tabs_->widget(tab) == generalView_;
+    if (isGeneral)
+        pages_.show(pages_.general);
+    else
+        pages_.show(pages_.columns);
+    endPageEditing();
+    previewTimer_.start();
+}
+
+void PropertyPagesDialog::apply() {
+    // The keyboard may still be in a box that checks its number when it is left.
+    generalView_->settle();
+    columnsView_->settle();
+    guarded([this] { pages_.apply(); });
+    noteUse();
+}
+
+void PropertyPagesDialog::accept() {
+    apply();
+    QDialog::accept();
+}
+
+void PropertyPagesDialog::follow() {
+    const QByteArray now = edited_.settings();
+    if (now == known_)
+        return;
+    known_ = now;
+    pages_.selectionChanged();
+    endPageEditing();
+}
+
+void PropertyPagesDialog::noteUse() {
+    const QByteArray now = edited_.settings();
+    if (now == known_)
+        return;
+    known_ = now;
+    Q_EMIT applied();
+}
+
+} // namespace tablio::qt

@@ -1,0 +1,60 @@
+#pragma once
+
+/// The dialog with the property pages "General" and "Columns" of one widget, a preview, and OK,
+/// Apply and Cancel. Whoever opens it decides how modal it is. It shows and reports; the pages
+/// decide.
+
+#include <tablio/pages/property_pages.h>
+#include <tablio/qt/tablio_widget.h>
+
+#include <QDialog>
+#include <QTimer>
+
+class QPushButton;
+class QTabWidget;
+
+namespace tablio::qt {
+
+class PropertyPagesPreview;
+class PropertyPageView;
+
+class PropertyPagesDialog final : public QDialog, private PageListener {
+    Q_OBJECT
+
+public:
+    /// The edited widget must outlive the dialog's last event.
+    explicit PropertyPagesDialog(TablioWidget &edited, QWidget *parent = nullptr);
+    ~PropertyPagesDialog() override;
+
+    void accept() override;
+
+Q_SIGNALS:
+    /// The edited widget has other settings: after OK, Apply, and the buttons that act at once.
+    void applied();
+
+private:
+    void controlChanged(const PageControl &control) override;
+    void focusMoved(const PageControl &control) override;
+    void changedFlagSet(const PropertyPage &page) override;
+
+    void apply();
+    void showPage(int tab);
+    /// Somebody else may have changed the widget.
+    void follow();
+    /// The user has done something; settings may have changed at once.
+    void noteUse();
+
+    TablioWidget &edited_;
+    PropertyPages pages_;
+    PropertyPageView *generalView_;
+    PropertyPageView *columnsView_;
+    QTabWidget *tabs_;
+    PropertyPagesPreview *preview_;
+    QPushButton *applyButton_;
+    QTimer previewTimer_;
+    QTimer followTimer_;
+    /// The settings that the pages know of.
+    QByteArray known_;
+};
+
+} // namespace tablio::qt

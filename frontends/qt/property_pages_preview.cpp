@@ -1,0 +1,149 @@
+#include "property_pages_preview.h"
+
+#include "device_pixels.h"
+#include "qt_text.h"
+
+#include "control/control.h"
+
+#include <tablio/text_bag.h>
+
+#include <QLocale>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tablio::qt {
+
+namespace {
+
+constexpr int sampleRows = 3;
+/// In pixels.
+constexpr int previewHeight = 124;
+constexpr int markHeight = 3;
+
+/// What the pages of the preview say, nobody hears.
+class Nobody final : public PageListener {};
+
+/// Makes one page hold what another page of the same kind holds. In the page's own order, so that
+/// lists that depend on another control are filled before their item is chosen.
+void copyPage(const PropertyPage &from, const PropertyPage &to) {
+    for (std::size_t place = 0; place < from.controls().size(); ++place) {
+        const PageControl *source = from.controls()[place];
+        PageControl *target = to.controls()[place];
+        switch (source->kind()) {
+        case PageControlKind::TextBox:
+            static_cast<PageTextBox *>(target)->setText(
+                static_cast<const PageTextBox *>(source)->Text());
+            break;
+        case PageControlKind::CheckBox:
+            static_cast<PageCheckBox *>(target)->setValue(
+                static_cast<const PageCheckBox *>(source)->Value());
+            break;
+        case PageControlKind::List:
+            static_cast<PageList *>(target)->setListIndex(
+                static_cast<const PageList *>(source)->ListIndex());
+            break;
+        case PageControlKind::Button:
+        case PageControlKind::Spinner:
+            break;
+        }
+    }
+}
+
+QString sampleText(const TablioWidget &table, int col) {
+    QString text = TablioWidget::tr("Sample text");
+    if (table.colDataType(col) == TablioWidget::UpperCase)
+        text = table.locale().toUpper(text);
+    if (table.colDataType(col) == TablioWidget::LowerCase)
+        text = table.locale().toLower(text);
+    return table.colMaxLength(col) > 0 ? text.left(table.colMaxLength(col)) : text;
+}
+
+QString sampleValue(const TablioWidget &table, int col) {
+    const QString sign =
+        table.colDataType(col) == TablioWidget::Negative ? QStringLiteral("-") : QString();
+    switch (table.colEditType(col)) {
+    case TablioWidget::ColumnDecimal:
+        return sign + QStringLiteral("1234") + table.locale().decimalPoint() + QStringLiteral("56");
+    case TablioWidget::ColumnInteger:
+        return sign + QStringLiteral("1234");
+    case TablioWidget::ColumnDate:
+        return QStringLiteral("31/12/2030");
+    case TablioWidget::ColumnCombo:
+        return TablioWidget::tr("Choice");
+    default:
+        return sampleText(table, col);
+    }
+}
+
+} // namespace
+
+PropertyPagesPreview::PropertyPagesPreview(const TablioWidget &edited, const PropertyPages &pages,
+                                           QWidget *parent)
+    : QWidget(parent), edited_(edited), pages_(pages), table_(new TablioWidget(this)),
+      columnMark_(new QWidget(this)) {
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(table_);
+    setFixedHeight(previewHeight);
+    table_->setFont(edited.font());
+    table_->setPalette(edited.palette());
+    table_->setLocale(edited.locale());
+    columnMark_->setAutoFillBackground(true);
+    columnMark_->setBackgroundRole(QPalette::Highlight);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    for (QWidget *part : findChildren<QWidget *>())
+        part->setFocusPolicy(Qt::NoFocus);
+}
+
+void PropertyPagesPreview::refresh(bool editsColumn) {
+    TextBag bag = TextBag::parse(edited_.settings().toStdString());
+    const auto fixedRows = bag.readProperty("FixedRows", 0).toLong();
+    const int rows = std::max(fixedRows, 1) + sampleRows;
+    bag.writeProperty("Rows", rows, 2);
+    table_->setSettings(QByteArray::fromStdString(bag.text()));
+
+    Nobody nobody;
+    PropertyPages shown(table_->core(), nobody);
+    if (pages_.general.Changed()) {
+        copyPage(pages_.general, shown.general);
+        shown.general.txtRows.setText(std::to_string(rows));
+        shown.general.ApplyChanges();
+    }
+    if (pages_.columns.Changed()) {
+        copyPage(pages_.columns, shown.columns);
+        shown.columns.ApplyChanges();
+    }
+    for (int col = 0; col < table_->cols(); ++col)
+        fillColumn(col);
+    columnMark_->hide();
+    if (editsColumn)
+        showEditedColumn();
+}
+
+void PropertyPagesPreview::showEditedColumn() {
+    const int col = toQString(pages_.columns.txtIndex.Text()).toInt();
+    if (col < 0 || col >= table_->cols())
+        return;
+    GridView &view = table_->core().control().state.grid.view;
+    if (col >= table_->fixedCols())
+        view.ensureVisible(table_->fixedRows(), col);
+    const Rect header = view.cellRect(0, col);
+    const QRect place(header.left / twipsPerPixel, 0, header.width / twipsPerPixel, markHeight);
+    columnMark_->setGeometry(place.translated(table_->contentsRect().topLeft()) & rect());
+    columnMark_->raise();
+    columnMark_->show();
+}
+
+void PropertyPagesPreview::fillColumn(int col) {
+    const bool isTicks = table_->checkBoxes() != 0 && col == table_->cols() - 1;
+    const int first = std::max(table_->fixedRows(), 1);
+    for (int row = first; row < std::min(first + sampleRows - 1, table_->rows()); ++row) {
+        if (isTicks)
+            table_->check(row, row == first);
+        else if (table_->colStyle(col) != TablioWidget::ColumnFixedWithAutoNumber)
+            table_->setTextMatrix(row, col, sampleValue(*table_, col));
+    }
+}
+
+} // namespace tablio::qt

@@ -1,0 +1,222 @@
+#include "property_pages_view.h"
+
+#include "guarded.h"
+#include "property_pages_controls.h"
+#include "qt_text.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace tablio::qt {
+
+namespace {
+
+/// In characters.
+constexpr int numberWidth = 9;
+constexpr int indexWidth = 5;
+/// Between the two columns of a page, in pixels.
+constexpr int columnGap = 24;
+
+void setWidth(QWidget *widget, int characters) {
+    const int width = widget->fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters;
+    widget->setFixedWidth(width + widget->fontMetrics().height());
+}
+
+QString captionOf(const PageControl &control) {
+    QString caption = toQString(control.caption());
+    // Labels stand before their widgets here, not above them.
+    return caption.endsWith(u':') ? caption.chopped(1) : caption;
+}
+
+QFormLayout *newForm() {
+    auto *form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    return form;
+}
+
+QHBoxLayout *twoColumns(QLayout *left, QLayout *right, int leftShare, int rightShare) {
+    auto *columns = new QHBoxLayout;
+    columns->addLayout(left, leftShare);
+    columns->addSpacing(columnGap);
+    columns->addLayout(right, rightShare);
+    return columns;
+}
+
+void showList(QComboBox &native, const PageList &list) {
+    const QSignalBlocker quiet(native);
+    QStringList items;
+    for (const std::string &item : list.items())
+        items << toQString(item);
+    native.clear();
+    native.addItems(items);
+    native.setCurrentIndex(list.ListIndex());
+}
+
+} // namespace
+
+PropertyPageView::PropertyPageView(General &page, QWidget *parent) : QWidget(parent), page_(page) {
+    auto *numbers = newForm();
+    numbers->addRow(captionOf(page.txtRows), add(page.txtRows, page.RowUpDown));
+    numbers->addRow(captionOf(page.txtCols), add(page.txtCols, page.ColUpDown));
+    for (PageTextBox *box :
+         {&page.txtHeaderRowHeight, &page.txtRowMinHeight, &page.txtPrimaryColumn})
+        numbers->addRow(captionOf(*box), add(*box));
+    for (int row = 0; row < numbers->rowCount(); ++row)
+        setWidth(numbers->itemAt(row, QFormLayout::FieldRole)->widget(), numberWidth);
+
+    auto *switches = new QVBoxLayout;
+    for (PageCheckBox *box : {&page.chkCheckboxes, &page.chkHeaderFontBold, &page.chkWordWrap,
+                              &page.chkGridPopUpMenu, &page.chkWithFixedColumn})
+        switches->addWidget(add(*box));
+    switches->addStretch();
+
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(twoColumns(numbers, switches, 0, 1));
+    whole->addStretch();
+}
+
+PropertyPageView::PropertyPageView(Columns &page, QWidget *parent) : QWidget(parent), page_(page) {
+    auto *top = new QHBoxLayout;
+    auto *index = new QLabel(captionOf(page.txtIndex));
+    auto *indexBox = static_cast<PageLineEdit *>(add(page.txtIndex));
+    index->setBuddy(indexBox);
+    setWidth(indexBox, indexWidth);
+    top->addWidget(index);
+    top->addWidget(indexBox);
+    for (PageButton &button : page.cmdIndex)
+        top->addWidget(add(button));
+    top->addStretch();
+    for (PageButton &button : page.cmdCommand)
+        top->addWidget(add(button));
+    indexBox->installEventFilter(this);
+
+    auto *left = newForm();
+    left->addRow(captionOf(page.txtColTextHeader), add(page.txtColTextHeader));
+    for (PageList *list :
+         {&page.cboColumnStyle, &page.cboColEditType, &page.cboDataType, &page.cboCalcStyle})
+        left->addRow(captionOf(*list), add(*list));
+    auto *right = newForm();
+    for (PageTextBox *box : {&page.txtColFormat, &page.txtColMaxLength, &page.txtColWidth})
+        right->addRow(captionOf(*box), add(*box));
+    for (PageList *list : {&page.cboColDataAlignment, &page.cboColHeaderAlignment})
+        right->addRow(captionOf(*list), add(*list));
+
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(top);
+    whole->addSpacing(columnGap / 3);
+    whole->addLayout(twoColumns(left, right, 1, 1));
+    whole->addStretch();
+}
+
+QWidget *PropertyPageView::add(PageTextBox &box) {
+    auto *native = new PageLineEdit(page_, box, this);
+    connect(native, &PageLineEdit::used, this, &PropertyPageView::used);
+    widgets_.insert(&box, native);
+    return native;
+}
+
+QWidget *PropertyPageView::add(PageTextBox &box, PageSpinner &spinner) {
+    auto *native = new PageSpinBox(page_, box, spinner, this);
+    connect(native, &PageSpinBox::used, this, &PropertyPageView::used);
+    widgets_.insert(&box, &native->box());
+    widgets_.insert(&spinner, native);
+    return native;
+}
+
+QWidget *PropertyPageView::add(PageCheckBox &box) {
+    auto *native = new QCheckBox(captionOf(box), this);
+    native->setObjectName(toQString(box.name()));
+    connect(native, &QCheckBox::clicked, this, [this, &box] {
+        page_.clicked(box);
+        mirror(box);
+        Q_EMIT used();
+    });
+    widgets_.insert(&box, native);
+    return native;
+}
+
+QWidget *PropertyPageView::add(PageList &list) {
+    auto *native = new QComboBox(this);
+    native->setObjectName(toQString(list.name()));
+    connect(native, &QComboBox::activated, this, [this, &list](int item) {
+        page_.chosen(list, item);
+        Q_EMIT used();
+    });
+    widgets_.insert(&list, native);
+    mirror(list);
+    return native;
+}
+
+QWidget *PropertyPageView::add(PageButton &button) {
+    auto *native = new QPushButton(captionOf(button), this);
+    native->setObjectName(toQString(button.name()));
+    native->setAutoDefault(false);
+    connect(native, &QPushButton::clicked, this, [this, &button] {
+        guarded([&] { page_.pressed(button); });
+        Q_EMIT used();
+    });
+    widgets_.insert(&button, native);
+    return native;
+}
+
+void PropertyPageView::mirror(const PageControl &control) {
+    QWidget *native = widgets_.value(&control);
+    if (native == nullptr)
+        return;
+    switch (control.kind()) {
+    case PageControlKind::TextBox:
+        static_cast<PageLineEdit *>(native)->mirror();
+        return;
+    case PageControlKind::CheckBox:
+        static_cast<QCheckBox *>(native)->setChecked(
+            static_cast<const PageCheckBox &>(control).isTicked());
+        break;
+    case PageControlKind::List:
+        showList(*static_cast<QComboBox *>(native), static_cast<const PageList &>(control));
+        break;
+    case PageControlKind::Button:
+        break;
+    case PageControlKind::Spinner:
+        native->update();
+        break;
+    }
+    native->setEnabled(control.Enabled());
+}
+
+/// Enter in the index box goes to the column; elsewhere it is the dialog's OK.
+bool PropertyPageView::eventFilter(QObject *watched, QEvent *event) {
+    const bool isEnter =
+        event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::InsertParagraphSeparator);
+    if (!isEnter)
+        return QWidget::eventFilter(watched, event);
+    Q_EMIT columnNamed();
+    return true;
+}
+
+void PropertyPageView::giveFocus(const PageControl &control) {
+    QWidget *native = widgets_.value(&control);
+    if (native == nullptr)
+        return;
+    native->setFocus(Qt::OtherFocusReason);
+    if (auto *box = qobject_cast<QLineEdit *>(native))
+        box->selectAll();
+}
+
+void PropertyPageView::settle() {
+    for (QWidget *native : std::as_const(widgets_)) {
+        auto *box = qobject_cast<PageLineEdit *>(native);
+        if (box != nullptr && (box->hasFocus() || box->parentWidget()->hasFocus()))
+            box->settle();
+    }
+}
+
+} // namespace tablio::qt
