@@ -34,9 +34,13 @@ NativeCalendar::NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent)
     for (QWidget *child : inner)
         child->setFocusPolicy(Qt::NoFocus);
     hide();
-    connect(calendar_, &QCalendarWidget::clicked, this, [this](const QDate &day) {
-        guarded([&] { parts_.input().calendarPicked(fromQDate(day)); });
-    });
+    // Qt goes on with the calendar after this signal, and a host's handler may delete it.
+    connect(
+        calendar_, &QCalendarWidget::clicked, this,
+        [this](const QDate &day) {
+            guarded([&] { parts_.input().calendarPicked(fromQDate(day)); });
+        },
+        Qt::QueuedConnection);
     connect(calendar_, &QCalendarWidget::currentPageChanged, this, &NativeCalendar::turnedTo);
 }
 

@@ -23,8 +23,11 @@ NativeCombo::NativeCombo(TablioWidgetPrivate &parts, QWidget *frame)
     lineEdit()->setFocusPolicy(Qt::NoFocus);
     lineEdit()->setReadOnly(true);
     view()->installEventFilter(this);
-    connect(this, &QComboBox::activated, this,
-            [this](int index) { guarded([&] { parts_.input().comboItemChosen(index); }); });
+    // Qt goes on with the combo after this signal, and a host's handler may delete it.
+    connect(
+        this, &QComboBox::activated, this,
+        [this](int index) { guarded([&] { parts_.input().comboItemChosen(index); }); },
+        Qt::QueuedConnection);
 }
 
 bool NativeCombo::isDown() const { return view()->isVisible(); }

@@ -27,6 +27,8 @@ struct Date {
     int month = 1;
     int day = 1;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison's own zero for a
+    // pointer
     friend constexpr auto operator<=>(const Date &, const Date &) = default;
 
     /// Days since 1 January 1970, negative before it.

@@ -89,10 +89,10 @@ void MaskedBox::type(char32_t character) {
         return;
     // "5/" means the fifth: the digit moves up behind a zero.
     const int section = selStart_ <= 2 ? 0 : 3;
-    if (selStart_ == section + 1 && text[static_cast<std::size_t>(section + 1)] == '_') {
-        std::swap(text[static_cast<std::size_t>(section)],
-                  text[static_cast<std::size_t>(section + 1)]);
-        text[static_cast<std::size_t>(section)] = '0';
+    char &first = text[static_cast<std::size_t>(section)];
+    char &second = text[static_cast<std::size_t>(section) + 1];
+    if (selStart_ == section + 1 && second == '_') {
+        second = std::exchange(first, '0');
         put(std::move(text), section + 3);
     } else if (isSlash(selStart_)) {
         select(selStart_ + 1, 0);

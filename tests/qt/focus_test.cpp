@@ -109,6 +109,7 @@ TEST(Focus, AHostMayAskTheUserFromASlot) {
     w.type("abc\n");
     EXPECT_EQ(seen, "abc");
     EXPECT_EQ(w.cell(1, 0), "");
+    w.window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&w.window));
     EXPECT_TRUE(w.box()->hasFocus());
     w.key(Qt::Key_Down);
