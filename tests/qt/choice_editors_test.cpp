@@ -23,6 +23,7 @@ protected:
         grid.setColEditType(0, TablioWidget::ColumnCombo);
         grid.setColEditType(1, TablioWidget::ColumnDate);
         grid.setColStyle(3, TablioWidget::ColumnInputWithLookup);
+        grid.setColFormat(1, {});
         for (const char *item : {"Bag", "Bottle", "Box"})
             grid.core().ComboAddItem(item);
         window.window.resize(900, 500);
