@@ -162,7 +162,7 @@ if(TABLIO_INSTALL AND NOT TABLIO_SANITIZE)
             "-DCONFIG=$<CONFIG>"
             "-DGENERATOR=${CMAKE_GENERATOR}"
             "-DCXX=${CMAKE_CXX_COMPILER}"
-            "-DLAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER}"
+            "-DLAUNCHER=$<$<BOOL:${TABLIO_CCACHE}>:${TABLIO_CCACHE}>"
             "-DVERSION=${PROJECT_VERSION}"
             "-DWITH_QT=$<TARGET_EXISTS:tablio_qt>"
             -P "${tests_dir}/package/run.cmake")
