@@ -89,8 +89,7 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
     session_.unmark();
     if (isGone())
         return Outcome::Gone;
-    const std::string shownBefore(table.TextMatrix(cell.row, cell.col));
-    const std::string valueBefore(table.unformatted(cell.row, cell.col));
+    const CellContent before = cells_.content(cell);
     const std::string oldText = cells_.read(cell.row, cell.col);
     state_.LastKey = lastKey;
     if (taken) {
@@ -112,8 +111,7 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
     if (isGone())
         return Outcome::Gone;
     if (valid && !accepted) {
-        table.setTextMatrix(cell.row, cell.col, shownBefore);
-        table.setUnformatted(cell.row, cell.col, valueBefore);
+        cells_.putBack(cell, before);
     }
     return taken && (accepted || !valid) ? Outcome::Written : Outcome::Refused;
 }

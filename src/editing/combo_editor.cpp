@@ -126,15 +126,7 @@ void ComboEditor::paste(std::string_view text) {
         box_.setText(*taken);
 }
 
-void ComboEditor::changed() {
-    const OpenEdit *edit = session_.open();
-    if (edit == nullptr || edit->editor != this)
-        return;
-    const std::uint64_t number = edit->number;
-    state_.link.EditOnChange(edit->cell, box_.Text());
-    if (session_.isOpen(number))
-        state_.link.TableChange();
-}
+void ComboEditor::changed() { session_.reportChange(*this, box_.Text()); }
 
 void ComboEditor::lostFocus() {
     const std::optional<OpenEdit> edit = session_.detach(*this);

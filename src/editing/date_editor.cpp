@@ -138,15 +138,7 @@ void DateEditor::setAnswer(const std::string &value) {
     box_.setText(MaskedBox::shaped(value).value_or(std::string(MaskedBox::blankText)));
 }
 
-void DateEditor::changed() {
-    const OpenEdit *edit = session_.open();
-    if (edit == nullptr || edit->editor != this)
-        return;
-    const std::uint64_t number = edit->number;
-    state_.link.EditOnChange(edit->cell, box_.Text());
-    if (session_.isOpen(number))
-        state_.link.TableChange();
-}
+void DateEditor::changed() { session_.reportChange(*this, box_.Text()); }
 
 void DateEditor::lostFocus() {
     if (!movesOn_)

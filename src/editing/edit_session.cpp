@@ -43,13 +43,7 @@ void EditSession::begin(const EditStart &start) {
     state.grid.view.ensureVisible(cell.row, cell.col);
     CellEditor &editor = editorFor_(state.columns.ColEditType(cell.col));
     const std::uint64_t number = ++count_;
-    open_ = OpenEdit{number,
-                     &editor,
-                     cell,
-                     std::string(state.grid.table.TextMatrix(cell.row, cell.col)),
-                     std::string(state.grid.table.unformatted(cell.row, cell.col)),
-                     shiftStamp,
-                     false};
+    open_ = OpenEdit{number, &editor, cell, cells_.content(cell), shiftStamp, false};
     state.LastKey = static_cast<std::int16_t>(start.key);
     setMenuEnabled(false);
     const Rect place = state.grid.view.cellRect(cell.row, cell.col);
@@ -99,6 +93,16 @@ void EditSession::leave(const std::function<void()> &move) {
         move();
 }
 
+bool EditSession::reportChange(const CellEditor &editor, std::string_view text) {
+    if (!open_ || open_->editor != &editor)
+        return false;
+    const std::uint64_t number = open_->number;
+    state_.link.EditOnChange(open_->cell, text);
+    if (isOpen(number))
+        state_.link.TableChange();
+    return isOpen(number);
+}
+
 std::optional<OpenEdit> EditSession::detach(const CellEditor &editor) {
     if (!open_ || open_->editor != &editor)
         return std::nullopt;
@@ -119,8 +123,7 @@ void EditSession::finish(const OpenEdit &edit, const EditResult &result) {
     const bool accepted = state_.link.EditPostValidation(edit.cell, result.valid, result.oldText,
                                                          result.newText, state_.LastKey);
     if (result.valid && !accepted && isSameCell()) {
-        table.setTextMatrix(edit.cell.row, edit.cell.col, edit.shownBefore);
-        table.setUnformatted(edit.cell.row, edit.cell.col, edit.valueBefore);
+        cells_.putBack(edit.cell, edit.before);
     }
 }
 

@@ -19,8 +19,7 @@ struct OpenEdit {
     CellEditor *editor = nullptr;
     CellAddress cell;
     /// The cell as it was, for putting it back to the letter.
-    std::string shownBefore;
-    std::string valueBefore;
+    CellContent before;
     std::uint64_t shiftStamp = 0;
     /// Esc: the cell stays as it was.
     bool restored = false;
@@ -77,6 +76,8 @@ public:
     /// handler has moved it, opened another edit or ended the control.
     void leave(const std::function<void()> &move);
 
+    /// The editor's text has changed: the host hears it. Answers whether the edit is still open.
+    bool reportChange(const CellEditor &editor, std::string_view text);
     /// First step of an end: the edit is over, whatever handlers do from here on. Answers nothing
     /// when this editor has no open edit.
     std::optional<OpenEdit> detach(const CellEditor &editor);

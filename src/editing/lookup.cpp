@@ -17,8 +17,7 @@ void Lookup::setResult(CellAddress cell, const std::string &value) {
     const std::uint64_t number = edit != nullptr ? edit->number : 0;
     const std::string oldText =
         edit != nullptr ? edit->editor->oldText() : cells_.read(cell.row, cell.col);
-    const std::string shownBefore(table.TextMatrix(cell.row, cell.col));
-    const std::string valueBefore(table.unformatted(cell.row, cell.col));
+    const CellContent before = cells_.content(cell);
     const std::uint64_t shiftStamp = table.shiftStamp();
     const bool wasCurrent = state_.grid.current() == cell;
     const auto isSameCell = [&] {
@@ -37,8 +36,7 @@ void Lookup::setResult(CellAddress cell, const std::string &value) {
     if (!isSameCell())
         return;
     if (valid && !accepted) {
-        table.setTextMatrix(cell.row, cell.col, shownBefore);
-        table.setUnformatted(cell.row, cell.col, valueBefore);
+        cells_.putBack(cell, before);
     }
     if (number != 0 && session_.isOpen(number)) {
         state_.LastKey = Key::Enter;

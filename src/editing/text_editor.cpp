@@ -224,15 +224,7 @@ void TextEditor::paste(std::string_view text) {
 }
 
 void TextEditor::changed() {
-    const OpenEdit *edit = session_.open();
-    if (edit == nullptr)
-        return;
-    const std::uint64_t number = edit->number;
-    state_.link.EditOnChange(edit->cell, box_.Text());
-    if (!session_.isOpen(number))
-        return;
-    state_.link.TableChange();
-    if (session_.isOpen(number) && !session_.open()->restored)
+    if (session_.reportChange(*this, box_.Text()) && !session_.open()->restored)
         reshape();
 }
 

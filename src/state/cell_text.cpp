@@ -30,6 +30,17 @@ void CellText::write(int row, int col, std::string_view value) {
     state_.link.face().propertyChanged("TextMatrix");
 }
 
+CellContent CellText::content(CellAddress cell) const {
+    const GridTable &table = state_.grid.table;
+    return {std::string(table.TextMatrix(cell.row, cell.col)),
+            std::string(table.unformatted(cell.row, cell.col))};
+}
+
+void CellText::putBack(CellAddress cell, const CellContent &content) {
+    state_.grid.table.setTextMatrix(cell.row, cell.col, content.shown);
+    state_.grid.table.setUnformatted(cell.row, cell.col, content.value);
+}
+
 std::string CellText::formatted(int col, std::string_view value) const {
     const std::string &picture = state_.columns.ColFormat(col);
     if (picture.empty())

@@ -11,6 +11,12 @@
 
 namespace tablio {
 
+/// Everything that is in a cell, for putting it back to the letter.
+struct CellContent {
+    std::string shown;
+    std::string value;
+};
+
 class CellText {
 public:
     explicit CellText(ControlState &state) : state_(state) {}
@@ -21,6 +27,9 @@ public:
     /// Shows the value through the column's format and remembers it unformatted. Throws GridError
     /// outside the grid.
     void write(int row, int col, std::string_view value);
+
+    [[nodiscard]] CellContent content(CellAddress cell) const;
+    void putBack(CellAddress cell, const CellContent &content);
 
     /// What a value looks like in the cell.
     [[nodiscard]] std::string formatted(int col, std::string_view value) const;
