@@ -27,9 +27,9 @@ struct Date {
     int month = 1;
     int day = 1;
 
-    // NOLINTNEXTLINE(modernize-use-nullptr): the check takes the comparison's own zero for a
-    // pointer
-    friend constexpr auto operator<=>(const Date &, const Date &) = default;
+    // clang-tidy takes the zero that the comparison is made of for a pointer.
+    friend constexpr auto operator<=>(const Date &,
+                                      const Date &) = default; // NOLINT(modernize-use-nullptr)
 
     /// Days since 1 January 1970, negative before it.
     constexpr std::int64_t dayNumber() const noexcept;
