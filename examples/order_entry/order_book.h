@@ -4,17 +4,20 @@
 /// grid; the form asks it for everything at the start and hands it the rows that changed.
 
 #include "money.h"
+#include "order_database.h"
 
+#include <QDate>
 #include <QSqlDatabase>
 #include <QString>
 
 #include <map>
 #include <optional>
-#include <stdexcept>
+#include <vector>
 
 struct Article {
     QString code;
     QString description;
+    QString unit;
     Money price;
 };
 
@@ -23,6 +26,10 @@ struct OrderLine {
     QString description;
     qint64 quantity = 0;
     Money price;
+    QString unit;
+    /// Null while nobody knows when the goods come.
+    QDate delivery;
+    bool delivered = false;
 
     /// Nothing when the amount is too large to be counted.
     [[nodiscard]] std::optional<Money> total() const { return price.times(quantity); }
@@ -33,17 +40,11 @@ struct OrderLine {
 /// The lines of an order by their row in the form, from 1. A row without an article has no line.
 using OrderLines = std::map<int, OrderLine>;
 
-/// What the database said, ready to be shown to the operator.
-class OrderBookError : public std::runtime_error {
-public:
-    explicit OrderBookError(const QString &message) : std::runtime_error(message.toStdString()) {}
-    [[nodiscard]] QString message() const { return QString::fromUtf8(what()); }
-};
-
 /// Every function throws OrderBookError when the database refuses; nothing has changed then.
 class OrderBook {
 public:
-    /// Opens the file, or creates it with the articles that the shop sells.
+    /// Opens the file, or creates it with the articles that the shop sells. A file that an earlier
+    /// form of this program made is brought up to date.
     explicit OrderBook(const QString &file);
     ~OrderBook();
     OrderBook(const OrderBook &) = delete;
@@ -52,6 +53,8 @@ public:
     [[nodiscard]] QString file() const;
     [[nodiscard]] OrderLines lines() const;
     [[nodiscard]] std::optional<Article> article(const QString &code) const;
+    /// All of them, by their codes.
+    [[nodiscard]] std::vector<Article> articles() const;
 
     /// Writes all of them or, on a failure, none. A row without a value loses its line.
     void save(const std::map<int, std::optional<OrderLine>> &rows);
@@ -60,7 +63,5 @@ public:
     void addSample();
 
 private:
-    void create();
-
     QSqlDatabase database_;
 };

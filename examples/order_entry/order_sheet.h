@@ -1,21 +1,18 @@
 #pragma once
 
-/// The order as a grid: its columns, and what the host does when the control reports an event. This
-/// is the part of a program that a developer who hosts the control writes. What the operator
-/// commits is saved at once; what cannot be saved is kept, reported and tried again.
+/// The order as a grid: what the host does when the control reports an event. This is the part of a
+/// program that a developer who hosts the control writes. What the operator commits is saved at
+/// once; what cannot be saved is kept, reported and tried again.
 
-#include "order_book.h"
+#include "order_cells.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 
 #include <map>
 #include <optional>
 #include <set>
-
-namespace tablio::qt {
-class TablioWidget;
-}
 
 class OrderSheet : public QObject {
     Q_OBJECT
@@ -35,6 +32,9 @@ public:
     /// What is not saved and why, for the operator; empty when all is well.
     [[nodiscard]] QString problem() const;
 
+    /// The answer to articleWanted(), at once or after the operator has gone on.
+    void articleFound(const QString &code);
+
 signals:
     /// Lines have changed, or the problem is another.
     void changed();
@@ -42,37 +42,47 @@ signals:
     void refused(const QString &reason);
     /// The operator has cleared the table. A slot that sets `keep` gets all lines back.
     void cleared(bool &keep);
+    /// The operator asks which articles there are, with what the cell or its editor shows.
+    void articleWanted(int row, const QString &text);
 
 private:
-    void setUpColumns();
-
     // What the host does on events.
-    void cellEdited(int row, int col, bool &valid, int lastKey);
+    void editBegins(int row, int col);
+    void cellEdited(int row, int col, bool &valid, const QString &oldText, const QString &newText,
+                    int lastKey);
+    void lookUp(int row);
+    void keyDown(int &key, int shift, int row, int col);
     void tableChanged();
+
+    /// Why a new text cannot be taken; empty if it can.
+    [[nodiscard]] QString objection(int row, int col, const QString &newText) const;
+    [[nodiscard]] int duplicateOf(int row) const;
+    void goDown(int row, int col);
 
     // Rows.
     void setRowCount(int rows);
     void showLines();
-    void showLine(int row, const OrderLine &line);
-    void fillFromArticle(int row);
-    void noteRow(int row);
-    [[nodiscard]] std::optional<OrderLine> lineAt(int row) const;
+    void fillFromArticle(int row, const QString &oldCode);
+    [[nodiscard]] std::optional<Article> articleCalled(const QString &code) const;
+    bool noteRow(int row);
+    bool noteTick(int row);
+    void takeTicks();
 
+    bool write();
     void showUnsaved();
 
-    // Cells.
-    [[nodiscard]] QString textAt(int row, int col) const;
-    [[nodiscard]] qint64 quantityAt(int row) const;
-    [[nodiscard]] Money priceAt(int row) const;
-    void setMoney(int row, int col, Money amount);
-    [[nodiscard]] QString decimalSign() const;
-
     tablio::qt::TablioWidget &grid_;
+    OrderCells cells_;
     OrderBook &book_;
     OrderLines lines_;
     /// By row: the line that has to be written, nothing where one has to go.
     std::map<int, std::optional<OrderLine>> unsaved_;
     QString failure_;
     std::set<int> redRows_;
+    /// What the editor shows.
+    QString typed_;
     bool typing_ = false;
+    bool showing_ = false;
+    /// Runs while keys that were typed before the operator saw a refusal may still come.
+    QElapsedTimer sinceRefusal_;
 };

@@ -2,12 +2,15 @@
 
 #include <tablio/qt/tablio_widget.h>
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -38,7 +41,7 @@ QString shown(Money amount, const QLocale &locale) {
 
 } // namespace
 
-OrderWindow::OrderWindow(OrderBook &book) {
+OrderWindow::OrderWindow(OrderBook &book) : book_(book) {
     const QFileInfo file(book.file());
     setWindowTitle(tr("[*]Order entry - %1").arg(file.fileName()));
 
@@ -80,9 +83,13 @@ OrderWindow::OrderWindow(OrderBook &book) {
                                      tr("Remove all %1 lines?").arg(sheet_->lines().size())) !=
                QMessageBox::Yes;
     });
+    search_ = new ArticleSearch(centre);
+    connect(sheet_, &OrderSheet::articleWanted, this, &OrderWindow::searchArticle);
+    connect(search_, &ArticleSearch::picked, sheet_, &OrderSheet::articleFound);
+    connect(search_, &ArticleSearch::left, grid_, [this] { grid_->setFocus(); });
     sheet_->load();
 
-    resize(860, 480);
+    resize(QSize(1000, 480).boundedTo(screen()->availableSize()));
     grid_->setFocus();
 }
 
@@ -94,6 +101,20 @@ void OrderWindow::showTotals() {
     const QString problem = sheet_->problem();
     problem_->setText(problem.isEmpty() ? QString() : problem + tr(" The next entry tries again."));
     setWindowModified(!problem.isEmpty());
+}
+
+/// The list opens beside the cell's editor, or where the operator has pressed its button.
+void OrderWindow::searchArticle(int row, const QString &text) {
+    const QWidget *editor = QApplication::focusWidget();
+    QRect cell(search_->parentWidget()->mapFromGlobal(QCursor::pos()), QSize(1, 1));
+    if (editor != nullptr && grid_->isAncestorOf(editor) && !editor->visibleRegion().isEmpty())
+        cell = QRect(editor->mapTo(search_->parentWidget(), QPoint()), editor->size());
+    try {
+        search_->open(tr("Article of row %1: Enter picks, Esc leaves").arg(row), book_.articles(),
+                      text, cell);
+    } catch (const OrderBookError &error) {
+        problem_->setText(tr("The articles cannot be read: %1").arg(error.message()));
+    }
 }
 
 void OrderWindow::closeEvent(QCloseEvent *event) {

@@ -3,6 +3,7 @@
 /// The order form: the grid, a line with the totals, and a status bar. It shows what the sheet and
 /// the event log tell and lets nobody leave with unsaved lines unasked.
 
+#include "article_search.h"
 #include "event_log.h"
 #include "order_sheet.h"
 
@@ -24,11 +25,14 @@ protected:
 
 private:
     void showTotals();
+    void searchArticle(int row, const QString &text);
     bool mayClose();
 
+    OrderBook &book_;
     // Qt's ownership: all of them are children of the window.
     tablio::qt::TablioWidget *grid_;
     OrderSheet *sheet_;
+    ArticleSearch *search_;
     EventLog *log_;
     QLabel *lineCount_;
     QLabel *problem_;

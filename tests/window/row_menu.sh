@@ -1,14 +1,15 @@
 #!/usr/bin/env bash
-# The operator removes, inserts and clears rows with the grid's menu: the saved lines follow, and
-# no slip of the hand clears a whole order.
+# The operator removes, inserts and clears rows with the grid's menu: the saved lines follow with
+# their units, dates and ticks, and no slip of the hand clears a whole order.
 # shellcheck source=tests/window/lib/demo.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib/demo.sh"
 
 # menu LETTER: picks that entry of the grid's menu, without waiting for the menu to be seen.
 menu() { xdotool key Menu "$1"; }
 
+lines_as=whole_lines
 start_demo --sample
-saved_lines >"$work/sample"
+whole_lines >"$work/sample"
 [[ $(wc -l <"$work/sample") -eq 8 ]] || fail "there are no sample lines"
 
 xdotool key Down
@@ -22,7 +23,7 @@ menu i
 awk -F'|' -v OFS='|' '$1 >= 2 { ++$1 } 1' "$work/expected" >"$work/inserted"
 expect_saved 20 "$work/inserted" "after a row was inserted before row 2"
 enter new
-sed '1a 2|NEW||0|0' "$work/inserted" >"$work/expected"
+sed '1a 2|NEW||0|0|||0' "$work/inserted" >"$work/expected"
 expect_saved 20 "$work/expected" "after the inserted row was filled"
 
 menu c

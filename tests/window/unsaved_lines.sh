@@ -66,3 +66,13 @@ refuses "a file that is no database" "$work/letter"
 sqlite3 "$work/other.sqlite" 'CREATE TABLE other (a)'
 refuses "another program's database" "$work/other.sqlite"
 refuses "a directory that cannot be made" "$work/letter" "$work/letter/order.sqlite"
+
+# An order of a later form, and one of the earlier form that breaks while it is brought up to date.
+quit_early() { "$TABLIO_DEMO" --database "$1" --screenshot "$work/shot.png" >"$work/demo.log" 2>&1; }
+quit_early "$work/later.sqlite" || fail "an order file cannot be made"
+sqlite3 "$work/later.sqlite" 'PRAGMA user_version = 9'
+refuses "an order of a later form" "$work/later.sqlite"
+quit_early "$work/broken.sqlite" || fail "an order file cannot be made"
+sqlite3 "$work/broken.sqlite" \
+    'ALTER TABLE articles DROP COLUMN unit; PRAGMA user_version = 0'
+refuses "an order that cannot be brought up to date" "$work/broken.sqlite"
