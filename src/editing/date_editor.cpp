@@ -201,6 +201,7 @@ void DateEditor::setCalendarSize(Twips width, Twips height) {
 }
 
 bool DateEditor::calendarKeyDown(KeyCode key, ShiftState shift) {
+    state_.LastKey = key;
     if (key == Key::Enter) {
         pick(state_.widgets.mvCalender.Value());
         return true;

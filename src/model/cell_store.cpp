@@ -29,10 +29,11 @@ void CellStore::setCols(int count) {
     if (count < cols_) {
         for (Row &row : rows_) {
             cut(row.texts, count);
-            if (row.extras) {
-                cut(row.extras->values, count);
-                cut(row.extras->styles, count);
-            }
+            if (row.values)
+                cut(*row.values, count);
+            // Whichever row comes first cuts the list for all that share it.
+            if (row.styles)
+                cut(*row.styles, count);
         }
     }
     cols_ = count;
@@ -45,7 +46,8 @@ void CellStore::removeRow(int row) { rows_.erase(rows_.begin() + row); }
 void CellStore::clear() {
     for (Row &row : rows_) {
         row.texts = {};
-        row.extras.reset();
+        row.values.reset();
+        row.styles.reset();
     }
 }
 
@@ -59,14 +61,14 @@ void CellStore::setText(int row, int col, std::string_view text) {
     Row &held = at(row);
     if (!text.empty() || has(held.texts, col))
         made(held.texts, col, cols_).assign(text);
-    if (held.extras && has(held.extras->values, col))
-        held.extras->values[static_cast<std::size_t>(col)].assign({});
+    if (held.values && has(*held.values, col))
+        (*held.values)[static_cast<std::size_t>(col)].assign({});
 }
 
 std::string_view CellStore::value(int row, int col) const noexcept {
     const Row &held = at(row);
-    if (held.extras && has(held.extras->values, col)) {
-        const CompactText &value = held.extras->values[static_cast<std::size_t>(col)];
+    if (held.values && has(*held.values, col)) {
+        const CompactText &value = (*held.values)[static_cast<std::size_t>(col)];
         if (!value.empty())
             return value.view();
     }
@@ -74,32 +76,29 @@ std::string_view CellStore::value(int row, int col) const noexcept {
 }
 
 void CellStore::setValue(int row, int col, std::string_view value) {
-    const Row &held = at(row);
+    std::unique_ptr<Texts> &values = at(row).values;
     if (value == text(row, col))
         value = {};
-    if (!value.empty() || (held.extras && has(held.extras->values, col)))
-        made(extrasOf(row).values, col, cols_).assign(value);
+    if (!values && !value.empty())
+        values = std::make_unique<Texts>();
+    if (!value.empty() || (values && has(*values, col)))
+        made(*values, col, cols_).assign(value);
 }
 
 StyleId CellStore::style(int row, int col) const noexcept {
-    const Row &held = at(row);
-    return held.extras && has(held.extras->styles, col)
-               ? held.extras->styles[static_cast<std::size_t>(col)]
-               : plainStyle;
+    const std::shared_ptr<RowStyles> &styles = at(row).styles;
+    return styles && has(*styles, col) ? (*styles)[static_cast<std::size_t>(col)] : plainStyle;
 }
 
 void CellStore::setStyle(int row, int col, StyleId style) {
-    const Row &held = at(row);
-    const bool hasStyles = held.extras && has(held.extras->styles, col);
-    if (style != plainStyle || hasStyles)
-        made(extrasOf(row).styles, col, cols_) = style;
-}
-
-CellStore::Extras &CellStore::extrasOf(int row) {
-    Row &held = at(row);
-    if (!held.extras)
-        held.extras = std::make_unique<Extras>();
-    return *held.extras;
+    if (style == this->style(row, col))
+        return;
+    std::shared_ptr<RowStyles> &styles = at(row).styles;
+    if (!styles)
+        styles = std::make_shared<RowStyles>();
+    else if (styles.use_count() > 1)
+        styles = std::make_shared<RowStyles>(*styles);
+    made(*styles, col, cols_) = style;
 }
 
 } // namespace tablio

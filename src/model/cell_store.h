@@ -9,9 +9,13 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tablio {
+
+/// Never written to for one row alone while other rows hold it, too.
+using RowStyles = std::vector<StyleId>;
 
 class CellStore {
 public:
@@ -38,26 +42,31 @@ public:
     [[nodiscard]] StyleId style(int row, int col) const noexcept;
     void setStyle(int row, int col, StyleId style);
 
+    /// The looks of a row's cells, by column, as far as any was styled; null where none was. Rows
+    /// that look alike may share one list, so that stripes cost a pointer a row.
+    [[nodiscard]] const std::shared_ptr<RowStyles> &rowStyles(int row) const noexcept {
+        return at(row).styles;
+    }
+    void setRowStyles(int row, std::shared_ptr<RowStyles> styles) {
+        at(row).styles = std::move(styles);
+    }
+
     /// The height given to the row, in twips; -1 where none was.
     [[nodiscard]] Twips height(int row) const noexcept { return at(row).height; }
     void setHeight(int row, Twips height) { at(row).height = height; }
 
 private:
-    /// What only some rows have.
-    struct Extras {
-        /// Empty where the text says it all.
-        std::vector<CompactText> values;
-        std::vector<StyleId> styles;
-    };
+    using Texts = std::vector<CompactText>;
     struct Row {
-        std::vector<CompactText> texts;
-        std::unique_ptr<Extras> extras;
+        Texts texts;
+        /// Only where a row has some; empty where the text says it all.
+        std::unique_ptr<Texts> values;
+        std::shared_ptr<RowStyles> styles;
         Twips height = -1;
     };
 
     [[nodiscard]] Row &at(int row) { return rows_[static_cast<std::size_t>(row)]; }
     [[nodiscard]] const Row &at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
-    [[nodiscard]] Extras &extrasOf(int row);
 
     std::vector<Row> rows_;
     int cols_ = 0;

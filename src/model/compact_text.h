@@ -34,20 +34,22 @@ public:
 
     /// Takes a copy of the text, which may be a part of this object's own.
     void assign(std::string_view text) {
-        CompactText fresh;
+        const char *const old = isLong() ? longText().data : nullptr;
+        // Written in place: a short text that is put together elsewhere and then moved here as a
+        // whole waits for its own bytes, which costs more than all the rest.
         if (text.size() <= inlineCapacity) {
             if (!text.empty())
-                std::memcpy(fresh.bytes_.data(), text.data(), text.size());
-            fresh.bytes_.back() = static_cast<char>(inlineCapacity - text.size());
+                std::memmove(bytes_.data(), text.data(), text.size());
+            bytes_.back() = static_cast<char>(inlineCapacity - text.size());
         } else {
-            char *copy = new char[text.size()];
+            char *const copy = new char[text.size()];
             std::memcpy(copy, text.data(), text.size());
-            const LongText held{copy, static_cast<std::uint32_t>(text.size())};
-            std::memcpy(fresh.bytes_.data(), &held.data, sizeof held.data);
-            std::memcpy(fresh.bytes_.data() + sizeof held.data, &held.size, sizeof held.size);
-            fresh.bytes_.back() = longMark;
+            const auto size = static_cast<std::uint32_t>(text.size());
+            std::memcpy(bytes_.data(), &copy, sizeof copy);
+            std::memcpy(bytes_.data() + sizeof copy, &size, sizeof size);
+            bytes_.back() = longMark;
         }
-        std::swap(bytes_, fresh.bytes_);
+        delete[] old;
     }
 
     [[nodiscard]] std::string_view view() const noexcept {

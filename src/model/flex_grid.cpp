@@ -115,6 +115,8 @@ void FlexGrid::tableChanged() {
         current_ = kept;
 }
 
+void FlexGrid::looksChanged() { view.invalidateAll(); }
+
 void FlexGrid::areaChanged(const Rect &area) { events_.gridAreaChanged(area); }
 
 void FlexGrid::scrolled() { events_.gridScroll(); }

@@ -74,6 +74,7 @@ public:
 private:
     void cellChanged(int row, int col) override;
     void tableChanged() override;
+    void looksChanged() override;
     void areaChanged(const Rect &area) override;
     void scrolled() override;
     void moveTo(CellAddress cell);

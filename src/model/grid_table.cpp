@@ -3,6 +3,7 @@
 #include <tablio/errors.h>
 
 #include <algorithm>
+#include <array>
 
 namespace tablio {
 
@@ -138,26 +139,50 @@ void GridTable::setCellStyle(int row, int col, const CellStyle &style) {
     observer_.cellChanged(row, col);
 }
 
-void GridTable::paintBackColor(int row, int firstCol, Colour colour) {
-    checkRow(row, "CellBackColor");
-    if (firstCol < Cols())
-        checkCol(firstCol, "CellBackColor");
-    // Neighbours mostly look alike, so one answer of the style table serves a whole row.
-    StyleId known = 0;
-    StyleId painted = 0;
-    for (int col = firstCol; col < Cols(); ++col) {
-        const StyleId old = store_.style(row, col);
-        if (col == firstCol || old != known) {
-            CellStyle style = styles_[old];
-            style.backColor = colour;
-            known = old;
-            painted = styles_.intern(style);
-        }
-        if (painted != old) {
-            store_.setStyle(row, col, painted);
-            observer_.cellChanged(row, col);
-        }
+void GridTable::paintStripes(int lastRow, int firstCol, Colour oddRows, Colour evenRows) {
+    const int end = std::min(lastRow + 1, Rows());
+    if (end <= 1 || firstCol >= Cols())
+        return;
+    checkCol(firstCol, "CellBackColor");
+    struct Answer {
+        std::shared_ptr<RowStyles> from;
+        std::shared_ptr<RowStyles> to;
+    };
+    // Rows that looked alike will look alike, so the answer for one serves the next like it.
+    std::array<Answer, 2> answers;
+    for (int row = 1; row < end; ++row) {
+        const bool isOdd = row % 2 != 0;
+        Answer &answer = answers[isOdd ? 1 : 0];
+        const std::shared_ptr<RowStyles> &old = store_.rowStyles(row);
+        const bool isKnown =
+            answer.to && (old == answer.from || (old && answer.from && *old == *answer.from));
+        if (!isKnown)
+            answer = {old, painted(old, firstCol, isOdd ? oddRows : evenRows)};
+        store_.setRowStyles(row, answer.to);
     }
+    observer_.looksChanged();
+}
+
+std::shared_ptr<RowStyles> GridTable::painted(const std::shared_ptr<RowStyles> &styles,
+                                              int firstCol, Colour background) {
+    const auto result =
+        styles ? std::make_shared<RowStyles>(*styles) : std::make_shared<RowStyles>();
+    result->resize(static_cast<std::size_t>(Cols()));
+    // Neighbours mostly look alike, so one answer of the style table serves many cells.
+    StyleId known = 0;
+    StyleId changed = 0;
+    bool isFirst = true;
+    for (auto style = result->begin() + firstCol; style != result->end(); ++style) {
+        if (isFirst || *style != known) {
+            CellStyle look = styles_[*style];
+            look.backColor = background;
+            known = *style;
+            changed = styles_.intern(look);
+            isFirst = false;
+        }
+        *style = changed;
+    }
+    return styles && *result == *styles ? styles : result;
 }
 
 Twips GridTable::RowHeight(int row) const {
@@ -210,18 +235,8 @@ void GridTable::setLook(const GridLook &look) {
     observer_.tableChanged();
 }
 
-bool GridTable::hasCell(int row, int col) const noexcept {
-    return row >= 0 && row < Rows() && col >= 0 && col < Cols();
-}
-
-void GridTable::checkRow(int row, std::string_view operation) const {
-    if (row < 0 || row >= Rows())
-        throw GridError(outside(operation, "row", row, 0, Rows() - 1));
-}
-
-void GridTable::checkCol(int col, std::string_view operation) const {
-    if (col < 0 || col >= Cols())
-        throw GridError(outside(operation, "column", col, 0, Cols() - 1));
+void GridTable::refuse(std::string_view operation, std::string_view what, int index, int count) {
+    throw GridError(outside(operation, what, index, 0, count - 1));
 }
 
 const GridTable::Column &GridTable::column(int col, std::string_view operation) const {

@@ -8,6 +8,7 @@
 #include "model/grid_look.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,8 @@ public:
     virtual void cellChanged(int row, int col) = 0;
     /// Counts, sizes or the look changed: whatever was derived from them is stale.
     virtual void tableChanged() = 0;
+    /// Any number of cells look different; nothing else changed.
+    virtual void looksChanged() { tableChanged(); }
 };
 
 /// All rows and columns are counted from 0 with the fixed ones first; sizes are twips. A function
@@ -63,8 +66,9 @@ public:
     [[nodiscard]] const CellStyle &cellStyle(int row, int col) const;
     void setCellStyle(int row, int col, const CellStyle &style);
 
-    /// Gives all cells of a row from a column on one background; the rest of each look stays.
-    void paintBackColor(int row, int firstCol, Colour colour);
+    /// Gives all cells from a column on the background of their row, in rows 1 to lastRow as far as
+    /// there are any; the rest of each look stays.
+    void paintStripes(int lastRow, int firstCol, Colour oddRows, Colour evenRows);
 
     [[nodiscard]] Twips RowHeight(int row) const;
     void setRowHeight(int row, Twips height);
@@ -82,9 +86,17 @@ public:
     void setLook(const GridLook &look);
 
     /// Whether such a cell exists, and the error that the operation throws when it does not.
-    [[nodiscard]] bool hasCell(int row, int col) const noexcept;
-    void checkRow(int row, std::string_view operation) const;
-    void checkCol(int col, std::string_view operation) const;
+    [[nodiscard]] bool hasCell(int row, int col) const noexcept {
+        return row >= 0 && row < Rows() && col >= 0 && col < Cols();
+    }
+    void checkRow(int row, std::string_view operation) const {
+        if (row < 0 || row >= Rows())
+            refuse(operation, "row", row, Rows());
+    }
+    void checkCol(int col, std::string_view operation) const {
+        if (col < 0 || col >= Cols())
+            refuse(operation, "column", col, Cols());
+    }
     /// Counts every change after which a row number may mean another row: rows inserted or removed
     /// and the table wiped, but not rows added at the end.
     [[nodiscard]] std::uint64_t shiftStamp() const noexcept { return shiftStamp_; }
@@ -96,6 +108,11 @@ private:
         std::int16_t fixedAlignment = 9;
     };
 
+    [[noreturn]] static void refuse(std::string_view operation, std::string_view what, int index,
+                                    int count);
+    /// The looks with another background from a column on; the same list when nothing changes.
+    [[nodiscard]] std::shared_ptr<RowStyles> painted(const std::shared_ptr<RowStyles> &styles,
+                                                     int firstCol, Colour background);
     [[nodiscard]] const Column &column(int col, std::string_view operation) const;
     [[nodiscard]] Column &column(int col, std::string_view operation);
 

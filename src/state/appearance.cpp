@@ -12,11 +12,8 @@ void Appearance::PaintStripes() {
     {
         const StatusOff statusOff(state_);
         GridTable &table = state_.grid.table;
-        const Colour base = table.look().BackColor;
-        const int rows = table.Rows() - table.FixedRows();
-        for (int row = 1; row <= rows && row < table.Rows(); ++row)
-            table.paintBackColor(row, state_.settings.PrimaryColumn,
-                                 row % 2 == 0 ? state_.settings.StripeColor : base);
+        table.paintStripes(state_.lastDataRow(), state_.settings.PrimaryColumn,
+                           table.look().BackColor, state_.settings.StripeColor);
     }
     state_.grid.setFocusRect(2);
 }

@@ -18,9 +18,8 @@ std::string CellText::read(int row, int col) const {
 
 void CellText::write(int row, int col, std::string_view value) {
     GridTable &table = state_.grid.table;
-    table.checkRow(row, "TextMatrix");
-    table.checkCol(col, "TextMatrix");
-    if (state_.columns.ColFormat(col).empty()) {
+    // Where there is no such cell, writing its text says so.
+    if (!table.hasCell(row, col) || state_.columns.ColFormat(col).empty()) {
         table.setTextMatrix(row, col, value);
     } else {
         const std::string given(value);
@@ -52,7 +51,10 @@ std::string CellText::formatted(int col, std::string_view value) const {
     if (state_.columns.ColEditType(col) == TColumnType::ColumnDate) {
         if (IsBlankDate(value))
             return DateToText(noDate);
-        return IsDateInvalid(value) ? std::string(value) : formatDate(TextToDate(value), picture);
+        // A leap day that only this control knows stays as it was entered.
+        if (IsDateInvalid(value) || picture == dateEditMask)
+            return std::string(value);
+        return formatDate(TextToDate(value), picture);
     }
     return std::string(value);
 }

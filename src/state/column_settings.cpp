@@ -48,11 +48,8 @@ TCalcStyle ColumnSettings::ColCalcStyle(int col) const {
     return static_cast<TCalcStyle>(number(CalcStyle, col));
 }
 
-const std::string &ColumnSettings::text(List list, int col) const {
+const std::string &ColumnSettings::missingText(int col) const {
     static const std::string none;
-    const std::vector<std::string> &entries = lists_[list];
-    if (col >= 0 && static_cast<std::size_t>(col) < entries.size())
-        return entries[static_cast<std::size_t>(col)];
     table_.checkCol(col, "column setting");
     return none;
 }

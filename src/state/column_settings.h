@@ -29,7 +29,11 @@ public:
 
     /// Reading a grid column without an entry answers "" (a number: 0). Throws GridError for a
     /// column that neither the lists nor the grid have; writing needs an entry in the list.
-    [[nodiscard]] const std::string &text(List list, int col) const;
+    [[nodiscard]] const std::string &text(List list, int col) const {
+        const std::vector<std::string> &entries = lists_[list];
+        const bool hasEntry = col >= 0 && static_cast<std::size_t>(col) < entries.size();
+        return hasEntry ? entries[static_cast<std::size_t>(col)] : missingText(col);
+    }
     void setText(List list, int col, std::string value);
     /// Throws GridError for a column without an entry to write to.
     void checkEntry(int col) const;
@@ -49,6 +53,7 @@ public:
     [[nodiscard]] bool isNumeric(int col) const;
 
 private:
+    [[nodiscard]] const std::string &missingText(int col) const;
     [[nodiscard]] std::int32_t number(List list, int col) const;
 
     const GridTable &table_;
