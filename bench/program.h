@@ -12,18 +12,19 @@
 namespace tablio::bench {
 
 template <typename Peer> void printMemory(Size size, bool striped) {
+    const CellTexts texts(size);
     // A small table first: what the toolkit loads once belongs to no cell.
     Peer peer({2, size.cols}, Kind::Plain);
     peer.show();
-    fillTexts(peer, {2, size.cols});
+    fillTexts(peer, {2, size.cols}, texts);
     peer.paintStripes();
     const long before = residentBytes();
     peer.resize(size);
-    fillTexts(peer, size);
+    fillTexts(peer, size, texts);
     if (striped)
         peer.paintStripes();
     const double bytes = static_cast<double>(residentBytes() - before);
-    std::printf("%s,%d,%d,%.2f\n", striped ? "bytes a cell, striped" : "bytes a cell", size.rows,
+    std::printf("%s,%d,%d,%.2f\n", striped ? "bytes a cell striped" : "bytes a cell", size.rows,
                 size.cols, bytes / size.rows / size.cols);
 }
 

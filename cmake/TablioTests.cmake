@@ -4,6 +4,7 @@
 #   qt        tests/qt/*.cpp               GoogleTest, the widget on an offscreen platform
 #   window    tests/window/*.sh            the demo in a real X window on a private display
 #   package   tests/package/               the installed package, used from outside
+#   designer  tests/designer/              the Qt Designer plug-in; see TablioDesignerTests.cmake
 # Code that several of them share stands in tests/support/.
 
 find_package(GTest REQUIRED)
@@ -148,6 +149,12 @@ else()
             LABELS window TIMEOUT 180 RUN_SERIAL ON
             ENVIRONMENT "TABLIO_DEMO=$<TARGET_FILE:tablio_demo>;${test_environment}")
     endforeach()
+endif()
+
+# ---- designer ----------------------------------------------------------------
+
+if(TARGET tablio_qt)
+    include(TablioDesignerTests)
 endif()
 
 # ---- package -----------------------------------------------------------------

@@ -4,7 +4,6 @@
 /// start. Besides what `works.h` asks, such a peer answers
 ///
 ///     window()        the window that is shown
-///     canvas()        the widget on which the cells are painted
 ///     edit(row, col)  puts the cursor there, ready for keys
 ///
 /// Everything is painted before a function here returns, on Qt's offscreen platform, by the same
@@ -19,14 +18,12 @@
 #include <QStyleFactory>
 #include <QWidget>
 
-#include <optional>
-
 namespace tablio::bench {
 
-/// Hears when a widget has been painted.
+/// Counts the widgets that are painted.
 class PaintWatch : public QObject {
 public:
-    explicit PaintWatch(QWidget &widget) { widget.installEventFilter(this); }
+    PaintWatch() { QCoreApplication::instance()->installEventFilter(this); }
     int paints = 0;
 
 protected:
@@ -52,28 +49,27 @@ inline QScrollBar &verticalBar(QWidget &window) {
 
 template <typename Peer> class QtWorks {
 public:
-    QtWorks(Size size, Repeats repeats) : size_(size), repeats_(repeats), peer_(size, Kind::Full) {
+    QtWorks(Size size, Repeats repeats)
+        : size_(size), repeats_(repeats), texts_(size), peer_(size, Kind::Full) {
         peer_.show();
-        fillFull(peer_, size_);
+        fillFull(peer_, size_, texts_);
         peer_.paintStripes();
         handleEvents();
     }
 
     void run() {
-        watch_.emplace(peer_.canvas());
         frames();
         scrolling();
         changedCell();
         typing();
-        watch_.reset();
     }
 
 private:
     /// Times a work and makes sure that it painted something.
     template <typename Work> void painted(const char *what, Samples &samples, const Work &work) {
-        const int before = watch_->paints;
+        const int before = watch_.paints;
         samples.time(work);
-        if (watch_->paints == before) {
+        if (watch_.paints == before) {
             std::fprintf(stderr, "%s: nothing was painted\n", what);
             std::exit(1);
         }
@@ -110,12 +106,11 @@ private:
     }
 
     void changedCell() {
-        CellTexts texts;
         int count = 0;
         repeats_.measure({"one changed cell"}, size_, [&](std::vector<Samples> &samples) {
             ++count;
             painted("one changed cell", samples[0], [&] {
-                peer_.set(5, 4, texts.text(count, 4));
+                peer_.set(5, 4, texts_.text(count % size_.rows, 4));
                 handleEvents();
             });
         });
@@ -129,8 +124,8 @@ private:
                              peer_.edit(row, keyCol);
                              handleEvents();
                              for (const int digit : {Qt::Key_2, Qt::Key_7, Qt::Key_1, Qt::Key_8})
-                                 samples[0].time([&] { press(digit, QChar(digit)); });
-                             samples[1].time([&] { press(Qt::Key_Return, u'\r'); });
+                                 painted("key", samples[0], [&] { press(digit, QChar(digit)); });
+                             painted("Enter", samples[1], [&] { press(Qt::Key_Return, u'\r'); });
                          });
     }
 
@@ -147,8 +142,9 @@ private:
 
     Size size_;
     Repeats repeats_;
+    CellTexts texts_;
     Peer peer_;
-    std::optional<PaintWatch> watch_;
+    PaintWatch watch_;
 };
 
 /// What no frame can do without: giving each pixel a colour once.
@@ -163,8 +159,8 @@ inline void fillingPixels(Size size, Repeats repeats) {
 template <typename Peer> void printStart(long long from) {
     const Size size{1000, 20};
     Peer peer(size, Kind::Plain);
-    fillTexts(peer, size);
-    PaintWatch watch(peer.canvas());
+    fillTexts(peer, size, CellTexts(size));
+    PaintWatch watch;
     peer.show();
     while (watch.paints == 0)
         handleEvents();

@@ -17,11 +17,10 @@ public:
         view_.setModel(&model_);
         view_.horizontalHeader()->setDefaultSectionSize(colPixels);
         view_.verticalHeader()->setDefaultSectionSize(rowPixels);
-        view_.verticalHeader()->hide();
+        view_.verticalHeader()->setVisible(kind == Kind::Full);
         resize(size);
         view_.setAlternatingRowColors(kind == Kind::Full);
         view_.resize(windowWidth, windowHeight);
-        renumber(0);
     }
 
     void show() {
@@ -34,13 +33,19 @@ public:
         model_.setColumnCount(size.cols);
         model_.setRowCount(size.rows);
     }
-    void bulk(bool on) { view_.setUpdatesEnabled(!on); }
-    void set(int row, int col, std::string_view text) {
-        const QString shown = QString::fromLatin1(text.data(), text.size());
-        if (QStandardItem *item = model_.item(row, col))
-            item->setText(shown);
+    /// Filled by whole rows, each appended when it is complete: an item that is put into a model
+    /// one by one is searched for among all others.
+    void bulk(bool on) {
+        view_.setUpdatesEnabled(!on);
+        if (on)
+            model_.setRowCount(0);
         else
-            model_.setItem(row, col, new QStandardItem(shown));
+            appendRow();
+        filling_ = on;
+    }
+    void set(int row, int col, std::string_view text) {
+        const QString shown = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+        itemAt(row, col).setText(shown);
     }
     void formatColumn(int /*col*/) {}
     void setNumber(int row, int col, std::string_view text) {
@@ -62,18 +67,15 @@ public:
     void insertRow(int row) {
         model_.removeRow(model_.rowCount() - 1);
         model_.insertRow(row);
-        renumber(row);
     }
     void removeRow(int row) {
         model_.removeRow(row);
         model_.insertRow(model_.rowCount());
-        renumber(row);
     }
     void clear() {
         const Size size{model_.rowCount(), model_.columnCount()};
         model_.clear();
         resize(size);
-        renumber(0);
     }
     int duplicateOf(int row) {
         const QString key = keyOf(row).toLower();
@@ -92,33 +94,40 @@ public:
     }
 
     QWidget &window() { return view_; }
-    QWidget &canvas() { return *view_.viewport(); }
     void edit(int row, int col) { view_.setCurrentIndex(model_.index(row, col)); }
 
 private:
     QStandardItem &itemAt(int row, int col) {
+        if (filling_)
+            return itemOfNewRow(row, col);
         QStandardItem *item = model_.item(row, col);
         if (item == nullptr)
             model_.setItem(row, col, item = new QStandardItem);
         return *item;
     }
+    QStandardItem &itemOfNewRow(int row, int col) {
+        if (row > model_.rowCount())
+            appendRow();
+        while (newRow_.size() < model_.columnCount())
+            newRow_.append(new QStandardItem);
+        return *newRow_[col];
+    }
+    void appendRow() {
+        if (!newRow_.isEmpty())
+            model_.appendRow(newRow_);
+        newRow_.clear();
+    }
     QString keyOf(int row) const {
         const QStandardItem *item = model_.item(row, keyCol);
         return item != nullptr ? item->text().trimmed() : QString();
-    }
-    void renumber(int from) {
-        if (kind_ != Kind::Full)
-            return;
-        bulk(true);
-        for (int row = from; row < model_.rowCount(); ++row)
-            itemAt(row, 0).setText(QString::number(row + 1));
-        bulk(false);
     }
 
     Kind kind_;
     QLocale locale_{QLocale::English};
     QStandardItemModel model_;
     QTableView view_;
+    QList<QStandardItem *> newRow_;
+    bool filling_ = false;
 };
 
 } // namespace

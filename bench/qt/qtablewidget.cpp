@@ -15,12 +15,11 @@ public:
     TableWidget(Size size, Kind kind) : kind_(kind) {
         table_.horizontalHeader()->setDefaultSectionSize(colPixels);
         table_.verticalHeader()->setDefaultSectionSize(rowPixels);
-        table_.verticalHeader()->hide();
+        // Numbers and stripes that the view paints by a row's place cost no cell anything.
+        table_.verticalHeader()->setVisible(kind == Kind::Full);
         resize(size);
-        // The stripes that the view paints by the row's number cost no cell anything.
         table_.setAlternatingRowColors(kind == Kind::Full);
         table_.resize(windowWidth, windowHeight);
-        renumber(0);
     }
 
     void show() {
@@ -61,17 +60,12 @@ public:
     void insertRow(int row) {
         table_.removeRow(table_.rowCount() - 1);
         table_.insertRow(row);
-        renumber(row);
     }
     void removeRow(int row) {
         table_.removeRow(row);
         table_.insertRow(table_.rowCount());
-        renumber(row);
     }
-    void clear() {
-        table_.clearContents();
-        renumber(0);
-    }
+    void clear() { table_.clearContents(); }
     int duplicateOf(int row) {
         const QString key = keyOf(row).toLower();
         for (int other = 0; other < table_.rowCount(); ++other) {
@@ -89,7 +83,6 @@ public:
     }
 
     QWidget &window() { return table_; }
-    QWidget &canvas() { return *table_.viewport(); }
     void edit(int row, int col) { table_.setCurrentCell(row, col); }
 
 private:
@@ -102,14 +95,6 @@ private:
     QString keyOf(int row) const {
         const QTableWidgetItem *item = table_.item(row, keyCol);
         return item != nullptr ? item->text().trimmed() : QString();
-    }
-    void renumber(int from) {
-        if (kind_ != Kind::Full)
-            return;
-        bulk(true);
-        for (int row = from; row < table_.rowCount(); ++row)
-            itemAt(row, 0).setText(QString::number(row + 1));
-        bulk(false);
     }
 
     Kind kind_;

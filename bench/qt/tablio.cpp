@@ -31,7 +31,6 @@ public:
     void setNumber(int row, int col, std::string_view text) { set(row, col, text); }
 
     QWidget &window() { return widget; }
-    QWidget &canvas() { return *widget.findChild<QWidget *>(QStringLiteral("qt_grid")); }
     void edit(int row, int col) { widget.focusCell(row + 1, col); }
 };
 

@@ -39,10 +39,10 @@ public:
         grid_->CreateGrid(size.rows, size.cols);
         grid_->SetDefaultRowSize(rowPixels, true);
         grid_->SetDefaultColSize(colPixels, true);
-        grid_->HideRowLabels();
         if (kind == Kind::Full)
             grid_->GetTable()->SetAttrProvider(new Stripes);
-        renumber(0);
+        else
+            grid_->HideRowLabels();
     }
     ~WxGrid() {
         frame_->Destroy();
@@ -77,17 +77,12 @@ public:
     void insertRow(int row) {
         grid_->DeleteRows(grid_->GetNumberRows() - 1);
         grid_->InsertRows(row);
-        renumber(row);
     }
     void removeRow(int row) {
         grid_->DeleteRows(row);
         grid_->AppendRows();
-        renumber(row);
     }
-    void clear() {
-        grid_->ClearGrid();
-        renumber(0);
-    }
+    void clear() { grid_->ClearGrid(); }
     int duplicateOf(int row) {
         const wxString key = keyOf(row).Lower();
         for (int other = 0; other < grid_->GetNumberRows(); ++other) {
@@ -126,14 +121,6 @@ private:
         wxTheApp->ProcessIdle();
     }
     wxString keyOf(int row) const { return grid_->GetCellValue(row, keyCol).Trim().Trim(false); }
-    void renumber(int from) {
-        if (kind_ != Kind::Full)
-            return;
-        bulk(true);
-        for (int row = from; row < grid_->GetNumberRows(); ++row)
-            grid_->SetCellValue(row, 0, wxString::Format("%d", row + 1));
-        bulk(false);
-    }
 
     Kind kind_;
     wxFrame *frame_;
@@ -141,9 +128,9 @@ private:
 };
 
 void painting(Size size, Repeats repeats) {
-    WxGrid peer({std::max(size.rows, 100), size.cols}, Kind::Full);
+    WxGrid peer(size, Kind::Full);
     peer.show();
-    fillFull(peer, size);
+    fillFull(peer, size, CellTexts(size));
     repeats.measure(
         "full frame", size, [] {}, [&] { peer.paint(); });
 }

@@ -34,10 +34,8 @@ PageLineEdit::PageLineEdit(PropertyPage &page, PageTextBox &box, QWidget *parent
     setObjectName(toQString(box.name()));
     if (box.keys() == PageKeys::WholeNumber)
         setInputMethodHints(Qt::ImhDigitsOnly);
-    connect(this, &QLineEdit::textEdited, this, [this](const QString &text) {
-        page_.typed(box_, fromQString(text));
-        Q_EMIT used();
-    });
+    connect(this, &QLineEdit::textEdited, this,
+            [this](const QString &text) { page_.typed(box_, fromQString(text)); });
     mirror();
 }
 
@@ -81,13 +79,11 @@ PageSpinBox::PageSpinBox(PropertyPage &page, PageTextBox &box, PageSpinner &spin
     setLineEdit(&box_);
     box_.setObjectName(toQString(box.name()));
     setObjectName(toQString(spinner.name()));
-    connect(&box_, &PageLineEdit::used, this, &PageSpinBox::used);
 }
 
 void PageSpinBox::stepBy(int steps) {
     page_.spun(spinner_, std::clamp(spinner_.Value() + steps, spinner_.Min(), spinner_.Max()));
     box_.selectAll();
-    Q_EMIT used();
 }
 
 QAbstractSpinBox::StepEnabled PageSpinBox::stepEnabled() const {

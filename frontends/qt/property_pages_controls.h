@@ -20,9 +20,6 @@ public:
     /// The user has done with the box, though the keyboard may stay in it.
     void settle();
 
-Q_SIGNALS:
-    void used();
-
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -45,9 +42,6 @@ public:
 
     [[nodiscard]] PageLineEdit &box() const { return box_; }
     void stepBy(int steps) override;
-
-Q_SIGNALS:
-    void used();
 
 protected:
     [[nodiscard]] StepEnabled stepEnabled() const override;

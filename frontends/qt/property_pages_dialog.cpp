@@ -9,7 +9,10 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -36,7 +39,6 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
     applyButton_ = buttons->button(Buttons::Apply);
     applyButton_->setAutoDefault(false);
     applyButton_->setEnabled(false);
-    buttons->button(Buttons::Ok)->setDefault(true);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(tabs_);
@@ -44,13 +46,15 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
     layout->addWidget(preview_);
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetMinimumSize);
+    // Now that it is a button of this dialog: it stays the default when the focus comes and goes.
+    buttons->button(Buttons::Ok)->setDefault(true);
 
     connect(buttons, &Buttons::accepted, this, &PropertyPagesDialog::accept);
     connect(buttons, &Buttons::rejected, this, &PropertyPagesDialog::reject);
     connect(applyButton_, &QPushButton::clicked, this, &PropertyPagesDialog::apply);
     connect(tabs_, &QTabWidget::currentChanged, this, &PropertyPagesDialog::showPage);
-    for (PropertyPageView *view : {generalView_, columnsView_})
-        connect(view, &PropertyPageView::used, this, &PropertyPagesDialog::noteUse);
+    connect(columnsView_, &PropertyPageView::pressed, this,
+            [this](PageButton &button) { change([&] { pages_.columns.pressed(button); }); });
     connect(columnsView_, &PropertyPageView::columnNamed, this,
             [this] { pages_.columns.SelectionChanged(); });
 
@@ -68,6 +72,21 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
 }
 
 PropertyPagesDialog::~PropertyPagesDialog() = default;
+
+template <typename Action> void PropertyPagesDialog::change(const Action &action) {
+    {
+        const QSignalBlocker quiet(edited_);
+        guarded(action);
+    }
+    const QByteArray now = edited_.settings();
+    if (now == known_)
+        return;
+    known_ = now;
+    const QPointer<PropertyPagesDialog> alive(this);
+    guarded([this] { Q_EMIT edited_.propertyChanged({}); });
+    if (alive != nullptr)
+        Q_EMIT applied();
+}
 
 void PropertyPagesDialog::controlChanged(const PageControl &control) {
     generalView_->mirror(control);
@@ -90,6 +109,9 @@ void PropertyPagesDialog::showPage(int tab) {
         pages_.show(pages_.general);
     else
         pages_.show(pages_.columns);
+    // Where the buttons that go from column to column put it, too.
+    if (!isGeneral && !tabs_->tabBar()->hasFocus())
+        columnsView_->giveFocus(pages_.columns.txtColTextHeader);
     endPageEditing();
     previewTimer_.start();
 }
@@ -98,13 +120,14 @@ void PropertyPagesDialog::apply() {
     // The keyboard may still be in a box that checks its number when it is left.
     generalView_->settle();
     columnsView_->settle();
-    guarded([this] { pages_.apply(); });
-    noteUse();
+    change([this] { pages_.apply(); });
 }
 
 void PropertyPagesDialog::accept() {
+    const QPointer<PropertyPagesDialog> alive(this);
     apply();
-    QDialog::accept();
+    if (alive != nullptr)
+        QDialog::accept();
 }
 
 void PropertyPagesDialog::follow() {
@@ -114,14 +137,6 @@ void PropertyPagesDialog::follow() {
     known_ = now;
     pages_.selectionChanged();
     endPageEditing();
-}
-
-void PropertyPagesDialog::noteUse() {
-    const QByteArray now = edited_.settings();
-    if (now == known_)
-        return;
-    known_ = now;
-    Q_EMIT applied();
 }
 
 } // namespace tablio::qt

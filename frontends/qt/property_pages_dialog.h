@@ -41,8 +41,9 @@ private:
     void showPage(int tab);
     /// Somebody else may have changed the widget.
     void follow();
-    /// The user has done something; settings may have changed at once.
-    void noteUse();
+    /// Does what may change the edited widget. Its host hears of it when all is done, because a
+    /// handler may delete the widget and this dialog with it.
+    template <typename Action> void change(const Action &action);
 
     TablioWidget &edited_;
     PropertyPages pages_;

@@ -116,6 +116,11 @@ void PropertyPagesPreview::refresh(bool editsColumn) {
     }
     for (int col = 0; col < table_->cols(); ++col)
         fillColumn(col);
+    // Ticking has moved the cursor.
+    FlexGrid &grid = table_->core().control().state.grid;
+    const CellAddress first{table_->fixedRows(), table_->primaryColumn()};
+    if (grid.table.hasCell(first.row, first.col))
+        grid.setCurrentQuietly(first);
     columnMark_->hide();
     if (editsColumn)
         showEditedColumn();

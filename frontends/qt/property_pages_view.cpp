@@ -1,6 +1,5 @@
 #include "property_pages_view.h"
 
-#include "guarded.h"
 #include "property_pages_controls.h"
 #include "qt_text.h"
 
@@ -118,14 +117,12 @@ PropertyPageView::PropertyPageView(Columns &page, QWidget *parent) : QWidget(par
 
 QWidget *PropertyPageView::add(PageTextBox &box) {
     auto *native = new PageLineEdit(page_, box, this);
-    connect(native, &PageLineEdit::used, this, &PropertyPageView::used);
     widgets_.insert(&box, native);
     return native;
 }
 
 QWidget *PropertyPageView::add(PageTextBox &box, PageSpinner &spinner) {
     auto *native = new PageSpinBox(page_, box, spinner, this);
-    connect(native, &PageSpinBox::used, this, &PropertyPageView::used);
     widgets_.insert(&box, &native->box());
     widgets_.insert(&spinner, native);
     return native;
@@ -137,7 +134,6 @@ QWidget *PropertyPageView::add(PageCheckBox &box) {
     connect(native, &QCheckBox::clicked, this, [this, &box] {
         page_.clicked(box);
         mirror(box);
-        Q_EMIT used();
     });
     widgets_.insert(&box, native);
     return native;
@@ -146,10 +142,8 @@ QWidget *PropertyPageView::add(PageCheckBox &box) {
 QWidget *PropertyPageView::add(PageList &list) {
     auto *native = new QComboBox(this);
     native->setObjectName(toQString(list.name()));
-    connect(native, &QComboBox::activated, this, [this, &list](int item) {
-        page_.chosen(list, item);
-        Q_EMIT used();
-    });
+    connect(native, &QComboBox::activated, this,
+            [this, &list](int item) { page_.chosen(list, item); });
     widgets_.insert(&list, native);
     mirror(list);
     return native;
@@ -159,10 +153,7 @@ QWidget *PropertyPageView::add(PageButton &button) {
     auto *native = new QPushButton(captionOf(button), this);
     native->setObjectName(toQString(button.name()));
     native->setAutoDefault(false);
-    connect(native, &QPushButton::clicked, this, [this, &button] {
-        guarded([&] { page_.pressed(button); });
-        Q_EMIT used();
-    });
+    connect(native, &QPushButton::clicked, this, [this, &button] { Q_EMIT pressed(button); });
     widgets_.insert(&button, native);
     return native;
 }

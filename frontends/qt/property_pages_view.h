@@ -25,8 +25,8 @@ public:
     void settle();
 
 Q_SIGNALS:
-    /// The user has changed or pressed something.
-    void used();
+    /// The user has pressed a button. It may change the control, so the listener tells the page.
+    void pressed(PageButton &button);
     /// The user has named the column to go to.
     void columnNamed();
 

@@ -1,5 +1,6 @@
 /// The settings of `TablioWidget` as one text, and the pages that edit them.
 
+#include "guarded.h"
 #include "property_pages_dialog.h"
 #include "tablio_widget_p.h"
 
@@ -67,8 +68,12 @@ bool TablioWidgetPrivate::rowsFollowFont() const {
 }
 
 void TablioWidget::showPropertyPages() {
+    const QPointer<TablioWidget> alive(this);
+    guarded([this] { d_->control.session.end(); });
+    if (alive == nullptr)
+        return;
     auto *dialog = findChild<PropertyPagesDialog *>(QString(), Qt::FindDirectChildrenOnly);
-    if (dialog == nullptr) {
+    if (dialog == nullptr || dialog->isHidden()) { // One that is closed is about to go.
         dialog = new PropertyPagesDialog(*this, this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setWindowModality(Qt::WindowModal);

@@ -50,7 +50,10 @@ public:
     void setAttribute(int index, bool attribute) override { sheet_.setAttribute(index, attribute); }
     [[nodiscard]] QVariant property(int index) const override { return sheet_.property(index); }
     void setChanged(int index, bool changed) override { sheet_.setChanged(index, changed); }
-    [[nodiscard]] bool isEnabled(int index) const override { return sheet_.isEnabled(index); }
+    /// Designer takes what its property editor does not list for what nobody can set.
+    [[nodiscard]] bool isEnabled(int index) const override {
+        return index == settings_ || sheet_.isEnabled(index);
+    }
 
 private:
     /// One property has changed others: the property editor shows them.

@@ -310,8 +310,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
-    /// Opens the property pages "General" and "Columns" for this widget, or raises them. They
-    /// block the widget's window, not the caller.
+    /// Opens the property pages "General" and "Columns" for this widget, or raises them; an open
+    /// edit ends. They block the widget's window, not the caller.
     void showPropertyPages();
 
 Q_SIGNALS:
@@ -338,7 +338,7 @@ Q_SIGNALS:
     /// A cell was double-clicked.
     void doubleClick(int &row, int &col);
     /// A property has another value; the name is the control's own, such as "Rows" or "ColStyle".
-    /// An empty name, after setSettings(), stands for all of them.
+    /// An empty name, after setSettings() and from the property pages, stands for all of them.
     void propertyChanged(const QString &name);
 
 protected:

@@ -1,0 +1,189 @@
+/// The property pages and the settings of a widget that runs: a table with data in it.
+
+#include "control/control.h"
+
+#include <tablio/qt/tablio_widget.h>
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+
+#include <memory>
+
+using tablio::qt::TablioWidget;
+
+namespace {
+
+class RunningTable : public testing::Test {
+protected:
+    RunningTable() {
+        grid->setRows(10);
+        grid->setCols(3);
+        grid->setColProperty(0, "Sum", 1200, TablioWidget::ColumnFixed);
+        grid->setColProperty(1, "Name", 2000, TablioWidget::ColumnInput);
+        grid->setTextMatrix(1, 0, "12");
+        grid->setTextMatrix(1, 1, "Ann");
+        grid->setTextMatrix(9, 1, "Zoe");
+        grid->show();
+    }
+
+    std::unique_ptr<TablioWidget> grid = std::make_unique<TablioWidget>();
+
+    [[nodiscard]] QDialog *open() {
+        grid->showPropertyPages();
+        auto *dialog = grid->findChild<QDialog *>();
+        dialog->activateWindow();
+        static_cast<void>(QTest::qWaitForWindowActive(dialog));
+        return dialog;
+    }
+    static void replace(QLineEdit *box, const QString &text) {
+        box->setFocus();
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    }
+};
+
+} // namespace
+
+TEST_F(RunningTable, KeepsItsDataWhatThePagesDo) {
+    QPointer<QDialog> dialog = open();
+    EXPECT_EQ(open(), dialog.data()) << "there is one dialog";
+    dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+    auto *header = dialog->findChild<QLineEdit *>("txtColTextHeader");
+    replace(header, "Total");
+    QTest::mouseClick(dialog->findChild<QPushButton *>("cmdIndex(1)"), Qt::LeftButton);
+    EXPECT_EQ(header->text(), "Name");
+    QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+    EXPECT_TRUE(dialog == nullptr || !dialog->isVisible());
+
+    EXPECT_EQ(grid->colTextHeader(0), "Total");
+    EXPECT_EQ(grid->textMatrix(1, 0), "12") << "a fixed column is no design any more";
+    EXPECT_EQ(grid->textMatrix(1, 1), "Ann");
+}
+
+TEST_F(RunningTable, RowsThatCameMeanwhileStay) {
+    QDialog *dialog = open();
+    auto *rows = dialog->findChild<QLineEdit *>("txtRows");
+    EXPECT_EQ(rows->text(), "10");
+    grid->setRows(40);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rows->text(), "40");
+    replace(dialog->findChild<QLineEdit *>("txtHeaderRowHeight"), "600");
+    QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(grid->rows(), 40);
+    EXPECT_EQ(grid->headerRowHeight(), 600);
+    EXPECT_EQ(grid->textMatrix(9, 1), "Zoe");
+}
+
+TEST_F(RunningTable, EnterInTheIndexBoxGoesToTheColumn) {
+    QDialog *dialog = open();
+    dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+    auto *index = dialog->findChild<QLineEdit *>("txtIndex");
+    replace(index, "1");
+    QTest::keyClick(index, Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->findChild<QLineEdit *>("txtColTextHeader")->text(), "Name");
+    EXPECT_EQ(grid->colTextHeader(1), "Name");
+}
+
+TEST_F(RunningTable, LocksAndListsFollowTheEditKind) {
+    QDialog *dialog = open();
+    dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+    auto *kind = dialog->findChild<QComboBox *>("cboColEditType");
+    auto *rule = dialog->findChild<QComboBox *>("cboDataType");
+    auto *format = dialog->findChild<QLineEdit *>("txtColFormat");
+    kind->setFocus();
+    QTest::keyClick(kind, Qt::Key_End);
+    EXPECT_EQ(kind->currentText(), "ColumnCombo");
+    EXPECT_FALSE(format->isEnabled());
+    EXPECT_FALSE(rule->isEnabled());
+    QTest::keyClick(kind, Qt::Key_Home);
+    EXPECT_TRUE(format->isEnabled());
+    EXPECT_EQ(rule->count(), 3);
+    EXPECT_EQ(rule->currentText(), "AllCase");
+    QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(grid->colEditType(0), TablioWidget::ColumnString);
+}
+
+TEST_F(RunningTable, MayBeDeletedWhileItsPagesAreOpenAndByWhatTheyChange) {
+    QPointer<QDialog> dialog = open();
+    QObject::connect(grid.get(), &TablioWidget::propertyChanged, [&] { grid.reset(); });
+    dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+    QTest::mouseClick(dialog->findChild<QPushButton *>("cmdCommand(0)"), Qt::LeftButton);
+    EXPECT_EQ(grid, nullptr);
+    EXPECT_EQ(dialog, nullptr);
+}
+
+TEST_F(RunningTable, EndsAnOpenEditBeforeThePagesOpen) {
+    grid->setFocus();
+    grid->focusCell(1, 1);
+    QTest::keyClicks(grid->focusWidget(), "Bob");
+    QString entered;
+    QObject::connect(
+        grid.get(), &TablioWidget::editPostValidation,
+        [&](int &, int &, bool &, QString &, QString &text, int &) { entered = text; });
+    open();
+    EXPECT_EQ(entered, "Bob");
+    EXPECT_EQ(grid->textMatrix(1, 1), "Bob");
+}
+
+TEST_F(RunningTable, SettingsMakeAnotherTableTheSameAndBack) {
+    grid->setHeaderFontBold(true);
+    grid->setStripeColor(Qt::yellow);
+    grid->setColFormat(1, "x");
+    TablioWidget other;
+    const QByteArray fresh = other.settings();
+    const QColor plain = other.cellBackColor(1, 0);
+    QStringList changed;
+    QObject::connect(&other, &TablioWidget::propertyChanged,
+                     [&](const QString &name) { changed << name; });
+    other.setSettings(grid->settings());
+    EXPECT_EQ(other.settings(), grid->settings());
+    EXPECT_TRUE(other.cellFontBold(0, 1));
+    EXPECT_EQ(other.cellBackColor(2, 1), QColor(Qt::yellow));
+    EXPECT_EQ(changed.last(), QString()) << "all may have changed";
+
+    other.setSettings(fresh);
+    EXPECT_EQ(other.settings(), fresh);
+    EXPECT_FALSE(other.cellFontBold(0, 1));
+    other.setRows(4);
+    EXPECT_EQ(other.cellBackColor(2, 0), plain);
+}
+
+TEST_F(RunningTable, SettingsLeaveToQtWhatIsQts) {
+    QWidget parent;
+    auto *loaded = new TablioWidget(&parent);
+    grid->setPrimaryColumn(1);
+    grid->setEnabled(false);
+    loaded->setSettings(grid->settings());
+    EXPECT_TRUE(loaded->core().Enabled());
+    parent.show();
+    EXPECT_EQ(loaded->core().control().state.grid.current(), (tablio::CellAddress{1, 1}));
+
+    const int height = loaded->rowMinHeight();
+    QFont font = loaded->font();
+    font.setPixelSize(40);
+    loaded->setFont(font);
+    EXPECT_GT(loaded->rowMinHeight(), height) << "a row height that nobody set follows the font";
+    grid->setRowMinHeight(900);
+    loaded->setSettings(grid->settings());
+    EXPECT_EQ(loaded->rowMinHeight(), 900);
+}
+
+TEST_F(RunningTable, AResetColourFollowsThePaletteAgain) {
+    grid->setBackColorData(Qt::red);
+    grid->resetBackColorData();
+    grid->setProperty("checkBoxColor", QColor(Qt::blue));
+    grid->setProperty("checkBoxColor", QColor());
+    QPalette palette = grid->palette();
+    palette.setColor(QPalette::Base, QColor(1, 2, 3));
+    grid->setPalette(palette);
+    EXPECT_EQ(grid->backColorData(), QColor(1, 2, 3));
+    EXPECT_EQ(grid->checkBoxColor(), QColor(Qt::red));
+}
