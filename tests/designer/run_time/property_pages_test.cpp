@@ -35,7 +35,7 @@ protected:
 
     std::unique_ptr<TablioWidget> grid = std::make_unique<TablioWidget>();
 
-    [[nodiscard]] QDialog *open() {
+    QDialog *open() {
         grid->showPropertyPages();
         auto *dialog = grid->findChild<QDialog *>();
         dialog->activateWindow();
