@@ -69,18 +69,22 @@ private:
     std::vector<double> worked_;
 };
 
-/// How often a work is repeated. A smoke run does everything once: it shows that the program still
-/// works, and says nothing of speed.
+/// Which works are done, and how often each is repeated. A smoke run does everything once: it shows
+/// that the program still works, and says nothing of speed.
 struct Repeats {
     bool smoke = false;
+    /// The one work that is wanted, for a profiler; empty for all.
+    std::string only;
 
     /// Calls the round once to warm up, then again and again with the samples it is to add to.
     template <typename Round>
     void measure(const std::vector<std::string> &works, Size size, const Round &round) const {
         constexpr int most = 100;
         constexpr int least = 5;
-        constexpr auto longEnough = std::chrono::milliseconds(700);
+        constexpr auto longEnough = std::chrono::milliseconds(300);
         constexpr auto tooLong = std::chrono::seconds(5);
+        if (!only.empty() && std::find(works.begin(), works.end(), only) == works.end())
+            return;
         std::vector<Samples> samples(works.size());
         if (!smoke) {
             round(samples);

@@ -2,7 +2,7 @@
 
 /// The command line that all benchmark programs share:
 ///
-///     PROGRAM works ROWS COLS             times every work at this size
+///     PROGRAM works ROWS COLS [WORK]      times every work at this size, or that one alone
 ///     PROGRAM memory ROWS COLS plain      bytes that one cell takes of the process
 ///     PROGRAM memory ROWS COLS striped    the same with every second row coloured
 ///     PROGRAM smoke                       everything once, small
@@ -17,7 +17,8 @@ template <typename Peer> void printMemory(Size size, bool striped) {
     Peer peer({2, size.cols}, Kind::Plain);
     peer.show();
     fillTexts(peer, {2, size.cols}, texts);
-    peer.paintStripes();
+    if (striped)
+        peer.paintStripes();
     const long before = residentBytes();
     peer.resize(size);
     fillTexts(peer, size, texts);
@@ -29,25 +30,27 @@ template <typename Peer> void printMemory(Size size, bool striped) {
 }
 
 /// Works that only some peers have, such as painting.
-using MoreWorks = void (*)(Size, Repeats);
+using MoreWorks = void (*)(Size, const Repeats &);
 
 template <typename Peer> int runProgram(const std::vector<std::string> &arguments, MoreWorks more) {
     const std::string what = arguments.empty() ? "" : arguments[0];
     if (what == "smoke") {
         const Size size{40, 5};
-        Works<Peer>(size, {true}).run();
-        more(size, {true});
+        Works<Peer>(size, {true, ""}).run();
+        more(size, {true, ""});
         printMemory<Peer>(size, true);
         return 0;
     }
     if (arguments.size() < 3) {
-        std::fprintf(stderr, "usage: works ROWS COLS | memory ROWS COLS plain|striped | smoke\n");
+        std::fprintf(stderr,
+                     "usage: works ROWS COLS [WORK] | memory ROWS COLS plain|striped | smoke\n");
         return 2;
     }
     const Size size{std::stoi(arguments[1]), std::stoi(arguments[2])};
     if (what == "works") {
-        Works<Peer>(size, {}).run();
-        more(size, {});
+        const Repeats repeats{false, arguments.size() > 3 ? arguments[3] : ""};
+        Works<Peer>(size, repeats).run();
+        more(size, repeats);
     } else {
         printMemory<Peer>(size, arguments.size() > 3 && arguments[3] == "striped");
     }

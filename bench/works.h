@@ -64,7 +64,7 @@ template <typename Peer> void fillFull(Peer &peer, Size size, const CellTexts &t
 
 template <typename Peer> class Works {
 public:
-    Works(Size size, Repeats repeats) : size_(size), repeats_(repeats), texts_(size) {}
+    Works(Size size, const Repeats &repeats) : size_(size), repeats_(repeats), texts_(size) {}
 
     void run() {
         fill();

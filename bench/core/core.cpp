@@ -31,7 +31,7 @@ void key(tablio::Input &input, tablio::KeyCode code, char32_t character) {
 
 /// Four digits into a cell of the key column and of the number column, Enter, and arrow keys, all
 /// over the table.
-void typing(Size size, Repeats repeats) {
+void typing(Size size, const Repeats &repeats) {
     TablioCore peer(size, Kind::Full);
     peer.show();
     fillFull(peer, size, CellTexts(size));
@@ -54,7 +54,7 @@ void typing(Size size, Repeats repeats) {
 }
 
 /// What no table can do without: copying each text once.
-void copyingTexts(Size size, Repeats repeats) {
+void copyingTexts(Size size, const Repeats &repeats) {
     const CellTexts texts(size);
     std::vector<char> copy;
     repeats.measure(
@@ -77,7 +77,7 @@ void copyingTexts(Size size, Repeats repeats) {
 
 int main(int count, char **arguments) {
     return runProgram<TablioCore>({arguments + 1, arguments + count},
-                                  [](Size size, Repeats repeats) {
+                                  [](Size size, const Repeats &repeats) {
                                       typing(size, repeats);
                                       copyingTexts(size, repeats);
                                   });

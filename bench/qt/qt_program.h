@@ -3,8 +3,9 @@
 /// What the peers that are Qt widgets have in common: the application, painting, typing and the
 /// start. Besides what `works.h` asks, such a peer answers
 ///
-///     window()        the window that is shown
-///     edit(row, col)  puts the cursor there, ready for keys
+///     window()                   the window that is shown
+///     edit(row, col)             puts the cursor there, ready for keys
+///     setString(row, col, text)  writes a cell with a text that Qt holds already
 ///
 /// Everything is painted before a function here returns, on Qt's offscreen platform, by the same
 /// software renderer that a real window uses.
@@ -47,9 +48,39 @@ inline QScrollBar &verticalBar(QWidget &window) {
     std::exit(1);
 }
 
+/// A host that has QStrings already, from a query for example. An item keeps the string itself and
+/// pays nothing for its text; the core takes a copy as UTF-8.
+template <typename Peer> void fillStrings(Size size, const Repeats &repeats) {
+    const CellTexts texts(size);
+    QList<QString> strings;
+    for (int row = 0; row < size.rows; ++row) {
+        for (int col = 0; col < size.cols; ++col) {
+            const std::string_view text = texts.text(row, col);
+            strings.append(QString::fromLatin1(text.data(), text.size()));
+        }
+    }
+    std::unique_ptr<Peer> peer;
+    repeats.measure(
+        "fill from QStrings", size,
+        [&] {
+            peer.reset();
+            peer = std::make_unique<Peer>(size, Kind::Plain);
+            peer->show();
+        },
+        [&] {
+            auto next = strings.cbegin();
+            peer->bulk(true);
+            for (int row = 0; row < size.rows; ++row) {
+                for (int col = 0; col < size.cols; ++col)
+                    peer->setString(row, col, *next++);
+            }
+            peer->bulk(false);
+        });
+}
+
 template <typename Peer> class QtWorks {
 public:
-    QtWorks(Size size, Repeats repeats)
+    QtWorks(Size size, const Repeats &repeats)
         : size_(size), repeats_(repeats), texts_(size), peer_(size, Kind::Full) {
         peer_.show();
         fillFull(peer_, size_, texts_);
@@ -148,7 +179,7 @@ private:
 };
 
 /// What no frame can do without: giving each pixel a colour once.
-inline void fillingPixels(Size size, Repeats repeats) {
+inline void fillingPixels(Size size, const Repeats &repeats) {
     QImage image(windowWidth, windowHeight, QImage::Format_RGB32);
     repeats.measure(
         "floor: fill the pixels", size, [] {}, [&] { image.fill(Qt::white); });
@@ -178,7 +209,8 @@ template <typename Peer> int runQtProgram(int count, char **arguments) {
         printStart<Peer>(std::stoll(rest[1]));
         return 0;
     }
-    return runProgram<Peer>(rest, [](Size size, Repeats repeats) {
+    return runProgram<Peer>(rest, [](Size size, const Repeats &repeats) {
+        fillStrings<Peer>(size, repeats);
         // A smoke table is too small to scroll.
         const Size painted{std::max(size.rows, 100), size.cols};
         QtWorks<Peer>(painted, repeats).run();

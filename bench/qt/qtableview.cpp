@@ -44,9 +44,9 @@ public:
         filling_ = on;
     }
     void set(int row, int col, std::string_view text) {
-        const QString shown = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-        itemAt(row, col).setText(shown);
+        setString(row, col, QString::fromLatin1(text.data(), text.size()));
     }
+    void setString(int row, int col, const QString &text) { itemAt(row, col).setText(text); }
     void formatColumn(int /*col*/) {}
     void setNumber(int row, int col, std::string_view text) {
         QStandardItem &item = itemAt(row, col);

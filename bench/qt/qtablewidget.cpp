@@ -34,7 +34,9 @@ public:
     }
     void bulk(bool on) { table_.setUpdatesEnabled(!on); }
     void set(int row, int col, std::string_view text) {
-        const QString shown = QString::fromLatin1(text.data(), text.size());
+        setString(row, col, QString::fromLatin1(text.data(), text.size()));
+    }
+    void setString(int row, int col, const QString &shown) {
         if (QTableWidgetItem *item = table_.item(row, col))
             item->setText(shown);
         else

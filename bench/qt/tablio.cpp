@@ -1,4 +1,5 @@
-/// The Qt widget, filled by a host that has its texts as QStrings.
+/// The Qt widget. A host that has UTF-8 hands it to the widget's core, one that has QStrings to the
+/// widget.
 
 #include "qt_program.h"
 #include "tablio_table.h"
@@ -25,10 +26,9 @@ public:
         widget.setFocus();
         handleEvents();
     }
-    void set(int row, int col, std::string_view text) {
-        widget.setTextMatrix(row + 1, col, QString::fromLatin1(text.data(), text.size()));
+    void setString(int row, int col, const QString &text) {
+        widget.setTextMatrix(row + 1, col, text);
     }
-    void setNumber(int row, int col, std::string_view text) { set(row, col, text); }
 
     QWidget &window() { return widget; }
     void edit(int row, int col) { widget.focusCell(row + 1, col); }

@@ -127,7 +127,7 @@ private:
     wxGrid *grid_;
 };
 
-void painting(Size size, Repeats repeats) {
+void painting(Size size, const Repeats &repeats) {
     WxGrid peer(size, Kind::Full);
     peer.show();
     fillFull(peer, size, CellTexts(size));

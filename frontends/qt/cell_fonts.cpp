@@ -3,6 +3,8 @@
 #include "qt_text.h"
 #include "tablio_widget_p.h"
 
+#include <QTextOption>
+
 #include <algorithm>
 
 namespace tablio::qt {
@@ -27,6 +29,11 @@ void CellFonts::setRatio(qreal ratio) {
     clear();
 }
 
+void CellFonts::clear() {
+    texts_.clear();
+    fonts_.clear();
+}
+
 const CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
     const auto found = std::ranges::find(fonts_, font, &CellFont::asked);
     if (found != fonts_.end())
@@ -37,6 +44,23 @@ const CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
                                                  : scaled.pixelSize() * 72.0 / widget.logicalDpiY();
     scaled.setPointSizeF(points * ratio_);
     return fonts_.emplace_back(CellFont{font, scaled, QFontMetrics(scaled, &widget)});
+}
+
+const QStaticText &CellFonts::laidOut(const QString &text, const CellFont &font) {
+    const std::pair key(&font, text);
+    if (const QStaticText *known = texts_.object(key))
+        return *known;
+    auto *const made = new QStaticText(text);
+    made->setTextFormat(Qt::PlainText);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    // The text's own direction, not the program's.
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+    made->setTextOption(option);
+    made->prepare(QTransform(), font.font);
+    texts_.insert(key, made);
+    return *made;
 }
 
 } // namespace tablio::qt

@@ -13,6 +13,7 @@
 
 #include <cmath>
 #include <optional>
+#include <utility>
 
 namespace tablio::qt {
 
@@ -55,6 +56,34 @@ void GridCanvas::showFramed(const Rect &area) {
     const DevicePixels pixels = parts_.pixels();
     const int line = pixels.lineWidth();
     update(pixels.around(pixels.rect(area).adjusted(-line, -line, 0, 0)));
+}
+
+void GridCanvas::showScrolled() {
+    const GridView &view = parts_.state().grid.view;
+    const CellAddress before = std::exchange(shown_, {view.TopRow(), view.LeftCol()});
+    const int distance = rowDistance(before);
+    if (distance == 0) {
+        update();
+        return;
+    }
+    const int header = view.cellRect(shown_.row, 0).top / twipsPerPixel;
+    scroll(0, distance, QRect(0, header, width(), height() - header));
+}
+
+int GridCanvas::rowDistance(CellAddress before) const {
+    const FlexGrid &grid = parts_.state().grid;
+    const qreal ratio = devicePixelRatioF();
+    // Nothing moves by parts of a pixel, and an open editor lies over the cells.
+    if (before.col != shown_.col || ratio != std::floor(ratio) || parts_.control.session.isOpen() ||
+        !grid.table.hasCell(before.row, 0) || !grid.table.hasCell(shown_.row, 0))
+        return 0;
+    const Twips header = grid.view.cellRect(shown_.row, 0).top;
+    Twips distance = grid.view.cellRect(before.row, 0).top;
+    // A row that has gone up lies that far above the grid, any other below the header.
+    if (before.row > shown_.row)
+        distance -= header;
+    const bool isWhole = header % twipsPerPixel == 0 && distance % twipsPerPixel == 0;
+    return isWhole ? distance / twipsPerPixel : 0;
 }
 
 void GridCanvas::showCurrentCell() {

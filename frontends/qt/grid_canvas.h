@@ -23,6 +23,8 @@ public:
     void showArea(const Rect &area);
     /// The same with the lines around it, which show where an edit is open.
     void showFramed(const Rect &area);
+    /// Shows the grid at its scroll position, moving what is painted already where it can.
+    void showScrolled();
     /// The keyboard has come or gone: the current cell looks different.
     void showCurrentCell();
     void forgetFonts() { fonts_.clear(); }
@@ -40,7 +42,13 @@ private:
     [[nodiscard]] QPoint wheelSteps(const QWheelEvent &event);
 
     TablioWidgetPrivate &parts_;
+    /// How far the rows that were painted at another scroll position have to move, in pixels; 0
+    /// where they cannot simply be moved.
+    [[nodiscard]] int rowDistance(CellAddress before) const;
+
     CellFonts fonts_;
+    /// The scroll position that was shown last.
+    CellAddress shown_;
     /// What is left of fine wheel movements: in pixels, and in eighths of a degree times the lines
     /// of a notch.
     QPoint pixelRest_;

@@ -36,6 +36,8 @@ bool isNumberText(QStringView text) {
     return hasDigit;
 }
 
+int widthOf(const QStaticText &line) { return qRound(line.size().width()); }
+
 int aligned(int from, int size, int length, int third) {
     if (third == Near)
         return from;
@@ -49,9 +51,14 @@ void GridPainter::paint(const QRegion &region) {
     const GridView &view = grid_.view;
     const std::vector<GridView::Span> rows = view.visibleRows();
     const std::vector<GridView::Span> cols = view.visibleCols();
-    painter_.fillRect(region.boundingRect(), scene_.colours.of(look_.BackColorBkg));
+    paintGround(region.boundingRect(), rows, cols);
     QRect edited;
     for (const GridView::Span &row : rows) {
+        // Most of what is painted is a cell or two.
+        const bool isTouched =
+            region.intersects(pixels_.rect({0, row.start, view.Width(), row.size}));
+        if (!isTouched && !(scene_.edited && scene_.edited->row == row.index))
+            continue;
         for (const GridView::Span &col : cols) {
             const CellAddress cell{row.index, col.index};
             const QRect place = pixels_.rect({col.start, row.start, col.size, row.size});
@@ -65,6 +72,24 @@ void GridPainter::paint(const QRegion &region) {
     const int line = pixels_.lineWidth();
     if (!edited.isNull())
         frame(edited.adjusted(-line, -line, 0, 0), line, scene_.colours.highlight());
+}
+
+/// What no cell covers: the strips right of the last column and below the last row. Cells paint
+/// their own ground, and a window full of pixels that is filled twice is felt.
+void GridPainter::paintGround(const QRect &area, const std::vector<GridView::Span> &rows,
+                              const std::vector<GridView::Span> &cols) {
+    const QColor colour = scene_.colours.of(look_.BackColorBkg);
+    const auto end = [this](const std::vector<GridView::Span> &spans) {
+        return spans.empty() ? 0 : pixels_.edge(spans.back().start + spans.back().size);
+    };
+    QRect strip = area;
+    strip.setLeft(std::max(area.left(), end(cols)));
+    if (strip.isValid())
+        painter_.fillRect(strip, colour);
+    strip = area;
+    strip.setTop(std::max(area.top(), end(rows)));
+    if (strip.isValid())
+        painter_.fillRect(strip, colour);
 }
 
 bool GridPainter::isCurrent(CellAddress cell) const {
@@ -162,15 +187,11 @@ void GridPainter::paintText(CellAddress cell, const QRect &room, Colour backgrou
         return;
     }
     const CellFont &font = fonts_.of(grid_.fontOf(cell.row, cell.col), scene_.widget);
-    if (painterFont_ != &font) {
-        painter_.setFont(font.font);
-        painterFont_ = &font;
-    }
     painter_.setPen(scene_.colours.text(grid_.foreColorOf(cell.row, cell.col), background));
 
     const QFontMetrics &metrics = font.metrics;
     const bool hasLineEnds = text.contains(u'\n');
-    const bool isTooWide = hasLineEnds || metrics.horizontalAdvance(text) > inner.width();
+    const bool isTooWide = hasLineEnds || widthOf(fonts_.laidOut(text, font)) > inner.width();
     if (isTooWide && look_.WordWrap && !isNumber && inner.height() >= 2 * metrics.lineSpacing()) {
         drawWrapped(text, inner, column, row, font);
         return;
@@ -188,15 +209,19 @@ void GridPainter::paintText(CellAddress cell, const QRect &room, Colour backgrou
         painter_.setClipRect(room, Qt::IntersectClip);
     }
     const int top = aligned(room.top(), room.height(), metrics.height(), row);
-    drawLine(text, inner, top + metrics.ascent(), column, metrics);
+    drawLine(text, inner, top, column, font);
     if (isClipped)
         painter_.restore();
 }
 
-void GridPainter::drawLine(const QString &text, const QRect &room, int baseline, int column,
-                           const QFontMetrics &metrics) {
-    const int width = column == Near ? 0 : metrics.horizontalAdvance(text);
-    painter_.drawText(aligned(room.left(), room.width(), width, column), baseline, text);
+void GridPainter::drawLine(const QString &text, const QRect &room, int top, int column,
+                           const CellFont &font) {
+    if (painterFont_ != &font) {
+        painter_.setFont(font.font);
+        painterFont_ = &font;
+    }
+    const QStaticText &line = fonts_.laidOut(text, font);
+    painter_.drawStaticText(aligned(room.left(), room.width(), widthOf(line), column), top, line);
 }
 
 void GridPainter::drawWrapped(const QString &text, const QRect &room, int column, int row,
@@ -224,10 +249,10 @@ void GridPainter::drawWrapped(const QString &text, const QRect &room, int column
     }
     layout.endLayout();
     const int height = static_cast<int>(lines.size()) * metrics.lineSpacing();
-    int baseline = aligned(room.top(), room.height(), height, row) + metrics.ascent();
+    int top = aligned(room.top(), room.height(), height, row);
     for (const QString &line : lines) {
-        drawLine(line, room, baseline, column, metrics);
-        baseline += metrics.lineSpacing();
+        drawLine(line, room, top, column, font);
+        top += metrics.lineSpacing();
     }
 }
 

@@ -13,6 +13,7 @@
 #include <QRegion>
 
 #include <optional>
+#include <vector>
 
 namespace tablio::qt {
 
@@ -38,6 +39,8 @@ public:
     void paint(const QRegion &region);
 
 private:
+    void paintGround(const QRect &area, const std::vector<GridView::Span> &rows,
+                     const std::vector<GridView::Span> &cols);
     void paintCell(CellAddress cell, const QRect &place);
     void paintLines(bool isFixed, const QRect &place);
     void paintText(CellAddress cell, const QRect &room, Colour background);
@@ -45,8 +48,8 @@ private:
     void paintTick(const QRect &room, const QColor &colour);
     [[nodiscard]] bool isTick(CellAddress cell) const;
     void frame(const QRect &outer, int width, const QColor &colour);
-    void drawLine(const QString &text, const QRect &room, int baseline, int column,
-                  const QFontMetrics &metrics);
+    void drawLine(const QString &text, const QRect &room, int top, int column,
+                  const CellFont &font);
     void drawWrapped(const QString &text, const QRect &room, int column, int row,
                      const CellFont &font);
     [[nodiscard]] bool isCurrent(CellAddress cell) const;

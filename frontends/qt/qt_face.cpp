@@ -14,13 +14,19 @@
 #include <QLocale>
 #include <QMessageBox>
 
+#include <map>
+#include <utility>
+
 namespace tablio::qt {
 
 namespace {
 
-/// Events run this seldom during a scan, and calls this far apart belong to different scans.
+/// In milliseconds: events run this seldom during a scan, and looks at the clock that are this far
+/// apart belong to different scans.
 constexpr qint64 eventInterval = 50;
 constexpr qint64 scanGap = 10;
+/// A look at the clock takes longer than most of what is done between two calls.
+constexpr unsigned callsPerLook = 64;
 
 } // namespace
 
@@ -58,7 +64,7 @@ void QtFace::areaChanged(const Rect &area) { parts_.canvas->showArea(area); }
 void QtFace::scrolled() {
     parts_.arrange();
     parts_.showScrollPosition();
-    parts_.canvas->update();
+    parts_.canvas->showScrolled();
 }
 
 void QtFace::popUpMenu(Twips x, Twips y) {
@@ -80,10 +86,13 @@ void QtFace::setClipboardText(std::string_view text) {
 }
 
 NumberFormat QtFace::numberFormat() const {
-    const QLocale locale = parts_.widget.locale();
-    const bool groups = !locale.numberOptions().testFlag(QLocale::OmitGroupSeparator);
-    return {fromQString(locale.decimalPoint()), fromQString(locale.groupSeparator()),
-            groups ? 3 : 0};
+    if (!numbers_) {
+        const QLocale locale = parts_.widget.locale();
+        const bool groups = !locale.numberOptions().testFlag(QLocale::OmitGroupSeparator);
+        numbers_ = {fromQString(locale.decimalPoint()), fromQString(locale.groupSeparator()),
+                    groups ? 3 : 0};
+    }
+    return *numbers_;
 }
 
 char32_t QtFace::toUpper(char32_t character) const { return QChar::toUpper(character); }
@@ -96,10 +105,12 @@ Date QtFace::today() const {
 }
 
 void QtFace::letPendingEventsRun() {
-    const bool isNewScan = !sinceCall_.isValid() || sinceCall_.elapsed() > scanGap;
-    sinceCall_.start();
+    if (++calls_ % callsPerLook != 0)
+        return;
+    const bool isNewScan = !sinceLook_.isValid() || sinceLook_.restart() > scanGap;
     if (isNewScan) {
-        sinceEvents_.start();
+        sinceLook_.start();
+        sinceEvents_ = sinceLook_;
         return;
     }
     if (sinceEvents_.elapsed() < eventInterval)
@@ -109,7 +120,13 @@ void QtFace::letPendingEventsRun() {
 }
 
 void QtFace::propertyChanged(std::string_view name) {
-    Q_EMIT parts_.widget.propertyChanged(toQString(name));
+    // Filling a table changes the same property for each cell, and mostly nobody listens. The names
+    // stay: a slot may change another property while it reads this one's name, or delete all this.
+    static std::map<std::string, QString, std::less<>> names;
+    static const std::pair<const std::string, QString> *last = nullptr;
+    if (last == nullptr || last->first != name)
+        last = &*names.try_emplace(std::string(name), toQString(name)).first;
+    Q_EMIT parts_.widget.propertyChanged(last->second);
 }
 
 } // namespace tablio::qt

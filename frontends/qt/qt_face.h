@@ -7,6 +7,8 @@
 
 #include <QElapsedTimer>
 
+#include <optional>
+
 namespace tablio::qt {
 
 class TablioWidgetPrivate;
@@ -26,6 +28,8 @@ public:
     void setClipboardText(std::string_view text) override;
 
     [[nodiscard]] NumberFormat numberFormat() const override;
+    /// The widget has another locale.
+    void forgetNumberFormat() { numbers_.reset(); }
     [[nodiscard]] char32_t toUpper(char32_t character) const override;
     [[nodiscard]] char32_t toLower(char32_t character) const override;
     [[nodiscard]] Date today() const override;
@@ -37,9 +41,13 @@ public:
 
 private:
     TablioWidgetPrivate &parts_;
-    /// Since the last call, and since events last ran or the scan began.
-    QElapsedTimer sinceCall_;
+    /// Of letPendingEventsRun().
+    unsigned calls_ = 0;
+    /// Since the last look at the clock, and since events last ran or the scan began.
+    QElapsedTimer sinceLook_;
     QElapsedTimer sinceEvents_;
+    /// The locale's, asked for once: numbers are formatted by the hundred thousand.
+    mutable std::optional<NumberFormat> numbers_;
     bool hostKeyPreview_ = false;
 };
 

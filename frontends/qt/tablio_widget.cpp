@@ -67,6 +67,9 @@ void TablioWidget::changeEvent(QEvent *event) {
     case QEvent::ActivationChange:
         d_->showAnew();
         break;
+    case QEvent::LocaleChange:
+        d_->face.forgetNumberFormat();
+        break;
     case QEvent::EnabledChange:
         guarded([&] { d_->core.setEnabled(isEnabled()); });
         break;

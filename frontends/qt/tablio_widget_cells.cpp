@@ -49,7 +49,7 @@ QString TablioWidget::textMatrix(int row, int col) const {
 }
 
 void TablioWidget::setTextMatrix(int row, int col, const QString &value) {
-    d_->core.setTextMatrix(row, col, fromQString(value));
+    d_->core.setTextMatrix(row, col, Utf8Text(value).view());
 }
 
 QVariant TablioWidget::cellTag(int row, int col) const {

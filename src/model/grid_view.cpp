@@ -102,8 +102,7 @@ void GridView::setTopRow(int row) {
         return;
     topRow_ = corrected;
     endRow_.reset();
-    scrolled_ = true;
-    invalidateAll();
+    reportScroll();
 }
 
 void GridView::setLeftCol(int col) {
@@ -112,8 +111,7 @@ void GridView::setLeftCol(int col) {
     if (corrected == leftCol_)
         return;
     leftCol_ = corrected;
-    scrolled_ = true;
-    invalidateAll();
+    reportScroll();
 }
 
 int GridView::maxTopRow() const { return Axis{table_, true}.maxFirst(height_); }
@@ -130,8 +128,7 @@ void GridView::ensureVisible(int row, int col) {
     topRow_ = top;
     leftCol_ = left;
     endRow_.reset();
-    scrolled_ = true;
-    invalidateAll();
+    reportScroll();
 }
 
 int GridView::pageRows() const {
@@ -215,6 +212,13 @@ bool GridView::rowMayBeVisible(int row) const {
         endRow_ = rows.empty() ? 0 : rows.back().index + 1;
     }
     return row >= topRow_ && row < *endRow_;
+}
+
+void GridView::reportScroll() {
+    scrolled_ = !redraw_;
+    dirty_ = dirty_ || !redraw_;
+    if (redraw_)
+        observer_.scrolled();
 }
 
 void GridView::report(const Rect &area) {

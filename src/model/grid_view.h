@@ -16,6 +16,8 @@ class GridViewObserver {
 public:
     virtual ~GridViewObserver() = default;
     virtual void areaChanged(const Rect &area) = 0;
+    /// The grid shows other rows or columns, or its scroll range is another. The cells that stay on
+    /// the screen stand elsewhere; no area is reported for that, so that a face may move them.
     virtual void scrolled() = 0;
 };
 
@@ -69,6 +71,7 @@ public:
 private:
     [[nodiscard]] Twips fixedHeight() const;
     [[nodiscard]] bool rowMayBeVisible(int row) const;
+    void reportScroll();
     void report(const Rect &area);
 
     const GridTable &table_;

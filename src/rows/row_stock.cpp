@@ -50,15 +50,19 @@ void RowStock::insertAtMark() {
         const StatusOff statusOff(state_);
         marker_.toggle();
         state_.setStatusCell(false);
-        if (row <= dataCount()) {
+        const int count = dataCount();
+        if (row <= count) {
             const int spare = state_.lastDataRow();
             const bool isFull = table.Rows() == GridTable::maxRows;
             // A full table gives its spare row before it takes the new one.
-            const bool spareFirst = isFull && row >= table.FixedRows() && dataCount() < spare;
+            const bool spareFirst = isFull && row >= table.FixedRows() && count < spare;
             if (spareFirst)
                 table.RemoveItem(spare);
             table.AddItem("", row);
-            if (!spareFirst && table.Rows() > dataCount() + 1)
+            // A count goes through all rows, so it is not repeated where the answer is known; row 0
+            // is in no count, but what it holds moves into the next one.
+            const int countNow = row > 0 ? count + 1 : dataCount();
+            if (!spareFirst && table.Rows() > countNow + 1)
                 table.RemoveItem(state_.lastDataRow());
             state_.CellTag->shiftRows(row, state_.lastDataRow(), 1, firstTaggedCol());
         }

@@ -2,16 +2,11 @@
 
 #include <tablio/errors.h>
 
-#include <limits>
-
 namespace tablio {
 
-std::int16_t to16Bit(int number, std::string_view what) {
-    if (number < std::numeric_limits<std::int16_t>::min() ||
-        number > std::numeric_limits<std::int16_t>::max())
-        throw OverflowError(std::string(what) + ": " + std::to_string(number) +
-                            " does not fit 16 bits");
-    return static_cast<std::int16_t>(number);
+void throwBeyond16Bits(int number, std::string_view what) {
+    throw OverflowError(std::string(what) + ": " + std::to_string(number) +
+                        " does not fit 16 bits");
 }
 
 namespace {

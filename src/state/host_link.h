@@ -7,6 +7,7 @@
 #include <tablio/face.h>
 #include <tablio/host_events.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -43,7 +44,15 @@ private:
     bool closed_ = false;
 };
 
-/// The number as the 16 bits that rows, columns and keys have in events and members.
-[[nodiscard]] std::int16_t to16Bit(int number, std::string_view what);
+[[noreturn]] void throwBeyond16Bits(int number, std::string_view what);
+
+/// The number as the 16 bits that rows, columns and keys have in events and members; throws
+/// OverflowError where it has more. In line, since every cell that is written comes through here.
+[[nodiscard]] inline std::int16_t to16Bit(int number, std::string_view what) {
+    const auto result = static_cast<std::int16_t>(number);
+    if (result != number)
+        throwBeyond16Bits(number, what);
+    return result;
+}
 
 } // namespace tablio
