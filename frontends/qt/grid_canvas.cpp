@@ -80,7 +80,7 @@ int GridCanvas::rowDistance(CellAddress before) const {
     const Twips header = grid.view.cellRect(shown_.row, 0).top;
     Twips distance = grid.view.cellRect(before.row, 0).top;
     // A row that has gone up lies that far above the grid, any other below the header.
-    if (before.row > shown_.row)
+    if (before.row >= shown_.row)
         distance -= header;
     const bool isWhole = header % twipsPerPixel == 0 && distance % twipsPerPixel == 0;
     return isWhole ? distance / twipsPerPixel : 0;
