@@ -32,7 +32,10 @@ public:
         table_.setColumnCount(size.cols);
         table_.setRowCount(size.rows);
     }
-    void bulk(bool on) { table_.setUpdatesEnabled(!on); }
+    void bulk(bool on) {
+        table_.blockSignals(on);
+        table_.setUpdatesEnabled(!on);
+    }
     void set(int row, int col, std::string_view text) {
         setString(row, col, QString::fromLatin1(text.data(), text.size()));
     }

@@ -26,6 +26,10 @@ public:
         widget.setFocus();
         handleEvents();
     }
+    void bulk(bool on) {
+        widget.blockSignals(on);
+        TablioTable::bulk(on);
+    }
     void setString(int row, int col, const QString &text) {
         widget.setTextMatrix(row + 1, col, text);
     }
