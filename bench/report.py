@@ -15,6 +15,7 @@ MEMORY = ["bytes a cell", "bytes a cell striped"]
 START = "start to first frame"
 CURVES = [
     "fill",
+    "fill numbers",
     "remove at top",
     "insert at middle",
     "clear numbered and striped",
@@ -22,14 +23,17 @@ CURVES = [
     "count data",
     "full frame",
     "scroll by a row",
+    "scroll to the end",
     "one changed cell",
+    "key to pixel",
 ]
 COLOURS = {"core": "#1b7f5c", "tablio": "#1f5fbf", "qtablewidget": "#c2571a"}
 
 
 def shown(microseconds):
-    if microseconds >= 1000:
-        return f"{microseconds / 1000:.3g} ms" if microseconds < 1e6 else f"{microseconds / 1000:.0f} ms"
+    for size, unit in [(1e6, "s"), (1e3, "ms")]:
+        if microseconds >= size:
+            return f"{microseconds / size:.3g} {unit}"
     return f"{microseconds:.3g} µs"
 
 
@@ -134,7 +138,7 @@ def verdicts(table, size):
 def curves(table, sizes):
     """Small charts, time against rows, both logarithmic: a line that climbs like the frame's
     diagonal grows with the rows, a flat one does not care."""
-    width, height, margin, across = 300, 200, 42, 3
+    width, height, margin, across = 310, 200, 48, 3
     parts = []
     for number, work in enumerate(CURVES):
         lines = {
@@ -149,7 +153,7 @@ def curves(table, sizes):
         high = max(high, low + 1)
         left = number % across * width + margin
         top = number // across * height + 30
-        inner_width, inner_height = width - margin - 14, height - 62
+        inner_width, inner_height = width - margin - 28, height - 62
         first, last = math.log10(sizes[0][0]), math.log10(sizes[-1][0])
 
         def place(rows, time):

@@ -46,6 +46,7 @@ if(TABLIO_DESIGNER_COMPONENTS AND TARGET Qt6::UiTools)
     target_compile_definitions(tablio_designer_tests PRIVATE
         "TABLIO_PLUGINS=\"${CMAKE_CURRENT_BINARY_DIR}/plugins\""
         "TABLIO_FORM=\"${CMAKE_CURRENT_SOURCE_DIR}/tests/designer/uic_form/order.ui\""
+        "TABLIO_DEMO_FORM=\"${CMAKE_CURRENT_SOURCE_DIR}/examples/order_entry/order_window.ui\""
         "TABLIO_UIC_FORM=\"$<TARGET_FILE:tablio_uic_form>\"")
     target_link_libraries(tablio_designer_tests PRIVATE
         GTest::gtest Qt6::Designer ${TABLIO_DESIGNER_COMPONENTS} Qt6::UiTools Qt6::Test)

@@ -18,40 +18,11 @@ QString tr(const char *text) { return QCoreApplication::translate("OrderCells", 
 
 } // namespace
 
-void OrderCells::setUpColumns() {
-    using T = TablioWidget;
-    const QString money = QStringLiteral("###,##0.00");
-    grid_.setCols(ColumnCount);
-    grid_.setFixedRows(1);
-    grid_.setFixedCols(1);
-    grid_.setWithFixedColumn(true);
-    grid_.setPrimaryColumn(Code);
-    grid_.setCheckBoxes(1);
-    grid_.setGridPopUpMenu(true);
-    grid_.setRowMinHeight(330);
-
-    grid_.setColProperty(Number, tr("No."), 600, T::ColumnFixedWithAutoNumber, T::ColumnString,
-                         T::ColumnRight, T::ColumnRight);
-    grid_.setColProperty(Code, tr("Article"), 1800, T::ColumnInputWithLookup, T::ColumnString,
-                         T::ColumnLeft, T::ColumnLeft, 12);
-    grid_.setColDataType(Code, T::UpperCase);
-    grid_.setColProperty(Description, tr("Description"), 3900, T::ColumnInput, T::ColumnString,
-                         T::ColumnLeft, T::ColumnLeft, 60);
-    grid_.setColProperty(Quantity, tr("Quantity"), 1200, T::ColumnInput, T::ColumnInteger,
-                         T::ColumnRight, T::ColumnRight, 11, QStringLiteral("###,##0"));
-    grid_.setColDataType(Quantity, T::Positive);
-    grid_.setColProperty(Price, tr("Unit price"), 1350, T::ColumnInput, T::ColumnDecimal,
-                         T::ColumnRight, T::ColumnRight, 14, money);
-    grid_.setColDataType(Price, T::Positive);
-    grid_.setColCalcStyle(Price, T::CalcStyle);
-    grid_.setColProperty(Total, tr("Total"), 1650, T::ColumnFixed, T::ColumnDecimal, T::ColumnRight,
-                         T::ColumnRight, 24, money);
-    grid_.setColProperty(Unit, tr("Unit"), 1350, T::ColumnInput, T::ColumnCombo, T::ColumnLeft,
-                         T::ColumnLeft, 20);
-    grid_.setColProperty(Delivery, tr("Delivery"), 1650, T::ColumnInput, T::ColumnDate,
-                         T::ColumnLeft, T::ColumnLeft, 10, QStringLiteral("##/##/####"));
-    grid_.setColProperty(Delivered, tr("Delivered"), 1200, T::ColumnFixed, T::ColumnString,
-                         T::ColumnCentre, T::ColumnCentre);
+void OrderCells::setUpTickColumn() {
+    grid_.setColTextHeader(Delivered, tr("Delivered"));
+    grid_.setColWidth(Delivered, 1200);
+    grid_.setColDataAlignment(Delivered, TablioWidget::ColumnCentre);
+    grid_.setColHeaderAlignment(Delivered, TablioWidget::ColumnCentre);
 }
 
 QStringList OrderCells::unitChoices() {

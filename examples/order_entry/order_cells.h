@@ -1,7 +1,7 @@
 #pragma once
 
-/// The grid's columns, and a row of cells as an order line. It reads and writes cells and decides
-/// nothing; what happens on events is `OrderSheet`'s.
+/// What the grid's columns mean, and a row of cells as an order line. It reads and writes cells and
+/// decides nothing; what happens on events is `OrderSheet`'s.
 
 #include "order_book.h"
 
@@ -15,27 +15,18 @@ namespace tablio::qt {
 class TablioWidget;
 }
 
-/// An operator goes from the article to the price and on to the next line. What stands behind the
-/// total has a default or becomes known later. A tick column is always the last one.
-enum Column {
-    Number,
-    Code,
-    Description,
-    Quantity,
-    Price,
-    Total,
-    Unit,
-    Delivery,
-    Delivered,
-    ColumnCount
-};
+/// The columns as order_window.ui sets them up. An operator goes from the article to the price and
+/// on to the next line. What stands behind the total has a default or becomes known later. A tick
+/// column is always the last one.
+enum Column { Number, Code, Description, Quantity, Price, Total, Unit, Delivery, Delivered };
 
 class OrderCells {
 public:
     /// The grid must outlive the cells.
     explicit OrderCells(tablio::qt::TablioWidget &grid) : grid_(grid) {}
 
-    void setUpColumns();
+    /// The form has set up all columns but this one, which the grid adds for the ticks.
+    void setUpTickColumn();
     /// What can be chosen in the unit column.
     [[nodiscard]] static QStringList unitChoices();
 

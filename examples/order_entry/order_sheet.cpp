@@ -41,7 +41,7 @@ private:
 
 OrderSheet::OrderSheet(TablioWidget &grid, OrderBook &book, QObject *parent)
     : QObject(parent), grid_(grid), cells_(grid), book_(book) {
-    cells_.setUpColumns();
+    cells_.setUpTickColumn();
     connect(&grid, &TablioWidget::editPreValidation, this,
             [this](int &row, int &col, bool & /*cancel*/) { editBegins(row, col); });
     connect(&grid, &TablioWidget::editOnChange, this,

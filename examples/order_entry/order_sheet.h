@@ -18,7 +18,7 @@ class OrderSheet : public QObject {
     Q_OBJECT
 
 public:
-    /// Sets up the grid's columns. The grid and the book must outlive the sheet.
+    /// The grid's columns are set up already. The grid and the book must outlive the sheet.
     OrderSheet(tablio::qt::TablioWidget &grid, OrderBook &book, QObject *parent = nullptr);
 
     /// Fills the grid with what the book holds. Throws OrderBookError.

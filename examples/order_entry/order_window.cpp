@@ -1,28 +1,20 @@
 #include "order_window.h"
 
+#include "ui_order_window.h"
+
 #include <tablio/qt/tablio_widget.h>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
-#include <QVBoxLayout>
 
 namespace {
-
-/// A label that gives way instead of widening the window.
-QLabel *yieldingLabel(QWidget *parent) {
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    return label;
-}
 
 std::optional<Money> sumOf(const OrderLines &lines) {
     std::optional<Money> sum = Money();
@@ -41,65 +33,49 @@ QString shown(Money amount, const QLocale &locale) {
 
 } // namespace
 
-OrderWindow::OrderWindow(OrderBook &book) : book_(book) {
+OrderWindow::OrderWindow(OrderBook &book) : ui_(std::make_unique<Ui::OrderWindow>()), book_(book) {
+    ui_->setupUi(this);
     const QFileInfo file(book.file());
-    setWindowTitle(tr("[*]Order entry - %1").arg(file.fileName()));
-
-    auto *centre = new QWidget(this);
-    grid_ = new tablio::qt::TablioWidget(centre);
-    lineCount_ = new QLabel(centre);
-    problem_ = yieldingLabel(centre);
-    problem_->setAlignment(Qt::AlignCenter);
-    QFont bold = problem_->font();
-    bold.setBold(true);
-    problem_->setFont(bold);
-    sum_ = new QLabel(centre);
-
-    auto *totals = new QHBoxLayout;
-    totals->setContentsMargins(9, 3, 9, 3);
-    totals->addWidget(lineCount_);
-    totals->addWidget(problem_, 1);
-    totals->addWidget(sum_);
-    auto *column = new QVBoxLayout(centre);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(grid_, 1);
-    column->addLayout(totals);
-    setCentralWidget(centre);
-
-    auto *lastEvent = yieldingLabel(this);
+    setWindowTitle(tr("%1 - %2").arg(windowTitle(), file.fileName()));
+    // Designer puts nothing into a status bar. This label gives way instead of widening the window.
+    auto *lastEvent = new QLabel(this);
+    lastEvent->setTextFormat(Qt::PlainText);
+    lastEvent->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *fileName = new QLabel(file.fileName(), this);
     fileName->setToolTip(file.absoluteFilePath());
-    statusBar()->addWidget(lastEvent, 1);
-    statusBar()->addPermanentWidget(fileName);
+    ui_->statusBar->addWidget(lastEvent, 1);
+    ui_->statusBar->addPermanentWidget(fileName);
 
-    log_ = new EventLog(*grid_, this);
+    log_ = new EventLog(*ui_->grid, this);
     connect(log_, &EventLog::heard, lastEvent, &QLabel::setText);
-    sheet_ = new OrderSheet(*grid_, book, this);
+    sheet_ = new OrderSheet(*ui_->grid, book, this);
     connect(sheet_, &OrderSheet::changed, this, &OrderWindow::showTotals);
-    connect(sheet_, &OrderSheet::refused, problem_, &QLabel::setText);
+    connect(sheet_, &OrderSheet::refused, ui_->problem, &QLabel::setText);
     connect(sheet_, &OrderSheet::cleared, this, [this](bool &keep) {
         keep = QMessageBox::question(this, tr("Order entry"),
                                      tr("Remove all %1 lines?").arg(sheet_->lines().size())) !=
                QMessageBox::Yes;
     });
-    search_ = new ArticleSearch(centre);
+    search_ = new ArticleSearch(ui_->centre);
     connect(sheet_, &OrderSheet::articleWanted, this, &OrderWindow::searchArticle);
     connect(search_, &ArticleSearch::picked, sheet_, &OrderSheet::articleFound);
-    connect(search_, &ArticleSearch::left, grid_, [this] { grid_->setFocus(); });
+    connect(search_, &ArticleSearch::left, ui_->grid, [this] { ui_->grid->setFocus(); });
     sheet_->load();
 
-    resize(QSize(1000, 480).boundedTo(screen()->availableSize()));
-    grid_->setFocus();
+    resize(size().boundedTo(screen()->availableSize()));
+    ui_->grid->setFocus();
 }
+
+OrderWindow::~OrderWindow() = default;
 
 void OrderWindow::showTotals() {
     const OrderLines &lines = sheet_->lines();
-    lineCount_->setText(lines.size() == 1 ? tr("1 line") : tr("%1 lines").arg(lines.size()));
+    ui_->lineCount->setText(lines.size() == 1 ? tr("1 line") : tr("%1 lines").arg(lines.size()));
     const std::optional<Money> sum = sumOf(lines);
-    sum_->setText(tr("Sum %1").arg(sum ? shown(*sum, locale()) : tr("too large")));
+    ui_->sum->setText(tr("Sum %1").arg(sum ? shown(*sum, locale()) : tr("too large")));
     const QString problem = sheet_->problem();
-    problem_->setText(problem.isEmpty() ? QString() : problem + tr(" The next entry tries again."));
+    ui_->problem->setText(problem.isEmpty() ? QString()
+                                            : problem + tr(" The next entry tries again."));
     setWindowModified(!problem.isEmpty());
 }
 
@@ -107,13 +83,13 @@ void OrderWindow::showTotals() {
 void OrderWindow::searchArticle(int row, const QString &text) {
     const QWidget *editor = QApplication::focusWidget();
     QRect cell(search_->parentWidget()->mapFromGlobal(QCursor::pos()), QSize(1, 1));
-    if (editor != nullptr && grid_->isAncestorOf(editor) && !editor->visibleRegion().isEmpty())
+    if (editor != nullptr && ui_->grid->isAncestorOf(editor) && !editor->visibleRegion().isEmpty())
         cell = QRect(editor->mapTo(search_->parentWidget(), QPoint()), editor->size());
     try {
         search_->open(tr("Article of row %1: Enter picks, Esc leaves").arg(row), book_.articles(),
                       text, cell);
     } catch (const OrderBookError &error) {
-        problem_->setText(tr("The articles cannot be read: %1").arg(error.message()));
+        ui_->problem->setText(tr("The articles cannot be read: %1").arg(error.message()));
     }
 }
 
@@ -122,7 +98,7 @@ void OrderWindow::closeEvent(QCloseEvent *event) {
     setFocus();
     event->setAccepted(mayClose());
     if (!event->isAccepted())
-        grid_->setFocus();
+        ui_->grid->setFocus();
 }
 
 bool OrderWindow::mayClose() {

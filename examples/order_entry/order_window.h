@@ -1,7 +1,8 @@
 #pragma once
 
-/// The order form: the grid, a line with the totals, and a status bar. It shows what the sheet and
-/// the event log tell and lets nobody leave with unsaved lines unasked.
+/// The order form, which is drawn in Qt Designer (order_window.ui): the grid, a line with the
+/// totals, and a status bar. It shows what the sheet and the event log tell and lets nobody leave
+/// with unsaved lines unasked.
 
 #include "article_search.h"
 #include "event_log.h"
@@ -9,7 +10,11 @@
 
 #include <QMainWindow>
 
-class QLabel;
+#include <memory>
+
+namespace Ui {
+class OrderWindow;
+}
 
 class OrderWindow : public QMainWindow {
     Q_OBJECT
@@ -17,6 +22,7 @@ class OrderWindow : public QMainWindow {
 public:
     /// The book must outlive the window. Throws OrderBookError.
     explicit OrderWindow(OrderBook &book);
+    ~OrderWindow() override;
 
     [[nodiscard]] EventLog &eventLog() { return *log_; }
 
@@ -28,13 +34,11 @@ private:
     void searchArticle(int row, const QString &text);
     bool mayClose();
 
+    /// What order_window.ui says: the labels, and the grid with its columns.
+    std::unique_ptr<Ui::OrderWindow> ui_;
     OrderBook &book_;
     // Qt's ownership: all of them are children of the window.
-    tablio::qt::TablioWidget *grid_;
     OrderSheet *sheet_;
     ArticleSearch *search_;
     EventLog *log_;
-    QLabel *lineCount_;
-    QLabel *problem_;
-    QLabel *sum_;
 };

@@ -57,7 +57,7 @@ QDesignerFormWindowInterface *DesignerSession::newForm() {
     return openForm(QString::fromLatin1(emptyForm));
 }
 
-QDesignerFormWindowInterface *DesignerSession::openForm(const QString &contents) {
+QDesignerFormWindowInterface *DesignerSession::openForm(const QString &contents, const char *name) {
     QDesignerFormWindowManagerInterface *manager = designer_->formWindowManager();
     QDesignerFormWindowInterface *form = manager->createFormWindow();
     forms_.push_back(form);
@@ -66,14 +66,16 @@ QDesignerFormWindowInterface *DesignerSession::openForm(const QString &contents)
     form->editWidgets();
     manager->setActiveFormWindow(form);
     form->clearSelection();
-    form->selectWidget(on(form));
+    form->selectWidget(on(form, name));
     return form;
 }
 
-QString DesignerSession::checkedInForm() {
-    QFile file(QStringLiteral(TABLIO_FORM));
+QString DesignerSession::checkedInForm() { return textOf(QStringLiteral(TABLIO_FORM)); }
+
+QString DesignerSession::textOf(const QString &name) {
+    QFile file(name);
     if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("the checked-in form cannot be read");
+        throw std::runtime_error(name.toStdString() + " cannot be read");
     return QString::fromUtf8(file.readAll());
 }
 

@@ -20,9 +20,11 @@ public:
     void closeForms();
     /// A form with the widget `tablio`, as a drop from the widget box makes it.
     QDesignerFormWindowInterface *newForm();
-    QDesignerFormWindowInterface *openForm(const QString &contents);
+    /// A form with such a widget.
+    QDesignerFormWindowInterface *openForm(const QString &contents, const char *name = "tablio");
     /// The text of the checked-in form.
     [[nodiscard]] static QString checkedInForm();
+    [[nodiscard]] static QString textOf(const QString &file);
 
     [[nodiscard]] QDesignerFormEditorInterface &designer() const { return *designer_; }
     /// What a copy, paste or preview command of the menu does.

@@ -233,6 +233,13 @@ TEST_F(Designer, ThePagesMakeTheCheckedInForm) {
         << QDesignerFormWindowInterface::findFormWindow(made)->contents().toStdString();
 }
 
+TEST_F(Designer, TheDemosFormIsSavedAsItWasOpened) {
+    const QString file = DesignerSession::textOf(QStringLiteral(TABLIO_DEMO_FORM));
+    auto *form = session.openForm(file, "grid");
+    EXPECT_EQ(on(form, "grid")->property("cols").toInt(), 9) << "with the column of the ticks";
+    EXPECT_EQ(form->contents(), file) << form->contents().toStdString();
+}
+
 TEST_F(Designer, CompiledAndLoadedFormsHaveWhatDesignerShows) {
     const QByteArray designed = settingsOf(on(session.openForm(DesignerSession::checkedInForm())));
 
