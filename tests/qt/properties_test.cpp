@@ -59,6 +59,19 @@ TEST(Properties, ColoursFollowThePaletteUntilTheyAreSet) {
     EXPECT_EQ(colours, 11);
 }
 
+TEST(Properties, EveryTextIsReadAsItWasWritten) {
+    TablioWidget grid;
+    const QString astral = QString::fromUcs4(U"\U0001F600\U00020000");
+    const QString letters = QStringLiteral("Ägäis 5 µg/€ 日本") + astral;
+    for (const QString &text : {QString(), QStringLiteral("A"), letters, QString(119, u'x') + u'é',
+                                QString(120, u'é'), QString(5000, u'漢'), QString(u'\0') + u'b'}) {
+        grid.setTextMatrix(1, 0, text);
+        EXPECT_EQ(grid.textMatrix(1, 0), text);
+    }
+    grid.setTextMatrix(1, 0, QString(QChar(0xD800)) + u'x');
+    EXPECT_TRUE(grid.textMatrix(1, 0).endsWith(u'x')) << "half a character harms no other";
+}
+
 TEST(Properties, MethodsReachTheRightCellsAndRows) {
     TablioWidget grid;
     grid.setCols(3);
