@@ -46,21 +46,21 @@ const CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
     return fonts_.emplace_back(CellFont{font, scaled, QFontMetrics(scaled, &widget)});
 }
 
-const QStaticText &CellFonts::laidOut(const QString &text, const CellFont &font) {
+QStaticText CellFonts::laidOut(const QString &text, const CellFont &font) {
     const std::pair key(&font, text);
     if (const QStaticText *known = texts_.object(key))
         return *known;
-    auto *const made = new QStaticText(text);
-    made->setTextFormat(Qt::PlainText);
+    QStaticText made(text);
+    made.setTextFormat(Qt::PlainText);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
     // The text's own direction, not the program's.
     option.setTextDirection(Qt::LayoutDirectionAuto);
     option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
-    made->setTextOption(option);
-    made->prepare(QTransform(), font.font);
-    texts_.insert(key, made);
-    return *made;
+    made.setTextOption(option);
+    made.prepare(QTransform(), font.font);
+    texts_.insert(key, new QStaticText(made));
+    return made;
 }
 
 } // namespace tablio::qt

@@ -31,8 +31,8 @@ public:
     void clear();
     /// What is empty in the font follows the widget's own.
     [[nodiscard]] const CellFont &of(const tablio::Font &font, const QWidget &widget);
-    /// The text in one line of such a font; good until the next call.
-    [[nodiscard]] const QStaticText &laidOut(const QString &text, const CellFont &font);
+    /// The text in one line of such a font. The copies share what was laid out.
+    [[nodiscard]] QStaticText laidOut(const QString &text, const CellFont &font);
 
 private:
     /// More than the cells of any screen.

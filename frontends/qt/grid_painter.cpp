@@ -220,7 +220,7 @@ void GridPainter::drawLine(const QString &text, const QRect &room, int top, int 
         painter_.setFont(font.font);
         painterFont_ = &font;
     }
-    const QStaticText &line = fonts_.laidOut(text, font);
+    const QStaticText line = fonts_.laidOut(text, font);
     painter_.drawStaticText(aligned(room.left(), room.width(), widthOf(line), column), top, line);
 }
 

@@ -2,8 +2,10 @@
 
 #include "automation/member_table.h"
 #include "automation/value_as.h"
+#include "control/control.h"
 
 #include <tablio/errors.h>
+#include <tablio/tablio.h>
 
 #include <string>
 
@@ -20,8 +22,19 @@ namespace {
                         " arguments do not fit its " + std::to_string(member.arguments.size()));
 }
 
+/// A number that is given for a text is written as the control's user writes numbers, since that is
+/// how the control reads it.
+Value numberText(Tablio &control, const Value &number) {
+    std::string text = number.toText();
+    const std::size_t sign = text.find('.');
+    if (sign != std::string::npos)
+        text.replace(sign, 1, control.control().state.link.face().numberFormat().decimalSign);
+    return text;
+}
+
 /// Converts with an error that tells which argument of which member is wrong.
-Value fitted(const Member &member, std::string_view argument, MemberType type, const Value &value) {
+Value fitted(Tablio &control, const Member &member, std::string_view argument, MemberType type,
+             const Value &value) {
     const auto told = [&](const Error &error) {
         return std::string(member.name)
             .append(", ")
@@ -30,6 +43,8 @@ Value fitted(const Member &member, std::string_view argument, MemberType type, c
             .append(error.what());
     };
     try {
+        if (type == MemberType::String && value.type() == Value::Type::Double)
+            return numberText(control, value);
         return convertedTo(type, value);
     } catch (const TypeMismatch &error) {
         throw TypeMismatch(told(error));
@@ -39,7 +54,7 @@ Value fitted(const Member &member, std::string_view argument, MemberType type, c
 }
 
 /// All declared arguments in their types, the ones left out by their defaults.
-Values fitted(const Member &member, const Values &given) {
+Values fitted(Tablio &control, const Member &member, const Values &given) {
     if (given.size() > member.arguments.size())
         wrongCount(member, given.size());
     Values result;
@@ -47,7 +62,7 @@ Values fitted(const Member &member, const Values &given) {
     for (const Argument &argument : member.arguments) {
         const std::size_t place = result.size();
         if (place < given.size() && !given[place].isMissing())
-            result.push_back(fitted(member, argument.name, argument.type, given[place]));
+            result.push_back(fitted(control, member, argument.name, argument.type, given[place]));
         else if (argument.optional)
             result.push_back(argument.defaultValue());
         else
@@ -59,9 +74,9 @@ Values fitted(const Member &member, const Values &given) {
 Value readMember(Tablio &control, const Member &member, const Values &arguments) {
     if (member.read == nullptr)
         refuse(member, "cannot be read");
-    const Value result = member.read(control, fitted(member, arguments));
+    const Value result = member.read(control, fitted(control, member, arguments));
     // The typed function may count in a wider type than the interface.
-    return fitted(member, "result", member.type, result);
+    return fitted(control, member, "result", member.type, result);
 }
 
 Value getProperty(Tablio &control, const Member &member, const Values &index) {
@@ -73,8 +88,8 @@ Value getProperty(Tablio &control, const Member &member, const Values &index) {
 void putProperty(Tablio &control, const Member &member, const Value &value, const Values &index) {
     if (member.write == nullptr)
         refuse(member, "cannot be written");
-    Values arguments = fitted(member, index);
-    arguments.push_back(fitted(member, "value", member.type, value));
+    Values arguments = fitted(control, member, index);
+    arguments.push_back(fitted(control, member, "value", member.type, value));
     member.write(control, arguments);
 }
 

@@ -137,7 +137,7 @@ Colour Value::toColour() const {
         // The unsigned reading of a colour whose top bit is set.
         if (number > std::numeric_limits<std::int32_t>::max() &&
             number <= std::numeric_limits<std::uint32_t>::max())
-            return Colour{static_cast<std::uint32_t>(number)};
+            return Colour{static_cast<std::uint32_t>(number - std::remainder(number, 1.0))};
     }
     return Colour{static_cast<std::uint32_t>(toLong())};
 }

@@ -23,7 +23,7 @@ Control::Control()
     state.focus.onLost = [this](WidgetId widget) { focusLost(widget); };
     state.focus.onGot = [this](WidgetId widget) { focusGot(widget); };
     state.focus.onMoved = [this](WidgetId widget) { state.link.face().focusChanged(widget); };
-    state.columns.followColumnCount();
+    state.columns.start();
 }
 
 GridInput::Services Control::gridServices() {

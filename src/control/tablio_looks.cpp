@@ -4,7 +4,7 @@
 
 #include "control/control.h"
 
-#include <cmath>
+#include <tablio/value.h>
 
 namespace tablio {
 
@@ -145,7 +145,7 @@ void Tablio::setCellFontItalic(int Row, int Col, bool italic) {
 
 int Tablio::CellFontSize(int Row, int Col) {
     control_->appearance.visit({Row, Col});
-    return static_cast<int>(std::lround(control_->state.grid.CellFont().size));
+    return Value(static_cast<double>(control_->state.grid.CellFont().size)).toInteger();
 }
 
 void Tablio::setCellFontSize(int Row, int Col, int points) {

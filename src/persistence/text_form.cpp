@@ -36,19 +36,27 @@ bool isSurrogate(char32_t character) noexcept { return character >= 0xD800 && ch
 
 // ---- writing -----------------------------------------------------------------
 
-/// The fewest digits that read back as the same number.
+/// Whether the text is read as this number. With few digits the greatest numbers become greater.
+template <typename Number> bool isReadAs(const std::string &text, Number number) {
+    try {
+        return static_cast<Number>(Value(text).toDouble()) == number;
+    } catch (const TypeMismatch &) {
+        return false;
+    }
+}
+
+/// The fewest digits that read back as the same number. Zero has no sign, and what is so near to it
+/// that no digits read back is zero.
 template <typename Number> std::string shortest(Number number) {
-    std::string text;
     for (int digits = std::numeric_limits<Number>::digits10;
-         digits <= std::numeric_limits<Number>::max_digits10; ++digits) {
+         digits <= std::numeric_limits<Number>::max_digits10 && number != 0; ++digits) {
         std::ostringstream stream;
         stream.imbue(std::locale::classic());
         stream << std::setprecision(digits) << number;
-        text = stream.str();
-        if (static_cast<Number>(Value(text).toDouble()) == number)
-            break;
+        if (isReadAs(stream.str(), number))
+            return stream.str();
     }
-    return text;
+    return "0";
 }
 
 std::string inBraces(char letter, std::uint32_t number) {
@@ -212,7 +220,11 @@ double number(std::string_view word, std::string_view typeName) {
 Font font(Scanner &scanner) {
     Font result;
     result.name = scanner.text();
-    result.size = static_cast<float>(number(scanner.word(), "font size"));
+    const std::string_view size = scanner.word();
+    const double points = number(size, "font size");
+    if (std::abs(points) > std::numeric_limits<float>::max())
+        noSuchValue(size, "font size");
+    result.size = static_cast<float>(points);
     while (!scanner.atEnd()) {
         const std::string_view style = scanner.word();
         if (style == "bold")

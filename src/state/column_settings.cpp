@@ -1,22 +1,50 @@
 #include "state/column_settings.h"
 
+#include "model/decimal_text.h"
+
 #include <tablio/errors.h>
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
+#include <optional>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace tablio {
 
 namespace {
 
-/// The whole number at the start of a text; 0 where there is none.
-std::int32_t leadingNumber(const std::string &text) noexcept {
-    const std::size_t start = text.find_first_not_of(' ');
+/// A number that is no whole one, or is followed by something else, as stores of other programs
+/// have it.
+double oddNumber(std::string_view text) {
+    static const NumberFormat noLocale{".", "", 0};
+    text = text.substr(0, text.find_first_not_of("0123456789.+-eE"));
+    while (!text.empty()) {
+        // A sign at the end belongs to what follows.
+        text = text.substr(0, text.find_last_of("0123456789.") + 1);
+        if (const std::optional<Decimal> number = Decimal::parse(text, noLocale))
+            return number->toDouble();
+        text.remove_suffix(text.empty() ? 0 : 1);
+    }
+    return 0;
+}
+
+/// The number at the start of a text, rounded to a whole one, the even one of two; 0 where there is
+/// none, or one that 32 bits do not hold.
+std::int32_t leadingNumber(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     std::int32_t value = 0;
-    if (start != std::string::npos)
-        std::from_chars(text.data() + start, text.data() + text.size(), value);
-    return value;
+    const char *const end = text.data() + text.size();
+    const std::from_chars_result read = std::from_chars(text.data(), end, value);
+    if (read.ptr == end && read.ec == std::errc())
+        return value;
+    const double odd = oddNumber(text);
+    const double whole = odd - std::remainder(odd, 1.0);
+    using Limits = std::numeric_limits<std::int32_t>;
+    return whole >= Limits::min() && whole <= Limits::max() ? static_cast<std::int32_t>(whole) : 0;
 }
 
 int checked16Bit(std::size_t from, int to) {
@@ -69,7 +97,18 @@ void ColumnSettings::setNumber(List list, int col, std::int32_t value) {
     setText(list, col, std::to_string(value));
 }
 
+void ColumnSettings::start() {
+    followColumnCount();
+    isStart_ = true;
+}
+
 bool ColumnSettings::followColumnCount() {
+    // No host has asked for the columns that a control starts with.
+    if (std::exchange(isStart_, false)) {
+        const auto cols = static_cast<std::size_t>(table_.Cols());
+        for (std::vector<std::string> &list : lists_)
+            list.resize(std::min(list.size(), cols));
+    }
     const int missing = -checked16Bit(lists_[Style].size(), table_.Cols());
     for (int round = 0; round < missing; ++round)
         append({"0", "0", "", "64", "0", "0"});
@@ -81,6 +120,7 @@ bool ColumnSettings::followColumnCount() {
 }
 
 void ColumnSettings::clear() {
+    isStart_ = false;
     for (std::vector<std::string> &list : lists_)
         list.clear();
 }

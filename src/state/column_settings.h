@@ -39,6 +39,9 @@ public:
     void checkEntry(int col) const;
     void setNumber(List list, int col, std::int32_t value);
 
+    /// Default entries for the columns of a new grid. They go without a trace when the first column
+    /// count that is asked for is lower.
+    void start();
     /// Makes the lists follow the grid's column count. More columns get default entries; after
     /// fewer columns the old entries stay, followed by one filler for each column that went.
     /// Answers whether default entries were added.
@@ -58,6 +61,7 @@ private:
 
     const GridTable &table_;
     std::array<std::vector<std::string>, 6> lists_;
+    bool isStart_ = false;
 };
 
 } // namespace tablio

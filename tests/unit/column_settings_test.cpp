@@ -49,8 +49,10 @@ TEST_F(ColumnSettingsTest, ANumberIsWhatATextBeginsWith) {
     const struct {
         const char *text;
         int expected;
-    } cases[] = {{"64", 64}, {" 7 ", 7}, {"12abc", 12},   {"", 0},
-                 {"abc", 0}, {"-3", -3}, {"#,##0.00", 0}, {"99999999999", 0}};
+    } cases[] = {{"64", 64},    {" 7 ", 7},    {"12abc", 12},     {"", 0},      {"abc", 0},
+                 {"-3", -3},    {"+3", 3},     {"#,##0.00", 0},   {"12.7", 13}, {"2.5", 2},
+                 {"-2.6x", -3}, {"1E+2", 100}, {"5-", 5},         {"1.5e", 2},  {"1e", 1},
+                 {"-", 0},      {"1E+16", 0},  {"99999999999", 0}};
     for (const auto &each : cases) {
         settings.setText(ColumnSettings::MaxLength, 1, each.text);
         EXPECT_EQ(settings.ColMaxLength(1), each.expected) << each.text;

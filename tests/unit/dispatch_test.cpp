@@ -276,6 +276,22 @@ TEST(Dispatch, ConvertsArgumentsAndFillsInWhatIsLeftOut) {
     EXPECT_EQ(table.ColDataAlignment(1), TColumnAlignment::ColumnLeft);
 }
 
+TEST(Dispatch, ANumberForATextIsWrittenAsTheUserWritesNumbers) {
+    class German final : public Face {
+        [[nodiscard]] NumberFormat numberFormat() const override { return {",", ".", 3}; }
+    } german;
+    Tablio table;
+    setUp(table);
+    table.setFace(&german);
+    table.setColFormat(1, "###,##0.00");
+    Dispatch dispatch(table);
+    dispatch.put("TextMatrix", 1250.5, {1, 1});
+    EXPECT_EQ(dispatch.get("TextMatrix", {1, 1}), Value("1250,5"));
+    dispatch.put("TextMatrix", "0,125", {1, 1});
+    EXPECT_EQ(dispatch.get("TextMatrix", {1, 1}), Value("0,125"));
+    table.setFace(nullptr);
+}
+
 TEST(Dispatch, RefusesWithTheRightError) {
     enum Kind { unknown, count, mismatch, overflow, grid };
     const struct {

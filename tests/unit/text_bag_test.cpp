@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
@@ -77,8 +79,13 @@ TEST(TextBag, EveryValueSurvivesTheText) {
         }
         return text;
     };
+    using Doubles = std::numeric_limits<double>;
+    const double edges[] = {Doubles::max(), -Doubles::max(), Doubles::min(), 1 / 3e307, -0.0};
     for (int round = 0; round < 3000; ++round) {
-        const double real = (upTo(2000000) - 1000000) * std::pow(10.0, upTo(40) - 20) / 3;
+        const bool isEdge = static_cast<std::size_t>(round) < std::size(edges);
+        const double real =
+            isEdge ? edges[round] : (upTo(2000000) - 1000000) * std::pow(10.0, upTo(40) - 20) / 3;
+        const double points = std::clamp(real, -3.4e38, 3.4e38);
         const Value values[] = {
             Value(),
             upTo(1) == 1,
@@ -86,7 +93,7 @@ TEST(TextBag, EveryValueSurvivesTheText) {
             static_cast<std::int32_t>(random()),
             real,
             anyText(),
-            Font{anyText(), static_cast<float>(real), upTo(1) == 1, upTo(1) == 1}};
+            Font{anyText(), static_cast<float>(points), upTo(1) == 1, upTo(1) == 1}};
         TextBag bag;
         for (std::size_t place = 0; place < std::size(values); ++place)
             bag.writeProperty("Key" + std::to_string(place), values[place], noDefault);
