@@ -50,6 +50,14 @@ TEST(Persistence, ASavedControlReadsLikeThis) {
     table.setStripeColor(Colour{0xE0FFE0});
     table.setEnabled(false);
     table.setWordWrap(false);
+    table.setGridPopUpMenu(false);
+    table.setHeaderFontBold(true);
+    std::uint32_t colour = 1;
+    for (const auto setColour :
+         {&Tablio::setBackColorData, &Tablio::setGridColorData, &Tablio::setGridColorFixed,
+          &Tablio::setBackColorMarkRow, &Tablio::setForeColorMarkRow, &Tablio::setBackColor,
+          &Tablio::setCheckBoxColor})
+        (table.*setColour)(Colour{colour++});
     table.SetColProperty(0, "No.", 500, TColumnStyle::ColumnFixedWithAutoNumber);
     table.SetColProperty(1, "Größe", 2000, TColumnStyle::ColumnInput, TColumnType::ColumnDecimal,
                          TColumnAlignment::ColumnCentre, TColumnAlignment::ColumnRight, 12,
@@ -59,20 +67,29 @@ TEST(Persistence, ASavedControlReadsLikeThis) {
     EXPECT_EQ(saved(table), R"(Tablio properties 1
 BackColorFixed Long -2147483633
 WordWrap Boolean False
+GridPopUpMenu Boolean False
 Font Font "Arial" 9 italic
 ForeColorFixed Long -2147483630
 Cols Long 4
 Rows Long 12
 FixedCols Long 1
 FixedRows Long 1
+BackColorData Long 1
+GridColorData Long 2
+GridColorFixed Long 3
 ForeColorData Long -2147483630
+BackColorMarkRow Long 4
+ForeColorMarkRow Long 5
 WithFixedColumn Boolean True
 HeaderRowHeight Long 300
+BackColor Long 6
 PrimaryColumn Long 1
+HeaderFontBold Boolean True
 CheckBoxes Integer -1
 Enabled Boolean False
 RowMinHeight Long 0
 StripeColor Long 14745568
+CheckBoxColor Long 7
 ColStyle0 Double 3
 ColTextHeader0 String "No."
 ColDataAlignment0 Integer 1
