@@ -140,6 +140,15 @@ else()
             LABELS window TIMEOUT 300 RUN_SERIAL ON
             ENVIRONMENT "QT_QPA_PLATFORM=xcb;${test_environment}")
     endif()
+    # What a scroll moves are device pixels, which the offscreen platform has one of a pixel.
+    if(TARGET tablio_qt_tests)
+        add_test(NAME window.scrolled_screen
+            COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/scripts/with-display"
+                $<TARGET_FILE:tablio_qt_tests> --gtest_filter=Painting.TheScreen*)
+        set_tests_properties(window.scrolled_screen PROPERTIES
+            LABELS window TIMEOUT 60
+            ENVIRONMENT "QT_QPA_PLATFORM=xcb;QT_SCALE_FACTOR=2;${test_environment}")
+    endif()
     foreach(script IN LISTS window_tests)
         get_filename_component(subject "${script}" NAME_WE)
         add_test(NAME window.${subject}
