@@ -5,7 +5,7 @@
 #include "property_pages_view.h"
 #include "qt_text.h"
 
-#include "state/control_state.h"
+#include "control/control.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -76,7 +76,10 @@ PropertyPagesDialog::~PropertyPagesDialog() = default;
 template <typename Action> void PropertyPagesDialog::change(const Action &action) {
     {
         const QSignalBlocker quiet(edited_);
+        RowStock &rows = edited_.core().control().rows;
+        rows.watchNumbers();
         guarded(action);
+        rows.blankFormerNumbers();
     }
     const QByteArray now = edited_.settings();
     if (now == known_)
@@ -120,7 +123,11 @@ void PropertyPagesDialog::apply() {
     // The keyboard may still be in a box that checks its number when it is left.
     generalView_->settle();
     columnsView_->settle();
-    change([this] { pages_.apply(); });
+    change([this] {
+        pages_.apply();
+        // There may be more rows.
+        edited_.core().control().rows.RenumberFixedColumns();
+    });
 }
 
 void PropertyPagesDialog::accept() {

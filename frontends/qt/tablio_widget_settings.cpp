@@ -47,7 +47,9 @@ void TablioWidgetPrivate::readSettings(const TextBag &bag) {
     const bool hadStripes = hasStripes();
     const bool isUntouched = startStamp_ == grid.cursorStamp();
 
+    control.rows.watchNumbers();
     core.ReadProperties(bag);
+    control.rows.blankFormerNumbers();
     if (isUntouched)
         startStamp_ = grid.cursorStamp();
     if (!bag.contains(rowMinHeightKey)) {

@@ -103,7 +103,7 @@ void RowStock::reset(int row) {
     {
         const RedrawOff redrawOff(grid);
         for (int col = 0; col < grid.table.Cols(); ++col) {
-            if (state_.columns.ColStyle(col) == TColumnStyle::ColumnFixedWithAutoNumber)
+            if (isNumbered(col))
                 continue;
             grid.table.setTextMatrix(row, col, "");
             state_.CellTag->remove(row, col);
@@ -173,18 +173,46 @@ int RowStock::dataCount() const {
     return result;
 }
 
+bool RowStock::isNumbered(int col) const {
+    return state_.columns.ColStyle(col) == TColumnStyle::ColumnFixedWithAutoNumber;
+}
+
 void RowStock::RenumberFixedColumns() {
-    const RedrawOff redrawOff(state_.grid);
-    GridTable &table = state_.grid.table;
     std::vector<int> numbered;
     std::vector<int> blanked;
-    for (int col = 0; col < table.Cols(); ++col) {
-        const TColumnStyle style = state_.columns.ColStyle(col);
-        if (style == TColumnStyle::ColumnFixedWithAutoNumber)
+    for (int col = 0; col < state_.grid.table.Cols(); ++col) {
+        if (isNumbered(col))
             numbered.push_back(col);
-        else if (style == TColumnStyle::ColumnFixed && ControlState::PageEditing)
+        else if (ControlState::PageEditing &&
+                 state_.columns.ColStyle(col) == TColumnStyle::ColumnFixed)
             blanked.push_back(col);
     }
+    numbered_.insert(numbered.begin(), numbered.end());
+    writeNumbersAndBlanks(numbered, blanked);
+}
+
+void RowStock::watchNumbers() {
+    numbered_.clear();
+    for (int col = 0; col < state_.grid.table.Cols(); ++col) {
+        if (isNumbered(col))
+            numbered_.insert(col);
+    }
+}
+
+void RowStock::blankFormerNumbers() {
+    std::vector<int> former;
+    for (const int col : numbered_) {
+        if (col < state_.grid.table.Cols() && !isNumbered(col))
+            former.push_back(col);
+    }
+    if (!former.empty())
+        writeNumbersAndBlanks({}, former);
+}
+
+void RowStock::writeNumbersAndBlanks(const std::vector<int> &numbered,
+                                     const std::vector<int> &blanked) {
+    const RedrawOff redrawOff(state_.grid);
+    GridTable &table = state_.grid.table;
     int counter = 0;
     for (int row = table.FixedRows(); row < table.Rows(); ++row) {
         const std::string number = std::to_string(to16Bit(++counter, "row number"));

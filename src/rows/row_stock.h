@@ -8,6 +8,9 @@
 #include "rows/marker.h"
 #include "state/appearance.h"
 
+#include <set>
+#include <vector>
+
 namespace tablio {
 
 class RowStock {
@@ -31,17 +34,26 @@ public:
     [[nodiscard]] int dataCount() const;
     /// Writes 1, 2, 3 … into the auto-number columns.
     void RenumberFixedColumns();
+    /// Notes, from now on, which columns hold numbers. For whoever is about to change settings.
+    void watchNumbers();
+    /// Blanks the data cells of columns that held numbers since watchNumbers(), if only for a
+    /// moment, and are no auto-number columns now.
+    void blankFormerNumbers();
 
 private:
     /// What insert and remove end with: numbers, cursor, event.
     void finishMove(int row);
     [[nodiscard]] int firstTaggedCol() const noexcept;
     void bringCursorTo(CellAddress cell);
+    [[nodiscard]] bool isNumbered(int col) const;
+    void writeNumbersAndBlanks(const std::vector<int> &numbered, const std::vector<int> &blanked);
 
     ControlState &state_;
     EditSession &session_;
     Marker &marker_;
     Appearance &appearance_;
+    /// The columns that have held numbers since watchNumbers().
+    std::set<int> numbered_;
 };
 
 } // namespace tablio

@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -65,6 +66,30 @@ TEST_F(RunningTable, KeepsItsDataWhatThePagesDo) {
     EXPECT_EQ(grid->colTextHeader(0), "Total");
     EXPECT_EQ(grid->textMatrix(1, 0), "12") << "a fixed column is no design any more";
     EXPECT_EQ(grid->textMatrix(1, 1), "Ann");
+}
+
+TEST_F(RunningTable, RowNumbersStandInTheirColumnsOnly) {
+    const auto column = [this](int col) {
+        return grid->textMatrix(1, col) + "," + grid->textMatrix(grid->rows() - 1, col);
+    };
+    const QByteArray plain = grid->settings();
+    grid->setColStyle(0, TablioWidget::ColumnFixedWithAutoNumber);
+    grid->setSettings(plain);
+    EXPECT_EQ(column(0), ",");
+    EXPECT_EQ(column(1), "Ann,Zoe") << "a column that was not numbered keeps its texts";
+    grid->setColStyle(0, TablioWidget::ColumnFixedWithAutoNumber);
+
+    QDialog *dialog = open();
+    replace(dialog->findChild<QLineEdit *>("txtRows"), "12");
+    dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+    dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply)->click();
+    EXPECT_EQ(column(0), "1,11") << "the new rows are numbered, too";
+    dialog->findChild<QPushButton *>("cmdCommand(0)")->click();
+    EXPECT_EQ(column(0), "1,11");
+    EXPECT_EQ(column(1), ",") << "an inserted column has no numbers";
+    dialog->findChild<QPushButton *>("cmdIndex(0)")->click();
+    dialog->findChild<QPushButton *>("cmdCommand(1)")->click();
+    EXPECT_EQ(column(0), ",") << "nor has the place of a removed one";
 }
 
 TEST_F(RunningTable, RowsThatCameMeanwhileStay) {
