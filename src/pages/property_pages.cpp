@@ -15,20 +15,31 @@ void PropertyPages::show(PropertyPage &page) {
 }
 
 void PropertyPages::apply() {
-    // Columns that were inserted or removed on the other page must not be undone here.
-    if (general.Changed()) {
-        general.followColumnCount();
-        general.ApplyChanges();
-    }
+    // First: the column that it shows may be the one that the other page makes a check-box column.
     if (columns.Changed())
         columns.ApplyChanges();
+    if (!general.Changed())
+        return;
+    // Columns that were inserted or removed on the other page must not be undone here.
+    general.followColumnCount();
+    general.ApplyChanges();
+    if (columnsIsLoaded_) {
+        reloadColumns();
+        columns.setChanged(false);
+    }
 }
 
 void PropertyPages::selectionChanged() {
     if (generalIsLoaded_)
         general.SelectionChanged();
     if (columnsIsLoaded_)
-        columns.SelectionChanged();
+        reloadColumns();
+}
+
+void PropertyPages::reloadColumns() {
+    columns.SelectionChanged();
+    // Loading brings an index that is too great into range after it has asked where it can go.
+    columns.SelectionChanged();
 }
 
 } // namespace tablio

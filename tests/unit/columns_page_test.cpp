@@ -1,4 +1,4 @@
-#include <tablio/pages/property_pages.h>
+#include <tablio/pages/columns_page.h>
 #include <tablio/tablio.h>
 
 #include <gtest/gtest.h>
@@ -360,45 +360,6 @@ TEST_F(ColumnsPage, AnIndexThatNoColumnHasDoesNoHarm) {
         EXPECT_NO_THROW(page.pressed(insert));
         EXPECT_EQ(table.Cols(), 4);
     }
-}
-
-TEST_F(ColumnsPage, OneDialogTiesBothPages) {
-    fillColumns();
-    PropertyPages pages(table, recorder);
-    EXPECT_FALSE(pages.canApply());
-    pages.show(pages.general);
-    EXPECT_FALSE(pages.canApply());
-    pages.general.clicked(pages.general.chkGridPopUpMenu);
-    pages.show(pages.columns);
-    EXPECT_TRUE(pages.canApply());
-    pages.columns.typed(pages.columns.txtColTextHeader, "edited");
-    pages.show(pages.general);
-    EXPECT_FALSE(pages.general.chkGridPopUpMenu.isTicked()) << "the page keeps what was done";
-    EXPECT_EQ(table.ColTextHeader(0), "A") << "going to another page applies nothing";
-    pages.apply();
-    EXPECT_EQ(table.ColTextHeader(0), "edited");
-    EXPECT_TRUE(table.GridPopUpMenu()) << "nothing else was changed on its page";
-    EXPECT_FALSE(pages.canApply());
-
-    // Inserted columns survive the other page's column count, unless that was edited, too.
-    pages.general.clicked(pages.general.chkWordWrap);
-    pages.columns.pressed(pages.columns.cmdCommand[0]);
-    pages.apply();
-    EXPECT_EQ(table.Cols(), 5);
-    EXPECT_FALSE(table.GridPopUpMenu());
-    pages.general.typed(pages.general.txtCols, "7");
-    pages.columns.pressed(pages.columns.cmdCommand[0]);
-    pages.apply();
-    EXPECT_EQ(table.Cols(), 7);
-    pages.columns.pressed(pages.columns.cmdCommand[1]);
-    pages.show(pages.general);
-    EXPECT_EQ(pages.general.txtCols.Text(), "6");
-    EXPECT_FALSE(pages.general.Changed());
-
-    table.setCols(3);
-    pages.general.typed(pages.general.txtCols, "9");
-    pages.selectionChanged();
-    EXPECT_EQ(pages.general.txtCols.Text(), "3");
 }
 
 } // namespace

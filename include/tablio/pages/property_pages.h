@@ -22,13 +22,16 @@ public:
     void show(PropertyPage &page);
     /// Whether Apply is enabled. OK and Cancel always are.
     [[nodiscard]] bool canApply() const noexcept { return general.Changed() || columns.Changed(); }
-    /// Writes back each page that is marked changed.
+    /// Writes back each page that is marked changed. Columns then shows what General has made of
+    /// its column.
     void apply();
     /// The control was changed by somebody else: loads again the pages that have been shown. What
     /// was not applied is lost.
     void selectionChanged();
 
 private:
+    void reloadColumns();
+
     bool generalIsLoaded_ = false;
     bool columnsIsLoaded_ = false;
 };
