@@ -24,30 +24,14 @@ constexpr int markHeight = 3;
 /// What the pages of the preview say, nobody hears.
 class Nobody final : public PageListener {};
 
-/// Makes one page hold what another page of the same kind holds. In the page's own order, so that
-/// lists that depend on another control are filled before their item is chosen.
-void copyPage(const PropertyPage &from, const PropertyPage &to) {
-    for (std::size_t place = 0; place < from.controls().size(); ++place) {
-        const PageControl *source = from.controls()[place];
-        PageControl *target = to.controls()[place];
-        switch (source->kind()) {
-        case PageControlKind::TextBox:
-            static_cast<PageTextBox *>(target)->setText(
-                static_cast<const PageTextBox *>(source)->Text());
-            break;
-        case PageControlKind::CheckBox:
-            static_cast<PageCheckBox *>(target)->setValue(
-                static_cast<const PageCheckBox *>(source)->Value());
-            break;
-        case PageControlKind::List:
-            static_cast<PageList *>(target)->setListIndex(
-                static_cast<const PageList *>(source)->ListIndex());
-            break;
-        case PageControlKind::Button:
-        case PageControlKind::Spinner:
-            break;
-        }
-    }
+/// Settings know nothing of columns that went, but these come back with a greater count.
+void copyAllColumns(const ColumnSettings &from, ColumnSettings &to) {
+    using List = ColumnSettings::List;
+    to.clear();
+    for (int col = 0; col < from.length(); ++col)
+        to.append({from.text(List::Style, col), from.text(List::EditType, col),
+                   from.text(List::Format, col), from.text(List::MaxLength, col),
+                   from.text(List::DataType, col), from.text(List::CalcStyle, col)});
 }
 
 QString sampleText(const TablioWidget &table, int col) {
@@ -78,7 +62,7 @@ QString sampleValue(const TablioWidget &table, int col) {
 
 } // namespace
 
-PropertyPagesPreview::PropertyPagesPreview(const TablioWidget &edited, const PropertyPages &pages,
+PropertyPagesPreview::PropertyPagesPreview(TablioWidget &edited, const PropertyPages &pages,
                                            QWidget *parent)
     : QWidget(parent), edited_(edited), pages_(pages), table_(new TablioWidget(this)),
       columnMark_(new QWidget(this)) {
@@ -103,17 +87,14 @@ void PropertyPagesPreview::refresh(bool editsColumn) {
     bag.writeProperty("Rows", rows, 2);
     table_->setSettings(QByteArray::fromStdString(bag.text()));
 
+    copyAllColumns(edited_.core().control().state.columns, table_->core().control().state.columns);
+
     Nobody nobody;
     PropertyPages shown(table_->core(), nobody);
-    if (pages_.general.Changed()) {
-        copyPage(pages_.general, shown.general);
+    shown.copyFrom(pages_);
+    if (shown.general.Changed())
         shown.general.txtRows.setText(std::to_string(rows));
-        shown.general.ApplyChanges();
-    }
-    if (pages_.columns.Changed()) {
-        copyPage(pages_.columns, shown.columns);
-        shown.columns.ApplyChanges();
-    }
+    shown.apply();
     for (int col = 0; col < table_->cols(); ++col)
         fillColumn(col);
     // Ticking has moved the cursor.

@@ -14,7 +14,7 @@ class PropertyPagesPreview final : public QWidget {
 
 public:
     /// Both must outlive the preview.
-    PropertyPagesPreview(const TablioWidget &edited, const PropertyPages &pages,
+    PropertyPagesPreview(TablioWidget &edited, const PropertyPages &pages,
                          QWidget *parent = nullptr);
 
     /// Shows the edited table with what the pages have not applied yet, and which column is being
@@ -25,7 +25,7 @@ private:
     void fillColumn(int col);
     void showEditedColumn();
 
-    const TablioWidget &edited_;
+    TablioWidget &edited_;
     const PropertyPages &pages_;
     TablioWidget *table_;
     QWidget *columnMark_;

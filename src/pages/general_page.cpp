@@ -102,6 +102,11 @@ void General::followColumnCount() {
     setChanged(wasChanged);
 }
 
+void General::copyFrom(const General &other) {
+    PropertyPage::copyFrom(other);
+    agreedCols_ = other.agreedCols_;
+}
+
 std::string General::dataColumns() {
     return std::to_string(get("Cols").toLong() - bitOf(get("CheckBoxes")));
 }

@@ -20,6 +20,11 @@ void PageTextBox::setText(std::string text) {
         onChange();
 }
 
+void PageTextBox::copy(const PageTextBox &other) {
+    text_ = other.text_;
+    changed();
+}
+
 void PageCheckBox::setValue(int value) {
     if (value == value_ || (value != 0 && value != 1))
         return;
@@ -27,6 +32,11 @@ void PageCheckBox::setValue(int value) {
     changed();
     if (onClick)
         onClick();
+}
+
+void PageCheckBox::copy(const PageCheckBox &other) {
+    value_ = other.value_;
+    changed();
 }
 
 void PageList::setItems(std::vector<std::string> items) {
@@ -42,6 +52,12 @@ void PageList::setListIndex(int index) {
     changed();
     if (onClick)
         onClick();
+}
+
+void PageList::copy(const PageList &other) {
+    items_ = other.items_;
+    listIndex_ = other.listIndex_;
+    changed();
 }
 
 void PageSpinner::setValue(int value) {

@@ -29,6 +29,11 @@ void PropertyPages::apply() {
     }
 }
 
+void PropertyPages::copyFrom(const PropertyPages &other) {
+    general.copyFrom(other.general);
+    columns.copyFrom(other.columns);
+}
+
 void PropertyPages::selectionChanged() {
     if (generalIsLoaded_)
         general.SelectionChanged();

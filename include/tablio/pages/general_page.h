@@ -18,6 +18,7 @@ public:
     void ApplyChanges() override;
     /// The column count may have changed elsewhere: shows it, unless the user has typed another.
     void followColumnCount();
+    void copyFrom(const General &other);
 
     // Heights are twips.
     PageTextBox txtRows{"txtRows", "&Rows", listener_, PageKeys::WholeNumber};

@@ -76,6 +76,8 @@ public:
     [[nodiscard]] PageKeys keys() const noexcept { return keys_; }
     [[nodiscard]] const std::string &Text() const noexcept { return text_; }
     void setText(std::string text);
+    /// Holds what the other holds; no handler runs.
+    void copy(const PageTextBox &other);
 
 private:
     std::string text_;
@@ -95,6 +97,8 @@ public:
     [[nodiscard]] bool isTicked() const noexcept { return value_ == 1; }
     /// Any other value than 0 and 1 is refused.
     void setValue(int value);
+    /// Holds what the other holds; no handler runs.
+    void copy(const PageCheckBox &other);
 
 private:
     int value_ = 0;
@@ -117,6 +121,8 @@ public:
     [[nodiscard]] int ListIndex() const noexcept { return listIndex_; }
     /// An index that the list does not have is refused.
     void setListIndex(int index);
+    /// Holds the other's items and selection; no handler runs.
+    void copy(const PageList &other);
 
 private:
     std::vector<std::string> items_;

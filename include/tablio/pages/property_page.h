@@ -36,6 +36,8 @@ public:
     /// Whether there is something to apply.
     [[nodiscard]] bool Changed() const noexcept { return changed_; }
     void setChanged(bool changed);
+    /// Holds what another page of the same kind holds and would apply, for a preview. No rule runs.
+    void copyFrom(const PropertyPage &other);
 
     // What the user does. A disabled control takes nothing.
     /// Whether the box takes a character (Backspace is character 8) with this selection, counted in

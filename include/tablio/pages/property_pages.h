@@ -25,6 +25,9 @@ public:
     /// Writes back each page that is marked changed. Columns then shows what General has made of
     /// its column.
     void apply();
+    /// Holds what other pages hold, which are another control's: apply() does to this control what
+    /// theirs does to the other.
+    void copyFrom(const PropertyPages &other);
     /// The control was changed by somebody else: loads again the pages that have been shown. What
     /// was not applied is lost.
     void selectionChanged();

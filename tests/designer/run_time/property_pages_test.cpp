@@ -92,6 +92,34 @@ TEST_F(RunningTable, RowNumbersStandInTheirColumnsOnly) {
     EXPECT_EQ(column(0), ",") << "nor has the place of a removed one";
 }
 
+TEST_F(RunningTable, ThePreviewShowsWhatApplyGives) {
+    const struct {
+        bool fixed;
+        int primary;
+        std::vector<std::pair<const char *, const char *>> typed;
+    } cases[] = {
+        {true, 0, {{"txtHeaderRowHeight", "500"}}},
+        {false, 0, {{"txtPrimaryColumn", "2"}, {"txtCols", "2"}}},
+        {true, 1, {{"txtCols", "9"}, {"txtColTextHeader", "edited"}}},
+    };
+    for (const auto &c : cases) {
+        grid->setCols(3);
+        grid->setFixedCols(0);
+        grid->setWithFixedColumn(c.fixed);
+        grid->setPrimaryColumn(c.primary);
+        const std::unique_ptr<QDialog> dialog(open());
+        dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+        for (const auto &[box, text] : c.typed)
+            replace(dialog->findChild<QLineEdit *>(box), text);
+        QCoreApplication::processEvents();
+        const auto *preview = dialog->findChild<TablioWidget *>();
+        const QByteArray shown = preview->settings();
+        dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply)->click();
+        grid->setRows(preview->rows());
+        EXPECT_EQ(shown.toStdString(), grid->settings().toStdString());
+    }
+}
+
 TEST_F(RunningTable, RowsThatCameMeanwhileStay) {
     QDialog *dialog = open();
     auto *rows = dialog->findChild<QLineEdit *>("txtRows");
