@@ -65,6 +65,7 @@ void General::SelectionChanged() {
     // Last, so that it stands as the control has it whatever the fixed column asked for.
     attempt([this] { txtPrimaryColumn.setText(get("PrimaryColumn").toText()); });
     agreedCols_ = txtCols.Text();
+    offerFixedColumn();
     setChanged(false);
 }
 
@@ -99,6 +100,7 @@ void General::followColumnCount() {
     const bool wasChanged = Changed();
     attempt([this] { txtCols.setText(dataColumns()); });
     agreedCols_ = txtCols.Text();
+    offerFixedColumn();
     setChanged(wasChanged);
 }
 
@@ -120,9 +122,13 @@ void General::txtCols_LostFocus() {
     const double columns = leadingNumber(txtCols.Text());
     if (columns <= 1)
         chkWithFixedColumn.setValue(0);
-    chkWithFixedColumn.setEnabled(columns > 1);
+    offerFixedColumn();
     if (columns < 1)
         txtCols.setText("1");
+}
+
+void General::offerFixedColumn() {
+    chkWithFixedColumn.setEnabled(leadingNumber(txtCols.Text()) > 1);
 }
 
 void General::txtPrimaryColumn_Change() {

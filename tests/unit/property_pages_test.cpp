@@ -52,10 +52,21 @@ TEST_F(BothPages, AreAppliedTogether) {
     EXPECT_EQ(pages.general.txtCols.Text(), "6");
     EXPECT_FALSE(pages.general.Changed());
 
+    // A fixed column is offered again when there are two columns.
+    pages.general.typed(pages.general.txtCols, "1");
+    pages.general.lostFocus(pages.general.txtCols);
+    EXPECT_FALSE(pages.general.chkWithFixedColumn.Enabled());
+    pages.apply();
+    pages.columns.pressed(pages.columns.cmdCommand[0]);
+    pages.show(pages.general);
+    EXPECT_TRUE(pages.general.chkWithFixedColumn.Enabled());
+
     table.setCols(3);
-    pages.general.typed(pages.general.txtCols, "9");
+    pages.general.typed(pages.general.txtCols, "1");
+    pages.general.lostFocus(pages.general.txtCols);
     pages.selectionChanged();
     EXPECT_EQ(pages.general.txtCols.Text(), "3");
+    EXPECT_TRUE(pages.general.chkWithFixedColumn.Enabled());
 }
 
 TEST_F(BothPages, ColumnsFollowsWhatGeneralApplies) {

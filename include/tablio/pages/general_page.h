@@ -42,6 +42,8 @@ private:
     void connect();
     void txtCols_Change();
     void txtCols_LostFocus();
+    /// Where there are columns to scroll beside it.
+    void offerFixedColumn();
     void txtPrimaryColumn_Change();
     void chkWithFixedColumn_Click();
     [[nodiscard]] std::string dataColumns();
