@@ -79,17 +79,26 @@ PageSpinBox::PageSpinBox(PropertyPage &page, PageTextBox &box, PageSpinner &spin
     setLineEdit(&box_);
     box_.setObjectName(toQString(box.name()));
     setObjectName(toQString(spinner.name()));
+    // The arrows, which follow the box.
+    connect(&box_, &QLineEdit::textChanged, this, qOverload<>(&QWidget::update));
+}
+
+double PageSpinBox::number() const {
+    bool isNumber = false;
+    const qlonglong number = box_.text().toLongLong(&isNumber);
+    return isNumber ? static_cast<double>(number) : spinner_.Value();
 }
 
 void PageSpinBox::stepBy(int steps) {
-    page_.spun(spinner_, std::clamp(spinner_.Value() + steps, spinner_.Min(), spinner_.Max()));
+    const double value = std::clamp<double>(number() + steps, spinner_.Min(), spinner_.Max());
+    page_.spun(spinner_, static_cast<int>(value));
     box_.selectAll();
 }
 
 QAbstractSpinBox::StepEnabled PageSpinBox::stepEnabled() const {
     StepEnabled steps = StepNone;
-    steps.setFlag(StepUpEnabled, spinner_.Value() < spinner_.Max());
-    steps.setFlag(StepDownEnabled, spinner_.Value() > spinner_.Min());
+    steps.setFlag(StepUpEnabled, number() < spinner_.Max());
+    steps.setFlag(StepDownEnabled, number() > spinner_.Min());
     return steps;
 }
 

@@ -47,6 +47,9 @@ protected:
     [[nodiscard]] StepEnabled stepEnabled() const override;
 
 private:
+    /// What the box holds; the spinner's value when that is no number.
+    [[nodiscard]] double number() const;
+
     PropertyPage &page_;
     PageSpinner &spinner_;
     PageLineEdit &box_;

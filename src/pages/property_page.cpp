@@ -75,8 +75,12 @@ void PropertyPage::pressed(PageButton &button) {
 }
 
 void PropertyPage::spun(PageSpinner &spinner, int value) {
-    if (spinner.Enabled())
-        spinner.setValue(value);
+    if (!spinner.Enabled())
+        return;
+    // The box may hold something that the spinner has not taken.
+    if (value == spinner.Value() && spinner.onChange)
+        spinner.onChange();
+    spinner.setValue(value);
 }
 
 void PropertyPage::put(std::string_view property, const Value &value) {

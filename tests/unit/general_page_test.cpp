@@ -149,6 +149,8 @@ TEST_F(GeneralPage, BoxesAndSpinnersFollowEachOther) {
         page.typed(page.txtCols, c.typed);
         EXPECT_EQ(page.txtCols.Text(), c.cols) << c.typed;
         EXPECT_EQ(page.ColUpDown.Value(), c.colSpinner) << c.typed;
+        page.spun(page.ColUpDown, page.ColUpDown.Value());
+        EXPECT_EQ(page.txtCols.Text(), std::to_string(c.colSpinner)) << "whatever the box held";
     }
 }
 

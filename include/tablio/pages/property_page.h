@@ -50,6 +50,7 @@ public:
     void clicked(PageCheckBox &box);
     void chosen(PageList &list, int index);
     void pressed(PageButton &button);
+    /// Then the box shows the value, also when the spinner had it before.
     void spun(PageSpinner &spinner, int value);
 
 protected:

@@ -120,6 +120,25 @@ TEST_F(RunningTable, ThePreviewShowsWhatApplyGives) {
     }
 }
 
+TEST_F(RunningTable, ArrowsCountOnFromWhatTheBoxHolds) {
+    const struct {
+        const char *before, *typed;
+        Qt::Key key;
+        const char *shown;
+    } cases[] = {
+        {"9", "7", Qt::Key_PageUp, "17"}, {"9", "1", Qt::Key_Up, "2"},
+        {"2", "1", Qt::Key_Up, "2"},      {"2", "99999", Qt::Key_Down, "32768"},
+        {"9", "-", Qt::Key_Up, "10"},     {"9", "-7", Qt::Key_Up, "2"},
+    };
+    auto *box = open()->findChild<QLineEdit *>("txtRows");
+    for (const auto &c : cases) {
+        replace(box, c.before);
+        replace(box, c.typed);
+        QTest::keyClick(box->parentWidget(), c.key);
+        EXPECT_EQ(box->text(), c.shown) << c.typed;
+    }
+}
+
 TEST_F(RunningTable, RowsThatCameMeanwhileStay) {
     QDialog *dialog = open();
     auto *rows = dialog->findChild<QLineEdit *>("txtRows");
