@@ -94,7 +94,10 @@ void DesignerSession::edit(QWidget *widget, const char *property, const QVariant
 Pages::Pages(DesignerSession &session, QWidget *widget) {
     auto *menu =
         qt_extension<QDesignerTaskMenuExtension *>(session.designer().extensionManager(), widget);
-    menu->taskActions().constFirst()->trigger();
+    for (QAction *action : menu->taskActions()) {
+        if (action->text() == QStringLiteral("Property Pages\u2026"))
+            action->trigger();
+    }
     for (QWidget *window : QApplication::topLevelWidgets()) {
         if (window->inherits("tablio::qt::PropertyPagesDialog") && window->isVisible())
             dialog_ = qobject_cast<QDialog *>(window);

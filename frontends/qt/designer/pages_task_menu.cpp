@@ -24,7 +24,7 @@ void applyToForm(TablioWidget &widget, const QByteArray &settings) {
 } // namespace
 
 PagesTaskMenu::PagesTaskMenu(TablioWidget &widget, QObject *parent)
-    : QObject(parent), widget_(&widget), pages_(new QAction(tr("Property Pages..."), this)) {
+    : QObject(parent), widget_(&widget), pages_(new QAction(tr("Property Pages\u2026"), this)) {
     connect(pages_, &QAction::triggered, this, &PagesTaskMenu::openPages);
 }
 
