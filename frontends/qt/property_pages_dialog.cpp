@@ -36,6 +36,9 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
 
     using Buttons = QDialogButtonBox;
     auto *buttons = new Buttons(Buttons::Ok | Buttons::Apply | Buttons::Cancel);
+    // Some desktops give them access keys, which those of the pages would meet.
+    for (QAbstractButton *button : buttons->buttons())
+        button->setText(button->text().remove(u'&'));
     applyButton_ = buttons->button(Buttons::Apply);
     applyButton_->setAutoDefault(false);
     applyButton_->setEnabled(false);

@@ -14,12 +14,23 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
+#include <QTranslator>
 
 #include <memory>
 
 using tablio::qt::TablioWidget;
 
 namespace {
+
+/// Names dialog buttons as some desktops do.
+class NamesWithAccessKeys final : public QTranslator {
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *source, const char *, int) const override {
+        return qstrcmp(context, "QPlatformTheme") == 0 ? '&' + QString::fromLatin1(source)
+                                                       : QString();
+    }
+};
 
 class RunningTable : public testing::Test {
 protected:
@@ -118,6 +129,14 @@ TEST_F(RunningTable, ThePreviewShowsWhatApplyGives) {
         grid->setRows(preview->rows());
         EXPECT_EQ(shown.toStdString(), grid->settings().toStdString());
     }
+}
+
+TEST_F(RunningTable, AltAndALetterIsThePages) {
+    NamesWithAccessKeys desktop;
+    QCoreApplication::installTranslator(&desktop);
+    QCoreApplication::processEvents();
+    for (const QAbstractButton *button : open()->findChild<QDialogButtonBox *>()->buttons())
+        EXPECT_FALSE(button->text().contains('&')) << "Alt+C is for Checkboxes";
 }
 
 TEST_F(RunningTable, ArrowsCountOnFromWhatTheBoxHolds) {
