@@ -65,13 +65,12 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
         timer->setSingleShot(true);
         timer->setInterval(0);
     }
-    connect(&previewTimer_, &QTimer::timeout, this, [this] {
-        guarded([&] { preview_->refresh(tabs_->currentWidget() == columnsView_); });
-    });
+    connect(&previewTimer_, &QTimer::timeout, this, &PropertyPagesDialog::refreshPreview);
     connect(&followTimer_, &QTimer::timeout, this, &PropertyPagesDialog::follow);
     connect(&edited, &TablioWidget::propertyChanged, this, [this] { followTimer_.start(); });
     connect(&edited, &TablioWidget::tableChange, this, [this] { followTimer_.start(); });
     showPage(tabs_->currentIndex());
+    refreshPreview(); // The dialog opens with the height that it needs.
 }
 
 PropertyPagesDialog::~PropertyPagesDialog() = default;
@@ -120,6 +119,10 @@ void PropertyPagesDialog::showPage(int tab) {
         columnsView_->giveFocus(pages_.columns.txtColTextHeader);
     endPageEditing();
     previewTimer_.start();
+}
+
+void PropertyPagesDialog::refreshPreview() {
+    guarded([this] { preview_->refresh(tabs_->currentWidget() == columnsView_); });
 }
 
 void PropertyPagesDialog::apply() {

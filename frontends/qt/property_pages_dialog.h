@@ -39,6 +39,7 @@ private:
 
     void apply();
     void showPage(int tab);
+    void refreshPreview();
     /// Somebody else may have changed the widget.
     void follow();
     /// Does what may change the edited widget. Its host hears of it when all is done, because a

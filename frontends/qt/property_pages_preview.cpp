@@ -8,7 +8,8 @@
 #include <tablio/text_bag.h>
 
 #include <QLocale>
-#include <QVBoxLayout>
+#include <QResizeEvent>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int sampleRows = 3;
 /// In pixels.
-constexpr int previewHeight = 124;
 constexpr int markHeight = 3;
 
 /// What the pages of the preview say, nobody hears.
@@ -66,11 +66,8 @@ PropertyPagesPreview::PropertyPagesPreview(TablioWidget &edited, const PropertyP
                                            QWidget *parent)
     : QWidget(parent), edited_(edited), pages_(pages), table_(new TablioWidget(this)),
       columnMark_(new QWidget(this)) {
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(table_);
-    setFixedHeight(previewHeight);
     table_->setFont(edited.font());
+    fontRowHeight_ = table_->rowMinHeight();
     table_->setPalette(edited.palette());
     table_->setLocale(edited.locale());
     columnMark_->setAutoFillBackground(true);
@@ -95,6 +92,7 @@ void PropertyPagesPreview::refresh(bool editsColumn) {
     if (shown.general.Changed())
         shown.general.txtRows.setText(std::to_string(rows));
     shown.apply();
+    fitHeight();
     for (int col = 0; col < table_->cols(); ++col)
         fillColumn(col);
     // Ticking has moved the cursor.
@@ -105,6 +103,27 @@ void PropertyPagesPreview::refresh(bool editsColumn) {
     columnMark_->hide();
     if (editsColumn)
         showEditedColumn();
+}
+
+void PropertyPagesPreview::fitHeight() {
+    const GridTable &table = table_->core().control().state.grid.table;
+    qint64 twips = 0;
+    for (int row = 0; row < table.Rows(); ++row)
+        twips += table.RowHeight(row);
+    const int least = (1 + sampleRows) * fontRowHeight_ / twipsPerPixel;
+    const int rows =
+        static_cast<int>(std::clamp<qint64>(twips / twipsPerPixel, least, QWIDGETSIZE_MAX));
+    const QMargins frame = table_->contentsMargins();
+    const int rest =
+        table_->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + frame.top() + frame.bottom() + 1;
+    // All rows fit into the table, so that it needs no bar for them, but very high ones are cut
+    // off.
+    table_->resize(width(), rows + rest);
+    setFixedHeight(std::min(rows, 2 * least) + rest);
+}
+
+void PropertyPagesPreview::resizeEvent(QResizeEvent *event) {
+    table_->resize(event->size().width(), table_->height());
 }
 
 void PropertyPagesPreview::showEditedColumn() {

@@ -21,7 +21,12 @@ public:
     /// edited if one is.
     void refresh(bool editsColumn);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    /// Room for the rows as they are now, and for the bar below them.
+    void fitHeight();
     void fillColumn(int col);
     void showEditedColumn();
 
@@ -29,6 +34,7 @@ private:
     const PropertyPages &pages_;
     TablioWidget *table_;
     QWidget *columnMark_;
+    Twips fontRowHeight_ = 0;
 };
 
 } // namespace tablio::qt

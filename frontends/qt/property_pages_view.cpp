@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -28,25 +29,13 @@ void setWidth(QWidget *widget, int characters) {
     widget->setFixedWidth(width + widget->fontMetrics().height());
 }
 
-QString captionOf(const PageControl &control) {
-    QString caption = toQString(control.caption());
-    // Labels stand before their widgets here, not above them.
-    return caption.endsWith(u':') ? caption.chopped(1) : caption;
-}
+QString captionOf(const PageControl &control) { return toQString(control.caption()); }
 
 QFormLayout *newForm() {
     auto *form = new QFormLayout;
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     return form;
-}
-
-QHBoxLayout *twoColumns(QLayout *left, QLayout *right, int leftShare, int rightShare) {
-    auto *columns = new QHBoxLayout;
-    columns->addLayout(left, leftShare);
-    columns->addSpacing(columnGap);
-    columns->addLayout(right, rightShare);
-    return columns;
 }
 
 void showList(QComboBox &native, const PageList &list) {
@@ -62,23 +51,28 @@ void showList(QComboBox &native, const PageList &list) {
 } // namespace
 
 PropertyPageView::PropertyPageView(General &page, QWidget *parent) : QWidget(parent), page_(page) {
-    auto *numbers = newForm();
-    numbers->addRow(captionOf(page.txtRows), add(page.txtRows, page.RowUpDown));
-    numbers->addRow(captionOf(page.txtCols), add(page.txtCols, page.ColUpDown));
-    for (PageTextBox *box :
-         {&page.txtHeaderRowHeight, &page.txtRowMinHeight, &page.txtPrimaryColumn})
-        numbers->addRow(captionOf(*box), add(*box));
-    for (int row = 0; row < numbers->rowCount(); ++row)
-        setWidth(numbers->itemAt(row, QFormLayout::FieldRole)->widget(), numberWidth);
-
-    auto *switches = new QVBoxLayout;
+    auto *rows = new QGridLayout;
+    const auto addNumber = [rows](int row, const PageTextBox &box, QWidget *native) {
+        auto *label = new QLabel(captionOf(box));
+        label->setBuddy(native);
+        setWidth(native, numberWidth);
+        rows->addWidget(label, row, 0);
+        rows->addWidget(native, row, 1);
+    };
+    addNumber(0, page.txtRows, add(page.txtRows, page.RowUpDown));
+    addNumber(1, page.txtCols, add(page.txtCols, page.ColUpDown));
+    addNumber(2, page.txtHeaderRowHeight, add(page.txtHeaderRowHeight));
+    addNumber(3, page.txtRowMinHeight, add(page.txtRowMinHeight));
+    addNumber(4, page.txtPrimaryColumn, add(page.txtPrimaryColumn));
+    int row = 0;
     for (PageCheckBox *box : {&page.chkCheckboxes, &page.chkHeaderFontBold, &page.chkWordWrap,
                               &page.chkGridPopUpMenu, &page.chkWithFixedColumn})
-        switches->addWidget(add(*box));
-    switches->addStretch();
+        rows->addWidget(add(*box), row++, 3);
+    rows->setColumnMinimumWidth(2, columnGap);
+    rows->setColumnStretch(3, 1);
 
     auto *whole = new QVBoxLayout(this);
-    whole->addLayout(twoColumns(numbers, switches, 0, 1));
+    whole->addLayout(rows);
     whole->addStretch();
 }
 
@@ -108,10 +102,14 @@ PropertyPageView::PropertyPageView(Columns &page, QWidget *parent) : QWidget(par
     for (PageList *list : {&page.cboColDataAlignment, &page.cboColHeaderAlignment})
         right->addRow(captionOf(*list), add(*list));
 
+    auto *settings = new QHBoxLayout;
+    settings->addLayout(left, 1);
+    settings->addSpacing(columnGap);
+    settings->addLayout(right, 1);
     auto *whole = new QVBoxLayout(this);
     whole->addLayout(top);
     whole->addSpacing(columnGap / 3);
-    whole->addLayout(twoColumns(left, right, 1, 1));
+    whole->addLayout(settings);
     whole->addStretch();
 }
 

@@ -9,9 +9,11 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QTranslator>
@@ -137,6 +139,34 @@ TEST_F(RunningTable, AltAndALetterIsThePages) {
     QCoreApplication::processEvents();
     for (const QAbstractButton *button : open()->findChild<QDialogButtonBox *>()->buttons())
         EXPECT_FALSE(button->text().contains('&')) << "Alt+C is for Checkboxes";
+}
+
+TEST_F(RunningTable, ThePagesAreLaidOutInLines) {
+    grid->setHeaderRowHeight(900);
+    grid->setColWidth(2, 30000);
+    const QDialog *dialog = open();
+    const auto middle = [dialog](const char *name) {
+        const auto *widget = dialog->findChild<QWidget *>(name);
+        return widget->mapTo(dialog, widget->rect().center()).y();
+    };
+    const char *const lines[][2] = {{"RowUpDown", "chkCheckboxes"},
+                                    {"ColUpDown", "chkHeaderFontBold"},
+                                    {"txtHeaderRowHeight", "chkWordWrap"},
+                                    {"txtRowMinHeight", "chkGridPopUpMenu"},
+                                    {"txtPrimaryColumn", "chkWithFixedColumn"}};
+    for (const auto &[number, tick] : lines)
+        EXPECT_NEAR(middle(number), middle(tick), 1) << tick;
+
+    const auto *preview = dialog->findChild<TablioWidget *>();
+    for (const QScrollBar *bar :
+         preview->findChildren<QScrollBar *>(QString(), Qt::FindDirectChildrenOnly))
+        EXPECT_EQ(bar->isVisible(), bar->orientation() == Qt::Horizontal);
+    EXPECT_GT(preview->parentWidget()->height() * 15, 900 + 3 * grid->rowMinHeight());
+
+    QStringList captions;
+    for (const QLabel *label : dialog->findChildren<QLabel *>())
+        captions << label->text();
+    EXPECT_TRUE(captions.contains("ColWidth:") && captions.contains("ColFormat"));
 }
 
 TEST_F(RunningTable, ArrowsCountOnFromWhatTheBoxHolds) {
