@@ -88,7 +88,10 @@ TEST_F(BothPages, ColumnsFollowsWhatGeneralApplies) {
         pages.columns.pressed(pages.columns.cmdIndex[1]);
     }
 
-    // Columns has shown it, but does not write over it.
+    // Columns has gone to it and does not write over it.
+    pages.columns.pressed(pages.columns.cmdIndex[0]);
+    pages.columns.pressed(pages.columns.cmdIndex[1]);
+    ASSERT_TRUE(pages.columns.Changed());
     pages.general.typed(pages.general.txtCols, "1");
     pages.general.clicked(pages.general.chkCheckboxes);
     pages.apply();
