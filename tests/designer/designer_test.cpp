@@ -197,16 +197,22 @@ TEST_F(Designer, CopiesAndPreviewsHaveAllSettings) {
     EXPECT_EQ(previews, 1);
 }
 
-/// The checked-in form was made by these steps.
+/// The checked-in form was made by these steps, which use every control of the pages.
 TEST_F(Designer, ThePagesMakeTheCheckedInForm) {
-    QWidget *made = on(session.newForm());
+    auto *form = session.newForm();
+    QWidget *made = on(form);
+    const QByteArray fresh = settingsOf(made);
     {
         Pages pages(session, made);
         pages.type("txtRows", "25");
         pages.type("txtCols", "4");
         pages.type("txtHeaderRowHeight", "450");
+        pages.type("txtRowMinHeight", "360");
+        pages.tick("chkWithFixedColumn");
         pages.type("txtPrimaryColumn", "1");
-        pages.tick("chkCheckboxes");
+        for (const char *box :
+             {"chkCheckboxes", "chkHeaderFontBold", "chkWordWrap", "chkGridPopUpMenu"})
+            pages.tick(box);
         pages.apply();
         pages.showPage(1);
         pages.choose("cboColumnStyle", "ColumnFixedWithAutoNumber");
@@ -215,6 +221,7 @@ TEST_F(Designer, ThePagesMakeTheCheckedInForm) {
         pages.type("txtColTextHeader", "Article");
         pages.choose("cboColumnStyle", "ColumnInputWithLookup");
         pages.choose("cboDataType", "UpperCase");
+        pages.type("txtColMaxLength", "12");
         pages.press("cmdIndex(1)");
         pages.type("txtColTextHeader", QStringLiteral("Preis \u20ac"));
         pages.choose("cboColumnStyle", "ColumnInput");
@@ -222,12 +229,20 @@ TEST_F(Designer, ThePagesMakeTheCheckedInForm) {
         pages.choose("cboCalcStyle", "Calc.Style");
         pages.type("txtColFormat", "###,##0.00");
         pages.choose("cboColDataAlignment", "7 - Right Justify");
+        pages.choose("cboColHeaderAlignment", "4 - Centre Justify");
         pages.press("cmdIndex(1)");
         pages.type("txtColTextHeader", "Delivery");
         pages.choose("cboColumnStyle", "ColumnInput");
         pages.choose("cboColEditType", "ColumnDate");
         pages.ok();
     }
+    const QByteArray applied = settingsOf(made);
+    while (form->commandHistory()->canUndo())
+        form->commandHistory()->undo();
+    EXPECT_EQ(settingsOf(made), fresh);
+    while (form->commandHistory()->canRedo())
+        form->commandHistory()->redo();
+    EXPECT_EQ(settingsOf(made), applied);
     QWidget *checkedIn = on(session.openForm(DesignerSession::checkedInForm()));
     EXPECT_EQ(settingsOf(made), settingsOf(checkedIn))
         << QDesignerFormWindowInterface::findFormWindow(made)->contents().toStdString();
