@@ -38,7 +38,6 @@ public:
     virtual void destroy() = 0;
     /// Null while there is no control.
     [[nodiscard]] virtual Tablio *core() = 0;
-    virtual void setHost(HostEvents &host) { core()->setHost(&host); }
     /// The container shows the control (for the first time, or again).
     virtual void show() = 0;
     virtual void resize(Twips width, Twips height) = 0;

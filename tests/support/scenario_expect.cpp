@@ -47,14 +47,12 @@ void expectCell(Stage &stage, Words &words, const Line &line) {
 void expectCursor(Stage &stage, Words &words, const Line &line) {
     words.require("at");
     const CellAddress expected = words.cell();
-    words.end();
     stage.check(line, "cursor", textOf(expected), textOf(stage.state().grid.current()));
 }
 
 void expectEditor(Stage &stage, Words &words, const Line &line) {
     const EditorView editor = editorOf(stage.state());
     if (words.take("closed")) {
-        words.end();
         if (editor.widget != nullptr)
             stage.fail(line, "the editor is open and shows " + quoted(pictureOf(editor)));
         return;
@@ -74,8 +72,8 @@ void expectEditor(Stage &stage, Words &words, const Line &line) {
         } else if (words.take("tag")) {
             stage.check(line, "Tag", quoted(words.text()), quoted(editor.widget->Tag()));
         } else if (words.take("max")) {
-            stage.check(line, "MaxLength", shown(words.number("a length")),
-                        shown(editor.maxLength));
+            stage.check(line, "MaxLength", std::to_string(words.number("a length")),
+                        std::to_string(editor.maxLength));
         } else {
             words.require("align");
             stage.check(line, "alignment", words.next("left or right").text,
@@ -87,7 +85,6 @@ void expectEditor(Stage &stage, Words &words, const Line &line) {
 void expectFocus(Stage &stage, Words &words, const Line &line) {
     words.require("on");
     const std::string expected = words.next("a widget or \"nobody\"").text;
-    words.end();
     const std::optional<WidgetId> owner = stage.state().focus.owner();
     stage.check(line, "focus", expected, owner ? shown(*owner) : "nobody");
 }
@@ -103,25 +100,29 @@ void compareLists(Stage &stage, const Line &line, std::span<const std::string> e
                          wanted + ", found " + got + "; all that was found:" + listed(found));
 }
 
-void expectEvents(Stage &stage, Words &words, const Line &line) {
+/// All that was raised since the last such step, or what is named behind "of" of it.
+std::vector<std::string> takeEvents(Stage &stage, Words &words) {
     Tokens only;
     if (words.take("of"))
         only = words.rest();
-    words.end();
     for (const Token &event : only)
         ScenarioHost::checkEvent(event.text);
-    std::vector<std::string> expected;
-    for (const Line &event : line.block)
-        expected.push_back(event.text);
-    if (expected.empty())
-        throw ScriptError("the events should stand below, or the step be \"expect no events\"");
     std::vector<std::string> found;
     for (const ScenarioHost::Entry &entry : stage.host.takeEvents()) {
         const auto isEvent = [&](const Token &event) { return event.is(entry.event); };
         if (only.empty() || std::ranges::any_of(only, isEvent))
             found.push_back(entry.text);
     }
-    compareLists(stage, line, expected, found);
+    return found;
+}
+
+void expectEvents(Stage &stage, Words &words, const Line &line) {
+    std::vector<std::string> expected;
+    for (const Line &event : line.block)
+        expected.push_back(event.text);
+    if (expected.empty())
+        throw ScriptError("the events should stand below, or the step be \"expect no events\"");
+    compareLists(stage, line, expected, takeEvents(stage, words));
 }
 
 void expectNotices(Stage &stage, Words &words, const Line &line) {
@@ -133,25 +134,12 @@ void expectNotices(Stage &stage, Words &words, const Line &line) {
 
 void expectWarning(Stage &stage, Words &words, const Line &line) {
     const std::vector<std::string> expected{words.text()};
-    words.end();
     compareLists(stage, line, expected, std::exchange(stage.face.warnings, {}));
 }
 
 void expectNo(Stage &stage, Words &words, const Line &line) {
     if (words.take("events")) {
-        std::vector<std::string> only;
-        if (words.take("of")) {
-            for (const Token &event : words.rest()) {
-                ScenarioHost::checkEvent(event.text);
-                only.push_back(event.text);
-            }
-        }
-        std::vector<std::string> found;
-        for (const ScenarioHost::Entry &entry : stage.host.takeEvents()) {
-            if (only.empty() || std::ranges::find(only, entry.event) != only.end())
-                found.push_back(entry.text);
-        }
-        compareLists(stage, line, {}, found);
+        compareLists(stage, line, {}, takeEvents(stage, words));
     } else if (words.take("notices")) {
         compareLists(stage, line, {}, std::exchange(stage.face.notices, {}));
     } else if (words.take("warning")) {
@@ -161,15 +149,15 @@ void expectNo(Stage &stage, Words &words, const Line &line) {
         if (std::exchange(stage.face.popUp, std::nullopt))
             stage.fail(line, "the menu has popped up");
     }
-    words.end();
 }
 
 void expectKeyPreview(Stage &stage, Words &words, const Line &line) {
     words.require("preview");
-    const bool expected = words.next<bool>("True or False");
-    words.end();
     const std::optional<bool> found = stage.face.hostKeyPreview;
-    stage.check(line, "key preview", shown(expected), found ? shown(*found) : "never set");
+    stage.check(line, "key preview", words.next("True or False").text,
+                !found   ? "never set"
+                : *found ? "True"
+                         : "False");
 }
 
 const TableMenu::Entry &menuEntry(const TableMenu &menu, MenuEntry entry) {
@@ -191,7 +179,6 @@ void expectMenu(Stage &stage, Words &words, const Line &line) {
     if (words.take("at")) {
         const int x = words.number("a position");
         const int y = words.number("a position");
-        words.end();
         const auto found = std::exchange(stage.face.popUp, std::nullopt);
         stage.check(line, "menu", textOf(CellAddress{x, y}),
                     found ? textOf(CellAddress{found->first, found->second}) : "no menu");
@@ -210,8 +197,7 @@ void expectMenu(Stage &stage, Words &words, const Line &line) {
     } while (!words.atEnd());
 }
 
-void expectTable(Stage &stage, Words &words, const Line &line) {
-    words.end();
+void expectTable(Stage &stage, Words & /*words*/, const Line &line) {
     std::vector<std::vector<std::string>> expected;
     for (const Line &row : line.block)
         expected.push_back(cellsOf(row.text));
@@ -222,13 +208,11 @@ void expectTable(Stage &stage, Words &words, const Line &line) {
 
 void expectClipboard(Stage &stage, Words &words, const Line &line) {
     const std::string expected = words.text();
-    words.end();
     stage.check(line, "clipboard", quoted(expected), quoted(stage.face.clipboardText()));
 }
 
 void expectControl(Stage &stage, Words &words, const Line &line) {
     words.require("destroyed");
-    words.end();
     if (stage.driver.core() != nullptr)
         stage.fail(line, "the control is still there");
 }
@@ -262,8 +246,10 @@ void expectWidget(Stage &stage, Words &words, const Line &line) {
             const GridView &view = stage.state().grid.view;
             const Rect &place = widget.place();
             stage.check(line, "inside", "True",
-                        shown(place.left >= 0 && place.top >= 0 && place.right() <= view.Width() &&
-                              place.bottom() <= view.Height()));
+                        place.left >= 0 && place.top >= 0 && place.right() <= view.Width() &&
+                                place.bottom() <= view.Height()
+                            ? "True"
+                            : "False");
         } else {
             const std::string expected = words.next("\"at\", \"visible\" or \"hidden\"").text;
             if (expected != "visible" && expected != "hidden")
@@ -274,13 +260,9 @@ void expectWidget(Stage &stage, Words &words, const Line &line) {
 }
 
 void expectMember(Stage &stage, const std::string &name, Words &words, const Line &line) {
-    const Function &get = memberNamed(name).get;
     const Tokens arguments = words.upTo("is");
-    const Token expected = words.next("a value");
-    words.end();
-    // The control may throw, and the order of evaluation should not hide a mistyped value.
-    const std::string found = run(get, name, stage.core(), arguments);
-    stage.check(line, name, get.normalised(expected), found);
+    const auto [expected, found] = readMember(stage.core(), name, arguments, words.next("a value"));
+    stage.check(line, name, expected, found);
 }
 
 using Expectation = void (*)(Stage &, Words &, const Line &);

@@ -6,12 +6,11 @@
 
 #include "support/scenario_text.h"
 
-#include <tablio/host_events.h>
+#include <tablio/dispatch.h>
 #include <tablio/types.h>
 
-#include <deque>
 #include <functional>
-#include <map>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -44,13 +43,15 @@ struct HostRule {
     bool running = false;
 };
 
-class ScenarioHost : public HostEvents {
+class ScenarioHost : public EventSink {
 public:
     struct Entry {
         std::string event;
         std::string text;
     };
 
+    /// What the control is given as its host.
+    EventRelay relay{*this};
     /// Runs steps inside a handler.
     std::function<void(const std::vector<Line> &)> runSteps;
 
@@ -61,27 +62,12 @@ public:
     /// Throws ScriptError for a name that no event has.
     static void checkEvent(std::string_view name);
 
-    void EditPreValidation(std::int16_t &Row, std::int16_t &Col, bool &Cancel) override;
-    void EditOnChange(std::int16_t &Row, std::int16_t &Col, std::string &OnEdit) override;
-    void EditPostValidation(std::int16_t &Row, std::int16_t &Col, bool &Valid, std::string &OldData,
-                            std::string &NewData, std::int16_t &LastKey) override;
-    void EditLookup(std::int16_t &Row, std::int16_t &Col) override;
-    void CellFocus(std::int16_t &Row, std::int16_t &Col) override;
-    void CellKeyPress(std::int16_t &Row, std::int16_t &Col, std::int16_t &KeyAscii) override;
-    void TableChange() override;
-    void TableKeyDown(std::int16_t &KeyCode, std::int16_t &Shift, std::int16_t &Row,
-                      std::int16_t &Col) override;
-    void TableRowChange(std::int16_t &OldRow, std::int16_t &NewRow) override;
-    void DoubleClick(std::int16_t &Row, std::int16_t &Col) override;
+    void event(MemberNumber number, std::span<Value> arguments) override;
 
 private:
-    using Answers = std::map<std::string_view, std::function<void(const Token &)>>;
-    void handle(std::string_view event, std::optional<CellAddress> cell, const std::string &details,
-                const Answers &answers);
-
     std::vector<Entry> events_;
-    /// A deque, because a rule's steps may add rules while it runs.
-    std::deque<HostRule> rules_;
+    /// Shared, because a rule's steps may add rules or forget them all while it runs.
+    std::vector<std::shared_ptr<HostRule>> rules_;
 };
 
 } // namespace tablio::scenario

@@ -42,7 +42,7 @@ std::vector<Failure> Interpreter::play(const ScenarioFile &file, const Scenario 
     stage_.host.forgetRules();
     stage_.face = RecordingFace();
     stage_.driver.create(stage_.face, controlWidth, controlHeight);
-    stage_.driver.setHost(stage_.host);
+    stage_.driver.core()->setHost(&stage_.host.relay);
     if (played(stage_, file.background)) {
         // What the background raised is nobody's business.
         static_cast<void>(stage_.host.takeEvents());

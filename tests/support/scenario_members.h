@@ -1,41 +1,30 @@
 #pragma once
 
-/// The members of the control by name, for `call`, `set` and `expect … is`. One line of the table
-/// in scenario_members.cpp is one member; its arguments and its result convert themselves.
+/// The members of the control by name, for `call`, `set` and `expect … is`. The public ones stand
+/// in the control's own member table; what a scenario sees of the inside is one line each of the
+/// table in scenario_members.cpp.
 
 #include "support/scenario_text.h"
 
 #include <tablio/tablio.h>
 
-#include <functional>
 #include <string>
 #include <string_view>
 
 namespace tablio::scenario {
 
-/// A getter, a setter or a method.
-struct Function {
-    int arguments = 0;
-    /// How many arguments may be left out at the end.
-    int optional = 0;
-    /// Answers the result as scenarios write it, "" where there is none.
-    std::function<std::string(Tablio &, const Tokens &)> run;
-    /// What a scenario expects, written as `run` answers it.
-    std::function<std::string(const Token &)> normalised;
-};
+/// These throw ScriptError for a name that no member has, for a member that cannot be used like
+/// this and for a wrong number of values; what the control throws passes through.
+void callMember(Tablio &core, std::string_view name, const Tokens &arguments);
+/// The new value stands behind the indexes.
+void setMember(Tablio &core, std::string_view name, const Tokens &arguments);
 
-/// A property has a getter and mostly a setter; a method has only `call`.
-struct Member {
-    Function get;
-    Function set;
-    Function call;
+/// What a member is and what it should be, written alike.
+struct Comparison {
+    std::string expected;
+    std::string found;
 };
-
-/// Throws ScriptError for a name that no member has.
-[[nodiscard]] const Member &memberNamed(std::string_view name);
-/// Runs one of a member's functions. Throws ScriptError when it has no such function or the number
-/// of arguments is not right; what the control throws passes through.
-std::string run(const Function &function, std::string_view name, Tablio &core,
-                const Tokens &arguments);
+[[nodiscard]] Comparison readMember(Tablio &core, std::string_view name, const Tokens &arguments,
+                                    const Token &expected);
 
 } // namespace tablio::scenario

@@ -6,7 +6,7 @@
 
 #include "widgets/utf16.h"
 
-#include <functional>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -14,29 +14,32 @@ namespace tablio::scenario {
 
 namespace {
 
-// ---- the control and its surroundings ----------------------------------------
+// ---- the control -------------------------------------------------------------
 
-using ColumnWord = void (*)(Tablio &, int, Words &);
+struct ColumnWord {
+    std::string_view word;
+    std::string_view property;
+    /// Without one the value stands behind the word.
+    std::string_view value = {};
+};
 
-const std::pair<std::string_view, ColumnWord> columnWords[] = {
-    {"text", [](Tablio &c, int i, Words &) { c.setColEditType(i, TColumnType::ColumnString); }},
-    {"decimal", [](Tablio &c, int i, Words &) { c.setColEditType(i, TColumnType::ColumnDecimal); }},
-    {"integer", [](Tablio &c, int i, Words &) { c.setColEditType(i, TColumnType::ColumnInteger); }},
-    {"date", [](Tablio &c, int i, Words &) { c.setColEditType(i, TColumnType::ColumnDate); }},
-    {"combo", [](Tablio &c, int i, Words &) { c.setColEditType(i, TColumnType::ColumnCombo); }},
-    {"lookup",
-     [](Tablio &c, int i, Words &) { c.setColStyle(i, TColumnStyle::ColumnInputWithLookup); }},
-    {"fixed", [](Tablio &c, int i, Words &) { c.setColStyle(i, TColumnStyle::ColumnFixed); }},
-    {"numbered",
-     [](Tablio &c, int i, Words &) { c.setColStyle(i, TColumnStyle::ColumnFixedWithAutoNumber); }},
-    {"upper", [](Tablio &c, int i, Words &) { c.setColDataType(i, TDataType::UpperCase); }},
-    {"lower", [](Tablio &c, int i, Words &) { c.setColDataType(i, TDataType::LowerCase); }},
-    {"positive", [](Tablio &c, int i, Words &) { c.setColDataType(i, TDataType::Positive); }},
-    {"negative", [](Tablio &c, int i, Words &) { c.setColDataType(i, TDataType::Negative); }},
-    {"calc", [](Tablio &c, int i, Words &) { c.setColCalcStyle(i, TCalcStyle::CalcStyle); }},
-    {"format", [](Tablio &c, int i, Words &words) { c.setColFormat(i, words.text()); }},
-    {"width", [](Tablio &c, int i, Words &words) { c.setColWidth(i, words.number("a width")); }},
-    {"max", [](Tablio &c, int i, Words &words) { c.setColMaxLength(i, words.number("a length")); }},
+constexpr ColumnWord columnWords[] = {
+    {"text", "ColEditType", "ColumnString"},
+    {"decimal", "ColEditType", "ColumnDecimal"},
+    {"integer", "ColEditType", "ColumnInteger"},
+    {"date", "ColEditType", "ColumnDate"},
+    {"combo", "ColEditType", "ColumnCombo"},
+    {"lookup", "ColStyle", "ColumnInputWithLookup"},
+    {"fixed", "ColStyle", "ColumnFixed"},
+    {"numbered", "ColStyle", "ColumnFixedWithAutoNumber"},
+    {"upper", "ColDataType", "UpperCase"},
+    {"lower", "ColDataType", "LowerCase"},
+    {"positive", "ColDataType", "Positive"},
+    {"negative", "ColDataType", "Negative"},
+    {"calc", "ColCalcStyle", "CalcStyle"},
+    {"format", "ColFormat"},
+    {"width", "ColWidth"},
+    {"max", "ColMaxLength"},
 };
 
 void setUpColumn(Tablio &core, int index, const Line &line) {
@@ -44,76 +47,43 @@ void setUpColumn(Tablio &core, int index, const Line &line) {
     core.setColTextHeader(index, words.text());
     while (!words.atEnd()) {
         const Token &word = words.next("a column's setting");
-        bool found = false;
-        for (const auto &[name, apply] : columnWords) {
-            if (!word.is(name))
-                continue;
-            apply(core, index, words);
-            found = true;
-        }
-        if (!found)
+        const auto *const found = std::ranges::find(columnWords, word.text, &ColumnWord::word);
+        if (found == std::end(columnWords))
             throw ScriptError("line " + std::to_string(line.number) + ": a column has no setting " +
                               quoted(word.text));
+        const Token value =
+            found->value.empty() ? words.next("a value") : Token{std::string(found->value)};
+        setMember(core, found->property, {{std::to_string(index)}, value});
     }
 }
 
-void columns(Stage &stage, Words &words, const Line &line) {
-    words.end();
+void columns(Stage &stage, Words & /*words*/, const Line &line) {
     Tablio &core = stage.core();
     core.setCols(static_cast<int>(line.block.size()));
     for (std::size_t index = 0; index < line.block.size(); ++index)
         setUpColumn(core, static_cast<int>(index), line.block[index]);
 }
 
-void show(Stage &stage, Words &words, const Line & /*line*/) {
-    words.end();
-    static_cast<void>(stage.core());
-    stage.driver.show();
-}
-
-void destroy(Stage &stage, Words &words, const Line & /*line*/) {
-    words.end();
-    static_cast<void>(stage.core());
-    stage.driver.destroy();
-}
-
 void resize(Stage &stage, Words &words, const Line & /*line*/) {
     words.require("to");
     const int width = words.number("a width");
-    const int height = words.number("a height");
-    words.end();
-    stage.driver.resize(width, height);
+    stage.driver.resize(width, words.number("a height"));
 }
 
 void focus(Stage &stage, Words &words, const Line & /*line*/) {
-    if (words.take("enters"))
+    if (words.take("enters")) {
         stage.driver.enterFocus();
-    else if (words.take("leaves"))
+    } else {
+        words.require("leaves");
         stage.driver.leaveFocus();
-    else
-        throw ScriptError("the focus enters or leaves");
-    words.end();
+    }
 }
 
 void locale(Stage &stage, Words &words, const Line & /*line*/) {
-    NumberFormat &format = stage.face.locale;
     words.require("decimal");
-    format.decimalSign = words.text();
+    stage.face.locale.decimalSign = words.text();
     words.require("group");
-    format.groupSign = words.text();
-    words.end();
-}
-
-void today(Stage &stage, Words &words, const Line & /*line*/) {
-    words.require("is");
-    stage.face.date = words.next<Date>("a date");
-    words.end();
-}
-
-void clipboard(Stage &stage, Words &words, const Line & /*line*/) {
-    words.require("holds");
-    stage.face.clipboard = words.text();
-    words.end();
+    stage.face.locale.groupSign = words.text();
 }
 
 // ---- the keyboard ------------------------------------------------------------
@@ -130,9 +100,7 @@ void typeCharacter(Stage &stage, char32_t character) {
 }
 
 void type(Stage &stage, Words &words, const Line & /*line*/) {
-    const std::string text = words.text();
-    words.end();
-    for (const char32_t character : utf16::characters(text)) {
+    for (const char32_t character : utf16::characters(words.text())) {
         static_cast<void>(stage.core());
         typeCharacter(stage, character);
     }
@@ -145,24 +113,10 @@ void press(Stage &stage, Words &words, const Line & /*line*/) {
         count = words.number("how often");
         words.require("times");
     }
-    words.end();
     for (; count > 0; --count) {
         static_cast<void>(stage.core());
         stage.driver.strike(stroke);
     }
-}
-
-void compose(Stage &stage, Words &words, const Line & /*line*/) {
-    const std::string text = words.text();
-    words.end();
-    stage.driver.compose(text);
-}
-
-void enter(Stage &stage, Words &words, const Line & /*line*/) {
-    words.require("text");
-    const std::string text = words.text();
-    words.end();
-    stage.driver.enterText(text);
 }
 
 void settle(Stage &stage, Words &words, const Line & /*line*/) {
@@ -170,9 +124,7 @@ void settle(Stage &stage, Words &words, const Line & /*line*/) {
     words.require("on");
     const std::string text = words.text();
     words.require("caret");
-    const int caret = words.number("a position");
-    words.end();
-    stage.driver.settle(editor, text, caret, 0);
+    stage.driver.settle(editor, text, words.number("a position"), 0);
 }
 
 // ---- the mouse ---------------------------------------------------------------
@@ -190,7 +142,6 @@ Point pointOf(Stage &stage, Words &words) {
     }
     words.require("cell");
     const CellAddress cell = words.cell();
-    words.end();
     const GridView &view = stage.state().grid.view;
     const Rect rect = view.cellRect(cell.row, cell.col);
     const Point middle{rect.left + rect.width / 2, rect.top + rect.height / 2};
@@ -210,21 +161,8 @@ void clickAt(Stage &stage, MouseButton button, Point point) {
         stage.driver.releaseMouse(button, point.x, point.y);
 }
 
-void click(Stage &stage, Words &words, const Line & /*line*/) {
-    const Point point = pointOf(stage, words);
-    words.end();
-    clickAt(stage, MouseButton::Left, point);
-}
-
-void rightClick(Stage &stage, Words &words, const Line & /*line*/) {
-    const Point point = pointOf(stage, words);
-    words.end();
-    clickAt(stage, MouseButton::Right, point);
-}
-
 void doubleClick(Stage &stage, Words &words, const Line & /*line*/) {
     const Point point = pointOf(stage, words);
-    words.end();
     clickAt(stage, MouseButton::Left, point);
     if (stage.driver.core() != nullptr)
         stage.driver.doubleClick(point.x, point.y);
@@ -233,14 +171,11 @@ void doubleClick(Stage &stage, Words &words, const Line & /*line*/) {
 }
 
 void drag(Stage &stage, Words &words, const Line & /*line*/) {
-    words.require("border");
-    words.require("of");
-    words.require("column");
-    const int col = words.number("a column");
+    for (const char *const word : {"border", "of", "column"})
+        words.require(word);
+    const Rect header = stage.state().grid.view.cellRect(0, words.number("a column"));
     words.require("by");
     const Twips distance = words.number("a distance");
-    words.end();
-    const Rect header = stage.state().grid.view.cellRect(0, col);
     const Twips y = header.top + header.height / 2;
     stage.driver.pressMouse(MouseButton::Left, header.right(), y);
     stage.driver.moveMouse(header.right() + distance / 2, y);
@@ -255,49 +190,30 @@ void scroll(Stage &stage, Words &words, const Line & /*line*/) {
     if (!isRow)
         words.require("column");
     const int index = words.number("a row or column");
-    words.end();
     stage.driver.scrollTo(isRow ? index : view.TopRow(), isRow ? view.LeftCol() : index);
 }
 
 void push(Stage &stage, Words &words, const Line & /*line*/) {
     const auto button = words.next<WidgetId>("a button");
-    words.end();
     if (!widgetOf(stage.state(), button).Visible())
         throw ScriptError("the button is not to be seen");
     stage.driver.pushButton(button);
 }
 
 void choose(Stage &stage, Words &words, const Line & /*line*/) {
-    if (words.take("item")) {
-        const int index = words.number("the item's position");
-        words.end();
-        stage.driver.chooseItem(index);
-        return;
-    }
-    const auto entry = words.next<MenuEntry>("a menu entry");
-    words.end();
-    stage.driver.chooseMenuEntry(entry);
+    if (words.take("item"))
+        stage.driver.chooseItem(words.number("the item's position"));
+    else
+        stage.driver.chooseMenuEntry(words.next<MenuEntry>("a menu entry"));
 }
 
 void pick(Stage &stage, Words &words, const Line & /*line*/) {
-    const auto day = words.next<Date>("a day");
-    words.end();
     if (!stage.state().widgets.mvCalender.Visible())
         throw ScriptError("the calendar is not to be seen");
-    stage.driver.pickDay(day);
+    stage.driver.pickDay(words.next<Date>("a day"));
 }
 
 // ---- the host ----------------------------------------------------------------
-
-void call(Stage &stage, Words &words, const Line & /*line*/) {
-    const std::string name = words.next("a method").text;
-    run(memberNamed(name).call, name, stage.core(), words.rest());
-}
-
-void set(Stage &stage, Words &words, const Line & /*line*/) {
-    const std::string name = words.next("a property").text;
-    run(memberNamed(name).set, name, stage.core(), words.rest());
-}
 
 void addRule(Stage &stage, Words &words, const Line &line, bool once) {
     HostRule rule;
@@ -308,10 +224,8 @@ void addRule(Stage &stage, Words &words, const Line &line, bool once) {
     if (words.take("answer")) {
         std::string argument = words.next("an argument").text;
         rule.answer = {std::move(argument), words.next("a value")};
-        words.end();
     } else if (words.take("throw")) {
         rule.error = words.text();
-        words.end();
     } else {
         words.require("do");
         rule.steps = line.block;
@@ -320,16 +234,13 @@ void addRule(Stage &stage, Words &words, const Line &line, bool once) {
                 throw ScriptError("the steps stand behind \"do\" or below it");
             const std::size_t step = line.text.find(" do ");
             rule.steps = {{line.number, line.text.substr(step + 4), {}}};
+            static_cast<void>(words.rest());
         }
         if (rule.steps.empty())
             throw ScriptError("a step should follow");
     }
     stage.host.add(std::move(rule));
 }
-
-void when(Stage &stage, Words &words, const Line &line) { addRule(stage, words, line, false); }
-
-void onceOnly(Stage &stage, Words &words, const Line &line) { addRule(stage, words, line, true); }
 
 void forget(Stage &stage, Words &words, const Line & /*line*/) {
     if (words.take("answers")) {
@@ -340,7 +251,6 @@ void forget(Stage &stage, Words &words, const Line & /*line*/) {
         words.require("notices");
         stage.face.notices.clear();
     }
-    words.end();
 }
 
 // ---- dispatch ----------------------------------------------------------------
@@ -349,30 +259,47 @@ using Step = void (*)(Stage &, Words &, const Line &);
 
 constexpr std::pair<std::string_view, Step> steps[] = {
     {"columns", columns},
-    {"show", show},
-    {"destroy", destroy},
+    {"show", [](Stage &s, Words &, const Line &) { s.driver.show(); }},
+    {"destroy", [](Stage &s, Words &, const Line &) { s.driver.destroy(); }},
     {"resize", resize},
     {"focus", focus},
     {"locale", locale},
-    {"today", today},
-    {"clipboard", clipboard},
+    {"today",
+     [](Stage &s, Words &words, const Line &) {
+         words.require("is");
+         s.face.date = words.next<Date>("a date");
+     }},
+    {"clipboard",
+     [](Stage &s, Words &words, const Line &) {
+         words.require("holds");
+         s.face.clipboard = words.text();
+     }},
     {"type", type},
     {"press", press},
-    {"compose", compose},
-    {"enter", enter},
+    {"compose", [](Stage &s, Words &words, const Line &) { s.driver.compose(words.text()); }},
     {"settle", settle},
-    {"click", click},
-    {"right-click", rightClick},
+    {"click", [](Stage &s, Words &words,
+                 const Line &) { clickAt(s, MouseButton::Left, pointOf(s, words)); }},
+    {"right-click", [](Stage &s, Words &words,
+                       const Line &) { clickAt(s, MouseButton::Right, pointOf(s, words)); }},
     {"double-click", doubleClick},
     {"drag", drag},
     {"scroll", scroll},
     {"push", push},
     {"choose", choose},
     {"pick", pick},
-    {"call", call},
-    {"set", set},
-    {"when", when},
-    {"once", onceOnly},
+    {"call",
+     [](Stage &s, Words &words, const Line &) {
+         const std::string name = words.next("a method").text;
+         callMember(s.core(), name, words.rest());
+     }},
+    {"set",
+     [](Stage &s, Words &words, const Line &) {
+         const std::string name = words.next("a property").text;
+         setMember(s.core(), name, words.rest());
+     }},
+    {"when", [](Stage &s, Words &words, const Line &line) { addRule(s, words, line, false); }},
+    {"once", [](Stage &s, Words &words, const Line &line) { addRule(s, words, line, true); }},
     {"forget", forget},
     {"expect", runExpectation},
 };
@@ -387,47 +314,57 @@ void runTokens(Stage &stage, Tokens tokens, const Line &line) {
     tokens.erase(tokens.begin());
     if (!line.block.empty() && !takesBlock(line, verb))
         throw ScriptError("the lines below this step are indented too far");
-    for (const auto &[name, step] : steps) {
-        if (verb.is(name)) {
-            Words words(std::move(tokens));
-            step(stage, words, line);
-            return;
-        }
-    }
-    throw ScriptError("there is no step " + quoted(verb.text));
+    const auto *const step =
+        std::ranges::find(steps, verb.text, &std::pair<std::string_view, Step>::first);
+    if (step == std::end(steps))
+        throw ScriptError("there is no step " + quoted(verb.text));
+    if (!verb.is("expect"))
+        static_cast<void>(stage.core());
+    Words words(std::move(tokens));
+    step->second(stage, words, line);
+    words.end();
 }
 
-/// The text behind "fails" at the end of a step; steps that prepare answers keep theirs.
-std::optional<std::string> takeExpectedError(Tokens &tokens) {
-    const std::size_t count = tokens.size();
-    if (count < 3 || !tokens[count - 2].is("fails") || !tokens[count - 1].quoted ||
-        tokens.front().is("when") || tokens.front().is("once"))
-        return std::nullopt;
-    std::string error = tokens.back().text;
-    tokens.resize(count - 2);
-    return error;
+/// Expectations may stand behind a step: `fails "…"`, what the editor `shows "…"`, and where the
+/// cursor `ends at ROW COL`. Steps that prepare answers keep theirs.
+bool takeBehind(Tokens &tokens, std::string_view word, std::size_t count, Tokens &behind) {
+    const std::size_t size = tokens.size();
+    if (size < count + 2 || !tokens[size - count - 1].is(word) || tokens.front().is("when") ||
+        tokens.front().is("once") || (tokens.front().is("expect") && word != "fails"))
+        return false;
+    behind.assign(tokens.end() - static_cast<std::ptrdiff_t>(count), tokens.end());
+    tokens.resize(size - count - 1);
+    return true;
 }
 
 } // namespace
 
 void runStep(Stage &stage, const Line &line) {
     Tokens tokens = tokensOf(line.text);
-    const std::optional<std::string> error = takeExpectedError(tokens);
-    if (!error) {
-        runTokens(stage, std::move(tokens), line);
+    Tokens behind;
+    if (takeBehind(tokens, "fails", 1, behind)) {
+        const std::string error = quoted(behind[0].text);
+        try {
+            runTokens(stage, std::move(tokens), line);
+            stage.fail(line, "expected an error with " + error + ", there was none");
+        } catch (const ScriptError &) {
+            throw;
+        } catch (const std::exception &found) {
+            if (std::string_view(found.what()).find(behind[0].text) == std::string_view::npos)
+                stage.fail(line,
+                           "expected an error with " + error + ", found " + quoted(found.what()));
+        }
         return;
     }
-    try {
-        runTokens(stage, std::move(tokens), line);
-    } catch (const ScriptError &) {
-        throw;
-    } catch (const std::exception &found) {
-        if (std::string_view(found.what()).find(*error) == std::string_view::npos)
-            stage.fail(line, "expected an error with " + quoted(*error) + ", found " +
-                                 quoted(found.what()));
-        return;
+    if (takeBehind(tokens, "shows", 1, behind))
+        behind.insert(behind.begin(), {{"editor"}, {"shows"}});
+    else if (takeBehind(tokens, "ends", 3, behind))
+        behind.insert(behind.begin(), {"cursor"});
+    runTokens(stage, std::move(tokens), line);
+    if (!behind.empty()) {
+        Words words(std::move(behind));
+        runExpectation(stage, words, line);
     }
-    stage.fail(line, "expected an error with " + quoted(*error) + ", there was none");
 }
 
 } // namespace tablio::scenario

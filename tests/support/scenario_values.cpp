@@ -6,8 +6,6 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
-#include <limits>
-#include <span>
 
 namespace tablio::scenario {
 
@@ -59,31 +57,6 @@ constexpr Name<ShiftState> shiftNames[] = {
 constexpr std::string_view shifted = "~!@#$%^&*()_+{}|:\"<>?";
 constexpr std::string_view unshifted = "`1234567890-=[]\\;',./";
 
-constexpr Name<TColumnStyle> styleNames[] = {
-    {"ColumnInput", TColumnStyle::ColumnInput},
-    {"ColumnInputWithLookup", TColumnStyle::ColumnInputWithLookup},
-    {"ColumnFixed", TColumnStyle::ColumnFixed},
-    {"ColumnFixedWithAutoNumber", TColumnStyle::ColumnFixedWithAutoNumber}};
-
-constexpr Name<TColumnType> typeNames[] = {{"ColumnString", TColumnType::ColumnString},
-                                           {"ColumnDecimal", TColumnType::ColumnDecimal},
-                                           {"ColumnInteger", TColumnType::ColumnInteger},
-                                           {"ColumnDate", TColumnType::ColumnDate},
-                                           {"ColumnCombo", TColumnType::ColumnCombo}};
-
-constexpr Name<TDataType> dataTypeNames[] = {
-    {"AllCase", TDataType::AllCase},     {"UpperCase", TDataType::UpperCase},
-    {"LowerCase", TDataType::LowerCase}, {"AllValue", TDataType::AllValue},
-    {"Positive", TDataType::Positive},   {"Negative", TDataType::Negative}};
-
-constexpr Name<TCalcStyle> calcNames[] = {{"NoStyle", TCalcStyle::NoStyle},
-                                          {"CalcStyle", TCalcStyle::CalcStyle}};
-
-constexpr Name<TColumnAlignment> alignmentNames[] = {
-    {"ColumnLeft", TColumnAlignment::ColumnLeft},
-    {"ColumnCentre", TColumnAlignment::ColumnCentre},
-    {"ColumnRight", TColumnAlignment::ColumnRight}};
-
 constexpr Name<WidgetId> widgetNames[] = {
     {"Grid", WidgetId::Grid},           {"picText", WidgetId::picText},
     {"txtEdit", WidgetId::txtEdit},     {"picEdit", WidgetId::picEdit},
@@ -106,15 +79,8 @@ template <typename T> bool parseWhole(std::string_view text, T &value, int base 
     return error == std::errc() && end == text.data() + text.size();
 }
 
-std::int32_t number(const Token &token, std::string_view what = "a number") {
-    std::int32_t value = 0;
-    if (token.quoted || !parseWhole(token.text, value))
-        fail(what, token.text);
-    return value;
-}
-
-template <typename T>
-T onlyNamed(std::span<const Name<T>> names, const Token &token, std::string_view what) {
+template <typename T, std::size_t size>
+T named(const Name<T> (&names)[size], const Token &token, std::string_view what) {
     for (const Name<T> &name : names) {
         if (token.is(name.name))
             return name.value;
@@ -122,26 +88,12 @@ T onlyNamed(std::span<const Name<T>> names, const Token &token, std::string_view
     fail(what, token.text);
 }
 
-/// A name of the enumeration, or the number of a value that has none.
-template <typename T>
-T named(std::span<const Name<T>> names, const Token &token, std::string_view what) {
-    for (const Name<T> &name : names) {
-        if (token.is(name.name))
-            return name.value;
-    }
-    return static_cast<T>(number(token, what));
-}
-
-template <typename T> std::string nameIn(std::span<const Name<T>> names, T value) {
+template <typename T, std::size_t size> std::string nameIn(const Name<T> (&names)[size], T value) {
     for (const Name<T> &name : names) {
         if (name.value == value)
             return std::string(name.name);
     }
     return std::to_string(static_cast<int>(value));
-}
-
-template <typename T, std::size_t size> std::span<const Name<T>> all(const Name<T> (&names)[size]) {
-    return names;
 }
 
 bool isLetterOrDigit(char32_t character) {
@@ -180,6 +132,31 @@ char32_t characterOf(KeyCode key, ShiftState shift) {
     if (isLetter)
         return static_cast<char32_t>((shift & Shift::Shift) != 0 ? key : key + 32);
     return key >= '0' && key <= '9' ? static_cast<char32_t>(key) : 0;
+}
+
+Colour colourOf(const Token &token) {
+    Colour colour;
+    if (token.quoted || !token.text.starts_with("&H") ||
+        !parseWhole(std::string_view(token.text).substr(2), colour.value, 16))
+        fail("a colour such as &H00FF00", token.text);
+    return colour;
+}
+
+/// "Name size", then bold and italic if so.
+Font fontOf(std::string_view text) {
+    Font font;
+    for (const Token &part : tokensOf(text)) {
+        int size = 0;
+        if (part.is("bold"))
+            font.bold = true;
+        else if (part.is("italic"))
+            font.italic = true;
+        else if (parseWhole(part.text, size))
+            font.size = static_cast<float>(size);
+        else
+            font.name += (font.name.empty() ? "" : " ") + part.text;
+    }
+    return font;
 }
 
 } // namespace
@@ -227,17 +204,14 @@ std::string nameOf(KeyCode key, ShiftState shift) {
             name += part.name;
     }
     const bool isOwnName = (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
-    return name + (isOwnName ? std::string(1, static_cast<char>(key)) : nameIn(all(keyNames), key));
+    return name + (isOwnName ? std::string(1, static_cast<char>(key)) : nameIn(keyNames, key));
 }
 
-template <> std::int32_t valueOf<std::int32_t>(const Token &token) { return number(token); }
-
-template <> std::int16_t valueOf<std::int16_t>(const Token &token) {
-    const std::int32_t value = number(token);
-    if (value < std::numeric_limits<std::int16_t>::min() ||
-        value > std::numeric_limits<std::int16_t>::max())
-        fail("a 16-bit number", token.text);
-    return static_cast<std::int16_t>(value);
+template <> std::int32_t valueOf<std::int32_t>(const Token &token) {
+    std::int32_t value = 0;
+    if (token.quoted || !parseWhole(token.text, value))
+        fail("a number", token.text);
+    return value;
 }
 
 template <> bool valueOf<bool>(const Token &token) {
@@ -246,42 +220,10 @@ template <> bool valueOf<bool>(const Token &token) {
     return token.text == "True";
 }
 
-template <> std::string_view valueOf<std::string_view>(const Token &token) {
+template <> std::string valueOf<std::string>(const Token &token) {
     if (!token.quoted)
         fail("a text in quotes", token.text);
     return token.text;
-}
-
-template <> std::string valueOf<std::string>(const Token &token) {
-    return std::string(valueOf<std::string_view>(token));
-}
-
-template <> TColumnStyle valueOf<TColumnStyle>(const Token &token) {
-    return named(all(styleNames), token, "a TColumnStyle");
-}
-
-template <> TColumnType valueOf<TColumnType>(const Token &token) {
-    return named(all(typeNames), token, "a TColumnType");
-}
-
-template <> TDataType valueOf<TDataType>(const Token &token) {
-    return named(all(dataTypeNames), token, "a TDataType");
-}
-
-template <> TCalcStyle valueOf<TCalcStyle>(const Token &token) {
-    return named(all(calcNames), token, "a TCalcStyle");
-}
-
-template <> TColumnAlignment valueOf<TColumnAlignment>(const Token &token) {
-    return named(all(alignmentNames), token, "a TColumnAlignment");
-}
-
-template <> Colour valueOf<Colour>(const Token &token) {
-    Colour colour;
-    if (token.quoted || !token.text.starts_with("&H") ||
-        !parseWhole(std::string_view(token.text).substr(2), colour.value, 16))
-        fail("a colour such as &H00FF00", token.text);
-    return colour;
 }
 
 template <> Date valueOf<Date>(const Token &token) {
@@ -294,50 +236,48 @@ template <> Date valueOf<Date>(const Token &token) {
     return date;
 }
 
-template <> Font valueOf<Font>(const Token &token) {
-    Font font;
-    for (const Token &part : tokensOf(valueOf<std::string_view>(token))) {
-        int size = 0;
-        if (part.is("bold"))
-            font.bold = true;
-        else if (part.is("italic"))
-            font.italic = true;
-        else if (parseWhole(part.text, size))
-            font.size = static_cast<float>(size);
-        else
-            font.name += (font.name.empty() ? "" : " ") + part.text;
-    }
-    return font;
-}
-
 template <> WidgetId valueOf<WidgetId>(const Token &token) {
-    return onlyNamed(all(widgetNames), token, "a widget's name");
+    return named(widgetNames, token, "a widget's name");
 }
 
 template <> MenuEntry valueOf<MenuEntry>(const Token &token) {
-    return onlyNamed(all(menuNames), token, "a menu entry's name");
+    return named(menuNames, token, "a menu entry's name");
 }
 
-std::string shown(std::int32_t value) { return std::to_string(value); }
-std::string shown(bool value) { return value ? "True" : "False"; }
-std::string shown(std::string_view value) { return quoted(value); }
-std::string shown(TColumnStyle value) { return nameIn(all(styleNames), value); }
-std::string shown(TColumnType value) { return nameIn(all(typeNames), value); }
-std::string shown(TCalcStyle value) { return nameIn(all(calcNames), value); }
-std::string shown(TColumnAlignment value) { return nameIn(all(alignmentNames), value); }
-std::string shown(WidgetId value) { return nameIn(all(widgetNames), value); }
-/// Each value has two names, so the number is what can be compared.
-std::string shown(TDataType value) { return std::to_string(static_cast<int>(value)); }
+Value valueFor(MemberType type, const Token &token) {
+    switch (type) {
+    case MemberType::Boolean:
+        return valueOf<bool>(token);
+    case MemberType::String:
+        return valueOf<std::string>(token);
+    case MemberType::Font:
+        return fontOf(valueOf<std::string>(token));
+    case MemberType::Colour:
+        return colourOf(token);
+    default:
+        break;
+    }
+    for (const Enumeration &enumeration : enumerations()) {
+        if (enumeration.name != nameOf(type))
+            continue;
+        for (const EnumerationMember &member : enumeration.members) {
+            if (token.is(member.name))
+                return member.value;
+        }
+    }
+    return valueOf<std::int32_t>(token);
+}
 
-std::string shown(Colour value) {
+std::string shown(MemberType type, const Value &value) {
+    if (type == MemberType::String)
+        return quoted(value.toText());
+    if (type != MemberType::Colour)
+        return value.toText();
     std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "&H%06X", value.value);
+    std::snprintf(text.data(), text.size(), "&H%06X", value.toColour().value);
     return text.data();
 }
 
-std::string shown(const Font &value) {
-    return quoted(value.name + " " + std::to_string(static_cast<int>(value.size)) +
-                  (value.bold ? " bold" : "") + (value.italic ? " italic" : ""));
-}
+std::string shown(WidgetId value) { return nameIn(widgetNames, value); }
 
 } // namespace tablio::scenario

@@ -3,6 +3,7 @@
 /// How keys, enumerations and other values are written in scenarios. Texts are read into values
 /// and values are shown as texts; an unknown name throws ScriptError.
 
+#include "automation/member_table.h"
 #include "support/scenario_driver.h"
 #include "support/scenario_text.h"
 
@@ -20,32 +21,16 @@ namespace tablio::scenario {
 
 template <typename T> [[nodiscard]] T valueOf(const Token &token);
 template <> std::int32_t valueOf<std::int32_t>(const Token &token);
-template <> std::int16_t valueOf<std::int16_t>(const Token &token);
 template <> bool valueOf<bool>(const Token &token);
-template <> std::string_view valueOf<std::string_view>(const Token &token);
 template <> std::string valueOf<std::string>(const Token &token);
-template <> TColumnStyle valueOf<TColumnStyle>(const Token &token);
-template <> TColumnType valueOf<TColumnType>(const Token &token);
-template <> TDataType valueOf<TDataType>(const Token &token);
-template <> TCalcStyle valueOf<TCalcStyle>(const Token &token);
-template <> TColumnAlignment valueOf<TColumnAlignment>(const Token &token);
-template <> Colour valueOf<Colour>(const Token &token);
 template <> Date valueOf<Date>(const Token &token);
-/// "Name size", then bold and italic if so.
-template <> Font valueOf<Font>(const Token &token);
 template <> WidgetId valueOf<WidgetId>(const Token &token);
 template <> MenuEntry valueOf<MenuEntry>(const Token &token);
 
-[[nodiscard]] std::string shown(std::int32_t value);
-[[nodiscard]] std::string shown(bool value);
-[[nodiscard]] std::string shown(std::string_view value);
-[[nodiscard]] std::string shown(TColumnStyle value);
-[[nodiscard]] std::string shown(TColumnType value);
-[[nodiscard]] std::string shown(TDataType value);
-[[nodiscard]] std::string shown(TCalcStyle value);
-[[nodiscard]] std::string shown(TColumnAlignment value);
-[[nodiscard]] std::string shown(Colour value);
-[[nodiscard]] std::string shown(const Font &value);
+/// A value of a member or of an event's argument: a colour is "&H00FF00", a font a text such as
+/// "Arial 9 bold", an enumeration one of its names or a number.
+[[nodiscard]] Value valueFor(MemberType type, const Token &token);
+[[nodiscard]] std::string shown(MemberType type, const Value &value);
 [[nodiscard]] std::string shown(WidgetId value);
 
 } // namespace tablio::scenario
