@@ -21,29 +21,6 @@ protected:
     ColumnSettings settings{table};
 };
 
-TEST_F(ColumnSettingsTest, FewerColumnsAddFillersThatCountTheEntries) {
-    setCols(5);
-    EXPECT_EQ(settings.length(), 5);
-    settings.setText(ColumnSettings::Format, 4, "0.00");
-    setCols(3);
-    EXPECT_EQ(settings.length(), 7);
-    for (const ColumnSettings::List list :
-         {ColumnSettings::Style, ColumnSettings::EditType, ColumnSettings::Format,
-          ColumnSettings::MaxLength, ColumnSettings::DataType, ColumnSettings::CalcStyle}) {
-        EXPECT_EQ(settings.text(list, 5), "5");
-        EXPECT_EQ(settings.text(list, 6), "6");
-    }
-    EXPECT_EQ(settings.ColFormat(4), "0.00");
-}
-
-TEST_F(ColumnSettingsTest, SaysWhetherNewColumnsCame) {
-    table.setCols(4);
-    EXPECT_TRUE(settings.followColumnCount());
-    EXPECT_FALSE(settings.followColumnCount());
-    table.setCols(2);
-    EXPECT_FALSE(settings.followColumnCount());
-}
-
 TEST_F(ColumnSettingsTest, ANumberIsWhatATextBeginsWith) {
     setCols(2);
     const struct {
