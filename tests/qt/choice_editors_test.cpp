@@ -127,6 +127,9 @@ TEST_F(ChoiceEditors, TheLookupButtonAsksTheHost) {
     window.key(Qt::Key_F2);
     auto *button = child<QToolButton>("qt_cmdLookup");
     ASSERT_TRUE(button->isVisible());
+    const QRect frame = window.box()->parentWidget()->geometry();
+    EXPECT_EQ(button->geometry().right(), frame.right());
+    EXPECT_EQ(button->geometry().height(), frame.height());
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(window.cell(1, 3), QStringLiteral("X1"));
@@ -134,17 +137,14 @@ TEST_F(ChoiceEditors, TheLookupButtonAsksTheHost) {
 }
 
 TEST_F(ChoiceEditors, TheHostMayDeleteTheControlWhenTheMouseChooses) {
-    const auto deletes = [this] {
-        QObject::connect(window.grid, &TablioWidget::editOnChange, window.grid,
-                         [this] { delete window.grid; });
-    };
     window.grid->focusCell(1, 0);
     window.key(Qt::Key_F2);
     auto *combo = child<QComboBox>("qt_cboEdit");
     combo->showPopup();
     const QRect item = combo->view()->visualRect(combo->model()->index(2, 0));
     settle();
-    deletes();
+    QObject::connect(window.grid, &TablioWidget::editOnChange, window.grid,
+                     [this] { delete window.grid; });
     QTest::mouseMove(combo->view()->viewport(), item.center());
     QTest::mouseClick(combo->view()->viewport(), Qt::LeftButton, {}, item.center());
     QCoreApplication::processEvents();

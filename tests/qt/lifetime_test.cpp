@@ -13,95 +13,57 @@ using tablio::qt::TablioWidget;
 
 namespace {
 
-struct Death {
-    const char *name;
-    /// Connects the slot that deletes, then does what makes the signal go out.
-    std::function<void(GridWindow &)> happen;
-};
-
 void compose(const QString &preedit, const QString &commit) {
     QInputMethodEvent event(preedit, {});
     event.setCommitString(commit);
     QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
 }
 
-template <typename Signal> void deleteOn(GridWindow &w, Signal signal) {
+template <auto signal> void deleteOn(GridWindow &w) {
     QObject::connect(w.grid.data(), signal, [&w] { delete w.grid.data(); });
 }
 
+struct Death {
+    const char *name;
+    /// Connects the slot that deletes.
+    void (*connect)(GridWindow &);
+    /// Makes the signal go out.
+    std::function<void(GridWindow &)> happen;
+    /// What is typed before.
+    const char *typed = "";
+};
+
+using T = TablioWidget;
+
 const Death deaths[] = {
-    {"editPreValidation by a letter",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::editPreValidation);
-         w.type("a");
-     }},
-    {"editOnChange",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::editOnChange);
-         w.type("a");
-     }},
-    {"editPostValidation by Enter",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::editPostValidation);
-         w.type("abc\n");
-     }},
-    {"editPostValidation by the focus leaving",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::editPostValidation);
-         w.type("abc");
-         w.key(Qt::Key_Tab);
-     }},
-    {"cellKeyPress",
-     [](GridWindow &w) {
-         w.type("a");
-         deleteOn(w, &TablioWidget::cellKeyPress);
-         w.type("b");
-     }},
-    {"tableKeyDown",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::tableKeyDown);
-         w.key(Qt::Key_Down);
-     }},
-    {"tableKeyDown by a letter",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::tableKeyDown);
-         w.type("a");
-     }},
-    {"cellFocus by a mouse press",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::cellFocus);
-         w.click(3, 1);
-     }},
-    {"cellFocus by the focus coming",
+    {"edit starts", deleteOn<&T::editPreValidation>, [](GridWindow &w) { w.type("a"); }},
+    {"edit changes", deleteOn<&T::editOnChange>, [](GridWindow &w) { w.type("a"); }},
+    {"edit ends", deleteOn<&T::editPostValidation>, [](GridWindow &w) { w.type("abc\n"); }},
+    {"focus leaves an edit", deleteOn<&T::editPostValidation>,
+     [](GridWindow &w) { w.key(Qt::Key_Tab); }, "abc"},
+    {"a method ends an edit", deleteOn<&T::editPostValidation>,
+     [](GridWindow &w) { w.grid->tableClear(); }, "a"},
+    {"character", deleteOn<&T::cellKeyPress>, [](GridWindow &w) { w.type("b"); }, "a"},
+    {"key", deleteOn<&T::tableKeyDown>, [](GridWindow &w) { w.key(Qt::Key_Down); }},
+    {"letter", deleteOn<&T::tableKeyDown>, [](GridWindow &w) { w.type("a"); }},
+    {"mouse press", deleteOn<&T::cellFocus>, [](GridWindow &w) { w.click(3, 1); }},
+    {"double click", deleteOn<&T::doubleClick>, [](GridWindow &w) { w.doubleClick(1, 0); }},
+    {"focus comes", deleteOn<&T::cellFocus>,
      [](GridWindow &w) {
          w.after->setFocus();
-         deleteOn(w, &TablioWidget::cellFocus);
          w.click(1, 0);
      }},
-    {"doubleClick",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::doubleClick);
-         w.doubleClick(1, 0);
-     }},
-    {"propertyChanged by a drag",
+    {"column is dragged", deleteOn<&T::propertyChanged>,
      [](GridWindow &w) {
          const QRect header = w.place(0, 1);
          const QPoint edge(header.right(), header.center().y());
-         deleteOn(w, &TablioWidget::propertyChanged);
          QTest::mousePress(w.window.windowHandle(), Qt::LeftButton, {}, edge);
          QTest::mouseRelease(w.window.windowHandle(), Qt::LeftButton, {}, edge);
      }},
-    {"cellKeyPress by an input method",
-     [](GridWindow &w) {
-         deleteOn(w, &TablioWidget::cellKeyPress);
+    {"input method", deleteOn<&T::cellKeyPress>,
+     [](GridWindow &) {
          compose("x", {});
          compose({}, "xyz");
-     }},
-    {"editPostValidation by a method",
-     [](GridWindow &w) {
-         w.type("a");
-         deleteOn(w, &TablioWidget::editPostValidation);
-         w.grid->tableClear();
      }},
 };
 
@@ -118,6 +80,8 @@ TEST(Lifetime, TheWidgetMayBeDeletedInAnySlot) {
     for (const Death &death : deaths) {
         SCOPED_TRACE(death.name);
         GridWindow w;
+        w.type(QString::fromLatin1(death.typed));
+        death.connect(w);
         death.happen(w);
         EXPECT_TRUE(w.grid.isNull());
         QCoreApplication::processEvents();

@@ -1,4 +1,4 @@
-/// The mouse: clicks, double clicks, the wheel, dragged column borders, the pop-up menu.
+/// The mouse: the wheel, dragged column borders, the pop-up menu.
 
 #include "grid_window.h"
 
@@ -6,28 +6,8 @@
 
 #include <QMenu>
 #include <QScrollBar>
-#include <QToolButton>
 
 using tablio::qt::TablioWidget;
-
-TEST(Mouse, AClickElsewhereCommitsAndMoves) {
-    GridWindow w;
-    QStringList log;
-    QObject::connect(w.grid, &TablioWidget::editPostValidation,
-                     [&](int &row, int &col, bool &, QString &, QString &newData, int &) {
-                         log << QStringLiteral("%1,%2=%3").arg(row).arg(col).arg(newData);
-                     });
-    QObject::connect(w.grid, &TablioWidget::cellFocus, [&](int &row, int &col) {
-        log << QStringLiteral("at %1,%2").arg(row).arg(col);
-    });
-    w.type("abc");
-    w.click(3, 2);
-    EXPECT_EQ(log.first(), "1,0=abc");
-    EXPECT_EQ(log.last(), "at 3,2");
-    EXPECT_EQ(w.cursor(), "3,2");
-    w.doubleClick(3, 2);
-    EXPECT_EQ(w.cursor(), "3,2!");
-}
 
 TEST(Mouse, TheWheelScrollsAndTheEditorStaysOverItsCell) {
     GridWindow w;
@@ -86,25 +66,6 @@ TEST(Mouse, AColumnBorderIsDragged) {
     EXPECT_NEAR(w.grid->colWidth(1), 1200 + 40 * 15, 30);
     EXPECT_EQ(changed, QStringList{"ColWidth"});
     EXPECT_EQ(w.cursor(), "1,0");
-}
-
-TEST(Mouse, TheLookupButtonAsksTheHost) {
-    GridWindow w;
-    int asked = 0;
-    QObject::connect(w.grid, &TablioWidget::editLookup, [&] { ++asked; });
-    w.grid->setColStyle(3, TablioWidget::ColumnInputWithLookup);
-    auto *button = w.grid->findChild<QToolButton *>("qt_cmdLookup");
-    EXPECT_FALSE(button->isVisible());
-    w.grid->focusCell(2, 3);
-    w.type("a");
-    ASSERT_TRUE(button->isVisible());
-    const QRect frame = w.box()->parentWidget()->geometry();
-    EXPECT_EQ(button->geometry().right(), frame.right());
-    EXPECT_EQ(button->geometry().height(), frame.height());
-    QTest::mouseClick(w.window.windowHandle(), Qt::LeftButton, {},
-                      button->mapTo(&w.window, button->rect().center()));
-    EXPECT_EQ(asked, 1);
-    EXPECT_TRUE(w.box()->hasFocus());
 }
 
 TEST(Mouse, TheMenuIsShownWithoutWaiting) {

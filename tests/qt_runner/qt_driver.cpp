@@ -232,14 +232,11 @@ void QtDriver::enterText(std::string_view text) {
     });
 }
 
-void QtDriver::settle(WidgetId /*editor*/, std::string_view text, int selStart, int selLength) {
+void QtDriver::settle(WidgetId /*editor*/, std::string_view text, int caret) {
     delivering([&] {
         auto *box = grid_->findChild<QLineEdit *>(QStringLiteral("qt_txtEdit"));
         box->setText(asQString(text));
-        if (selLength > 0)
-            box->setSelection(selStart, selLength);
-        else
-            box->setCursorPosition(selStart);
+        box->setCursorPosition(caret);
     });
 }
 

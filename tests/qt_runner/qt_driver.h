@@ -29,7 +29,7 @@ public:
     void strike(const KeyStroke &stroke) override;
     void compose(std::string_view text) override;
     void enterText(std::string_view text) override;
-    void settle(WidgetId editor, std::string_view text, int selStart, int selLength) override;
+    void settle(WidgetId editor, std::string_view text, int caret) override;
 
     void pressMouse(MouseButton button, Twips x, Twips y) override;
     void moveMouse(Twips x, Twips y) override;

@@ -36,8 +36,8 @@ public:
             input().typeText(text);
     }
     void enterText(std::string_view text) override { input().typeText(text); }
-    void settle(WidgetId editor, std::string_view text, int selStart, int selLength) override {
-        input().textSettled(editor, text, selStart, selLength);
+    void settle(WidgetId editor, std::string_view text, int caret) override {
+        input().textSettled(editor, text, caret, 0);
     }
 
     void pressMouse(MouseButton button, Twips x, Twips y) override {

@@ -51,8 +51,8 @@ public:
     virtual void compose(std::string_view text) = 0;
     /// Text that arrives whole, without keys.
     virtual void enterText(std::string_view text) = 0;
-    /// The native box has this text and selection after editing by itself (a drop, say).
-    virtual void settle(WidgetId editor, std::string_view text, int selStart, int selLength) = 0;
+    /// The native box has this text and caret after editing by itself (a drop, say).
+    virtual void settle(WidgetId editor, std::string_view text, int caret) = 0;
 
     // Mouse.
     virtual void pressMouse(MouseButton button, Twips x, Twips y) = 0;

@@ -23,9 +23,6 @@ public:
     std::vector<std::string> warnings;
     std::optional<std::pair<Twips, Twips>> popUp;
     std::optional<bool> hostKeyPreview;
-    /// Widgets and areas that were to be shown anew.
-    int widgetChanges = 0;
-    int areaChanges = 0;
 
     // What is answered.
     NumberFormat locale;
@@ -34,7 +31,6 @@ public:
     std::string clipboard;
 
     void widgetChanged(WidgetId widget) override {
-        ++widgetChanges;
         if (inner_ != nullptr)
             inner_->widgetChanged(widget);
     }
@@ -43,7 +39,6 @@ public:
             inner_->focusChanged(owner);
     }
     void areaChanged(const Rect &area) override {
-        ++areaChanges;
         if (inner_ != nullptr)
             inner_->areaChanged(area);
     }

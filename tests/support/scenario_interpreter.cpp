@@ -56,20 +56,17 @@ std::vector<Failure> Interpreter::play(const ScenarioFile &file, const Scenario 
 }
 
 int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv) {
-    bool isList = false;
     std::string only;
     std::vector<std::string> paths;
     for (int at = 1; at < argc; ++at) {
         const std::string argument = argv[at];
-        if (argument == "--list")
-            isList = true;
-        else if (argument == "--only" && at + 1 < argc)
+        if (argument == "--only" && at + 1 < argc)
             only = argv[++at];
         else
             paths.push_back(argument);
     }
     if (paths.empty()) {
-        std::fprintf(stderr, "usage: %s [--list] [--only TEXT] FILE.scenario…\n", argv[0]);
+        std::fprintf(stderr, "usage: %s [--only TEXT] FILE.scenario…\n", argv[0]);
         return 2;
     }
     Interpreter interpreter(driver);
@@ -82,11 +79,6 @@ int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv) {
                 if (scenario.name.find(only) == std::string::npos)
                     continue;
                 ++count;
-                if (isList) {
-                    std::printf("%s:%d: %s\n", path.c_str(), scenario.number,
-                                scenario.name.c_str());
-                    continue;
-                }
                 const std::vector<Failure> failures = interpreter.play(file, scenario);
                 failed += failures.empty() ? 0 : 1;
                 for (const Failure &failure : failures)

@@ -23,8 +23,8 @@ private:
 };
 
 /// What a runner's `main` does: plays the files named on the command line, prints each failure and
-/// the sum, and answers the exit code. `--list` only names the scenarios, `--only TEXT` plays those
-/// whose names contain the text.
+/// the sum, and answers the exit code. `--only TEXT` plays those whose names contain the
+/// text.
 [[nodiscard]] int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv);
 
 } // namespace tablio::scenario

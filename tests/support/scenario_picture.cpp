@@ -3,8 +3,6 @@
 #include "support/scenario_values.h"
 #include "widgets/utf16.h"
 
-#include <algorithm>
-
 namespace tablio::scenario {
 
 std::vector<std::vector<std::string>> pictureOfTable(const ControlState &state) {
@@ -22,18 +20,11 @@ std::vector<std::vector<std::string>> pictureOfTable(const ControlState &state) 
 }
 
 std::string drawn(const std::vector<std::vector<std::string>> &rows) {
-    std::vector<std::size_t> widths;
-    const auto lengthOf = [](const std::string &text) { return utf16::characters(text).size(); };
-    for (const std::vector<std::string> &row : rows) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (std::size_t col = 0; col < row.size(); ++col)
-            widths[col] = std::max(widths[col], lengthOf(row[col]));
-    }
     std::string result;
     for (const std::vector<std::string> &row : rows) {
         result += "\n      |";
-        for (std::size_t col = 0; col < row.size(); ++col)
-            result += " " + row[col] + std::string(widths[col] - lengthOf(row[col]), ' ') + " |";
+        for (const std::string &cell : row)
+            result += " " + cell + " |";
     }
     return result;
 }

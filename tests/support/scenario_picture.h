@@ -14,7 +14,7 @@ namespace tablio::scenario {
 
 /// The rows of cells as they are shown, header first, the cursor's cell in [ ].
 [[nodiscard]] std::vector<std::vector<std::string>> pictureOfTable(const ControlState &state);
-/// Rows of cells with their columns below each other.
+/// Rows of cells as scenarios write them.
 [[nodiscard]] std::string drawn(const std::vector<std::vector<std::string>> &rows);
 
 /// What all editors have in common.

@@ -124,7 +124,7 @@ void settle(Stage &stage, Words &words, const Line & /*line*/) {
     words.require("on");
     const std::string text = words.text();
     words.require("caret");
-    stage.driver.settle(editor, text, words.number("a position"), 0);
+    stage.driver.settle(editor, text, words.number("a position"));
 }
 
 // ---- the mouse ---------------------------------------------------------------
@@ -306,7 +306,8 @@ constexpr std::pair<std::string_view, Step> steps[] = {
 
 /// Blocks belong to steps that say so; elsewhere an indented line is a mistake.
 bool takesBlock(const Line &line, const Token &verb) {
-    return verb.is("columns") || verb.is("expect") || line.text.ends_with(" do");
+    return verb.is("columns") || verb.is("expect") || line.text.ends_with(" do") ||
+           line.text.ends_with(" raises");
 }
 
 void runTokens(Stage &stage, Tokens tokens, const Line &line) {
@@ -325,8 +326,9 @@ void runTokens(Stage &stage, Tokens tokens, const Line &line) {
     words.end();
 }
 
-/// Expectations may stand behind a step: `fails "…"`, what the editor `shows "…"`, and where the
-/// cursor `ends at ROW COL`. Steps that prepare answers keep theirs.
+/// Expectations may stand behind a step: `fails "…"`, what the editor `shows "…"`, where the cursor
+/// `ends at ROW COL`, what the step `writes "…"` to the cell where the cursor stood, and that it
+/// `raises` just the events below. Steps that prepare answers keep theirs.
 bool takeBehind(Tokens &tokens, std::string_view word, std::size_t count, Tokens &behind) {
     const std::size_t size = tokens.size();
     if (size < count + 2 || !tokens[size - count - 1].is(word) || tokens.front().is("when") ||
@@ -342,6 +344,10 @@ bool takeBehind(Tokens &tokens, std::string_view word, std::size_t count, Tokens
 void runStep(Stage &stage, const Line &line) {
     Tokens tokens = tokensOf(line.text);
     Tokens behind;
+    if (tokens.size() > 3 && tokens[0].is("at")) {
+        stage.core().CellFocus(valueOf<int>(tokens[1]), valueOf<int>(tokens[2]));
+        tokens.erase(tokens.begin(), tokens.begin() + 3);
+    }
     if (takeBehind(tokens, "fails", 1, behind)) {
         const std::string error = quoted(behind[0].text);
         try {
@@ -356,10 +362,19 @@ void runStep(Stage &stage, const Line &line) {
         }
         return;
     }
-    if (takeBehind(tokens, "shows", 1, behind))
+    if (takeBehind(tokens, "shows", 1, behind)) {
         behind.insert(behind.begin(), {{"editor"}, {"shows"}});
-    else if (takeBehind(tokens, "ends", 3, behind))
+    } else if (takeBehind(tokens, "ends", 3, behind)) {
         behind.insert(behind.begin(), {"cursor"});
+    } else if (takeBehind(tokens, "writes", 1, behind) || takeBehind(tokens, "writes", 3, behind)) {
+        const CellAddress cell = stage.state().grid.current();
+        behind.insert(
+            behind.begin(),
+            {{"cell"}, {std::to_string(cell.row)}, {std::to_string(cell.col)}, {"shows"}});
+    } else if (takeBehind(tokens, "raises", 0, behind)) {
+        behind = {{"events"}};
+        static_cast<void>(stage.host.takeEvents());
+    }
     runTokens(stage, std::move(tokens), line);
     if (!behind.empty()) {
         Words words(std::move(behind));

@@ -37,25 +37,13 @@ constexpr Name<KeyCode> keyNames[] = {
     {"F2", Key::F2},
     {"F4", Key::F4},
     {"F10", Key::F10},
-    {";", 186},
-    {"=", 187},
     {",", 188},
     {"-", 189},
     {".", 190},
-    {"/", 191},
-    {"`", 192},
-    {"[", 219},
-    {"\\", 220},
-    {"]", 221},
-    {"'", 222},
 };
 
 constexpr Name<ShiftState> shiftNames[] = {
     {"Shift+", Shift::Shift}, {"Ctrl+", Shift::Ctrl}, {"Alt+", Shift::Alt}};
-
-/// Typed with Shift, and the key's own character.
-constexpr std::string_view shifted = "~!@#$%^&*()_+{}|:\"<>?";
-constexpr std::string_view unshifted = "`1234567890-=[]\\;',./";
 
 constexpr Name<WidgetId> widgetNames[] = {
     {"Grid", WidgetId::Grid},           {"picText", WidgetId::picText},
@@ -180,18 +168,16 @@ KeyStroke keyStrokeOf(std::string_view name) {
 
 KeyStroke keyStrokeFor(char32_t character) {
     KeyStroke stroke{0, Shift::None, character};
-    if (character == U' ') {
+    if (character == U'\n') {
+        stroke = keyStrokeOf("Enter");
+    } else if (character == U' ') {
         stroke.key = Key::Space;
     } else if (isLetterOrDigit(character)) {
         const bool isLower = character >= U'a';
         stroke.key = static_cast<KeyCode>(isLower ? character - 32 : character);
         stroke.shift = character >= U'A' && !isLower ? Shift::Shift : Shift::None;
     } else if (character > U' ' && character < 0x7F) {
-        char own = static_cast<char>(character);
-        if (const std::size_t at = shifted.find(own); at != std::string_view::npos) {
-            own = unshifted[at];
-            stroke.shift = Shift::Shift;
-        }
+        const char own = static_cast<char>(character);
         stroke.key = keyNamed(std::string_view(&own, 1));
     }
     return stroke;
