@@ -61,17 +61,10 @@ TEST_F(GridViewTest, CellsStandWhereTheScrollPositionPutsThem) {
     EXPECT_EQ(view.cellRect(0, 0), (Rect{0, 0, 1000, 300}));
     EXPECT_EQ(view.cellRect(5, 2), (Rect{1000, 300, 1000, 300}));
     EXPECT_EQ(view.cellRect(7, 3), (Rect{2000, 900, 1000, 300}));
-}
-
-TEST_F(GridViewTest, ACellThatIsScrolledAwayLiesOutsideTheView) {
-    view.setTopRow(5);
-    view.setLeftCol(3);
-    for (const int row : {1, 4})
-        EXPECT_LE(view.cellRect(row, 4).bottom(), 0) << row;
-    EXPECT_EQ(view.cellRect(4, 4).top, -300);
-    for (const int col : {1, 2})
-        EXPECT_LE(view.cellRect(6, col).right(), 0) << col;
-    EXPECT_EQ(view.cellRect(6, 2).left, -1000);
+    // Scrolled away they lie outside of the view.
+    EXPECT_EQ(view.cellRect(4, 2), (Rect{1000, -300, 1000, 300}));
+    EXPECT_LE(view.cellRect(1, 2).bottom(), 0);
+    EXPECT_EQ(view.cellRect(5, 1), (Rect{-1000, 300, 1000, 300}));
 }
 
 TEST_F(GridViewTest, ListsWhatIsVisibleInPartsToo) {
@@ -176,25 +169,29 @@ TEST_F(GridViewTest, FindsColumnBordersInTheHeaderOnly) {
 }
 
 TEST_F(GridViewTest, PaintsACellOnlyWhereItIsSeen) {
-    table.setTextMatrix(2, 1, "x");
-    ASSERT_EQ(areas.size(), 1U);
-    EXPECT_EQ(areas[0], (Rect{1000, 600, 1000, 300}));
-    forget();
-    table.setTextMatrix(15, 1, "x");
-    table.setTextMatrix(2, 5, "x");
-    EXPECT_TRUE(areas.empty());
-    view.setTopRow(14);
-    view.setLeftCol(3);
-    forget();
-    table.setTextMatrix(15, 3, "x");
-    ASSERT_EQ(areas.size(), 1U);
-    EXPECT_EQ(areas[0], (Rect{1000, 600, 1000, 300}));
-    forget();
-    table.setTextMatrix(2, 3, "x");
-    table.setTextMatrix(15, 1, "x");
-    EXPECT_TRUE(areas.empty());
-    table.setTextMatrix(15, 0, "x");
-    EXPECT_EQ(areas.size(), 1U) << "the fixed column never scrolls";
+    const struct {
+        int topRow;
+        int leftCol;
+        CellAddress written;
+        std::vector<Rect> painted;
+    } cases[] = {
+        {1, 1, {2, 1}, {{1000, 600, 1000, 300}}},
+        {1, 1, {15, 1}, {}},
+        {1, 1, {2, 5}, {}},
+        {14, 3, {15, 3}, {{1000, 600, 1000, 300}}},
+        {14, 3, {2, 3}, {}},
+        {14, 3, {15, 1}, {}},
+        // The fixed column never scrolls.
+        {14, 3, {15, 0}, {{0, 600, 1000, 300}}},
+    };
+    for (const auto &each : cases) {
+        view.setTopRow(each.topRow);
+        view.setLeftCol(each.leftCol);
+        table.setTextMatrix(each.written.row, each.written.col, "");
+        forget();
+        table.setTextMatrix(each.written.row, each.written.col, "x");
+        EXPECT_EQ(areas, each.painted);
+    }
 }
 
 TEST_F(GridViewTest, WithoutRedrawNothingIsReportedUntilItComesBack) {
