@@ -73,20 +73,15 @@ private:
     std::size_t stepIndent_ = 0;
 };
 
+constexpr std::pair<char, char> escapes[] = {
+    {'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'"', '"'}, {'\\', '\\'}};
+
 char escaped(char character) {
-    switch (character) {
-    case 'n':
-        return '\n';
-    case 'r':
-        return '\r';
-    case 't':
-        return '\t';
-    case '"':
-    case '\\':
-        return character;
-    default:
-        throw ScriptError(std::string("\\") + character + " means nothing in a text");
+    for (const auto &[name, meant] : escapes) {
+        if (name == character)
+            return meant;
     }
+    throw ScriptError(std::string("\\") + character + " means nothing in a text");
 }
 
 Token quotedToken(std::string_view &rest) {
@@ -152,23 +147,12 @@ Tokens tokensOf(std::string_view line) {
 std::string quoted(std::string_view text) {
     std::string result = "\"";
     for (const char character : text) {
-        switch (character) {
-        case '\n':
-            result += "\\n";
-            break;
-        case '\r':
-            result += "\\r";
-            break;
-        case '\t':
-            result += "\\t";
-            break;
-        case '"':
-        case '\\':
-            result += '\\';
-            [[fallthrough]];
-        default:
+        const auto *const escape =
+            std::ranges::find(escapes, character, &std::pair<char, char>::second);
+        if (escape != std::end(escapes))
+            result += {'\\', escape->first};
+        else
             result += character;
-        }
     }
     return result + '"';
 }
