@@ -38,17 +38,6 @@ TEST(InputMethod, CompositionStartsAnEditAndItsResultIsTyped) {
     EXPECT_EQ(w.cursor(), "1,1");
 }
 
-TEST(InputMethod, CommittedTextObeysTheColumn) {
-    GridWindow w;
-    w.key(Qt::Key_End);
-    compose({}, u"äé"_qs);
-    EXPECT_EQ(w.box()->text(), u"ÄÉ"_qs);
-    w.grid->focusCell(2, 1);
-    compose(u"1"_qs);
-    compose({}, u"1x2"_qs);
-    EXPECT_EQ(w.box()->text(), "12");
-}
-
 TEST(InputMethod, ACompositionReplacesTheSelection) {
     GridWindow w;
     w.type("one two");

@@ -94,7 +94,8 @@ public:
     }
     void type(std::string_view text) {
         for (const char character : text)
-            key(static_cast<KeyCode>(character), static_cast<unsigned char>(character));
+            key(character == '\n' ? Key::Enter : static_cast<KeyCode>(character),
+                static_cast<unsigned char>(character));
     }
 
     /// Nothing is left switched off, half open or lying about.
@@ -126,8 +127,7 @@ public:
         grid->setCols(6);
         grid->CellFocus(2, 5);
         grid->input().focusEntered();
-        type("Zz");
-        key(Key::Enter, 13);
+        type("Zz\n");
         EXPECT_EQ(grid->TextMatrix(2, 5), "Zz");
     }
 
@@ -149,8 +149,8 @@ const std::vector<Named> &actions() {
              play.key(Key::F2);
          }},
         {"type into it", [](Play &play) { play.type("7"); }},
-        {"press Enter", [](Play &play) { play.key(Key::Enter, 13); }},
-        {"press Escape", [](Play &play) { play.key(Key::Escape, 27); }},
+        {"press Enter", [](Play &play) { play.type("\n"); }},
+        {"press Escape", [](Play &play) { play.type("\x1b"); }},
         {"clear the table", [](Play &play) { play.grid->TableClear(); }},
         {"reset the row", [](Play &play) { play.grid->ResetRow(2); }},
         {"remove the row",
@@ -191,20 +191,18 @@ const std::vector<Named> &actions() {
 
 const std::vector<Named> &gestures() {
     static const std::vector<Named> list{
-        {"type and Enter",
-         [](Play &play) {
-             play.type("12");
-             play.key(Key::Enter, 13);
-         }},
-        {"type and Escape",
-         [](Play &play) {
-             play.type("12");
-             play.key(Key::Escape, 27);
-         }},
+        {"type and Enter", [](Play &play) { play.type("12\n"); }},
+        {"type and Escape", [](Play &play) { play.type("12\x1b"); }},
         {"F10 and Enter",
          [](Play &play) {
              play.key(Key::F10);
-             play.key(Key::Enter, 13);
+             play.type("\n");
+         }},
+        {"methods",
+         [](Play &play) {
+             play.grid->AddRow();
+             if (play.grid)
+                 play.grid->TableClear();
          }},
         {"double click and elsewhere",
          [](Play &play) {

@@ -59,21 +59,18 @@ TEST(TMatrix, NumbersBeyond16BitsHaveNoCell) {
 
 TEST(TMatrix, RowsShiftWithTheirValuesAndDropWhatLeaves) {
     TMatrix matrix;
-    for (int row = 1; row <= 5; ++row) {
-        matrix.setText(row, 0, "fixed " + std::to_string(row));
+    for (int row = 1; row <= 3; ++row) {
+        matrix.setText(row, 0, "fixed");
         matrix.setText(row, 2, "row " + std::to_string(row));
     }
-    matrix.shiftRows(2, 5, -1, 1);
-    EXPECT_EQ(textAt(matrix, 1, 2), "row 1");
-    EXPECT_EQ(textAt(matrix, 2, 2), "row 3");
-    EXPECT_EQ(textAt(matrix, 4, 2), "row 5");
-    EXPECT_EQ(textAt(matrix, 5, 2), "");
-    EXPECT_EQ(textAt(matrix, 3, 0), "fixed 3") << "columns before the first stay";
-    matrix.shiftRows(1, 4, 1, 1);
-    EXPECT_EQ(textAt(matrix, 1, 2), "");
-    EXPECT_EQ(textAt(matrix, 2, 2), "row 1");
-    EXPECT_EQ(textAt(matrix, 4, 2), "row 4");
-    EXPECT_EQ(textAt(matrix, 5, 2), "") << "row 5 was pushed out";
+    const auto texts = [&] {
+        return textAt(matrix, 1, 2) + "|" + textAt(matrix, 2, 2) + "|" + textAt(matrix, 3, 2);
+    };
+    matrix.shiftRows(2, 3, -1, 1);
+    EXPECT_EQ(texts(), "row 1|row 3|");
+    matrix.shiftRows(1, 2, 1, 1);
+    EXPECT_EQ(texts(), "|row 1|") << "row 3 was pushed out";
+    EXPECT_EQ(textAt(matrix, 3, 0), "fixed") << "columns before the first stay";
 }
 
 } // namespace
