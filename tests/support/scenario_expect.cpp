@@ -44,12 +44,6 @@ void expectCell(Stage &stage, Words &words, const Line &line) {
     } while (!words.atEnd());
 }
 
-void expectCursor(Stage &stage, Words &words, const Line &line) {
-    words.require("at");
-    const CellAddress expected = words.cell();
-    stage.check(line, "cursor", textOf(expected), textOf(stage.state().grid.current()));
-}
-
 void expectEditor(Stage &stage, Words &words, const Line &line) {
     const EditorView editor = editorOf(stage.state());
     if (words.take("closed")) {
@@ -80,13 +74,6 @@ void expectEditor(Stage &stage, Words &words, const Line &line) {
                         editor.isRightAligned ? "right" : "left");
         }
     } while (!words.atEnd());
-}
-
-void expectFocus(Stage &stage, Words &words, const Line &line) {
-    words.require("on");
-    const std::string expected = words.next("a widget or \"nobody\"").text;
-    const std::optional<WidgetId> owner = stage.state().focus.owner();
-    stage.check(line, "focus", expected, owner ? shown(*owner) : "nobody");
 }
 
 void compareLists(Stage &stage, const Line &line, std::span<const std::string> expected,
@@ -151,49 +138,29 @@ void expectNo(Stage &stage, Words &words, const Line &line) {
     }
 }
 
-void expectKeyPreview(Stage &stage, Words &words, const Line &line) {
-    words.require("preview");
-    const std::optional<bool> found = stage.face.hostKeyPreview;
-    stage.check(line, "key preview", words.next("True or False").text,
-                !found   ? "never set"
-                : *found ? "True"
-                         : "False");
-}
-
-const TableMenu::Entry &menuEntry(const TableMenu &menu, MenuEntry entry) {
-    switch (entry) {
-    case MenuEntry::mnuMarkRow:
-        return menu.mnuMarkRow;
-    case MenuEntry::mnuAddRow:
-        return menu.mnuAddRow;
-    case MenuEntry::mnuInsertRow:
-        return menu.mnuInsertRow;
-    case MenuEntry::mnuRemoveRow:
-        return menu.mnuRemoveRow;
-    default:
-        return menu.mnuTableClear;
-    }
-}
-
 void expectMenu(Stage &stage, Words &words, const Line &line) {
     if (words.take("at")) {
-        const int x = words.number("a position");
-        const int y = words.number("a position");
+        const std::string expected = textOf(words.cell());
         const auto found = std::exchange(stage.face.popUp, std::nullopt);
-        stage.check(line, "menu", textOf(CellAddress{x, y}),
+        stage.check(line, "menu", expected,
                     found ? textOf(CellAddress{found->first, found->second}) : "no menu");
         return;
     }
+    const TableMenu &menu = stage.state().menu;
+    const std::pair<MenuEntry, const TableMenu::Entry &> entries[] = {
+        {MenuEntry::mnuMarkRow, menu.mnuMarkRow},
+        {MenuEntry::mnuAddRow, menu.mnuAddRow},
+        {MenuEntry::mnuInsertRow, menu.mnuInsertRow},
+        {MenuEntry::mnuRemoveRow, menu.mnuRemoveRow},
+        {MenuEntry::mnuTableClear, menu.mnuTableClear}};
+    const auto wanted = words.next<MenuEntry>("a menu entry");
     const TableMenu::Entry &entry =
-        menuEntry(stage.state().menu, words.next<MenuEntry>("a menu entry"));
+        std::ranges::find(entries, wanted, [](const auto &each) { return each.first; })->second;
     do {
         const std::string expected = words.next("a state").text;
-        if (expected == "enabled" || expected == "disabled")
-            stage.check(line, "menu", expected, entry.enabled ? "enabled" : "disabled");
-        else if (expected == "checked" || expected == "unchecked")
-            stage.check(line, "menu", expected, entry.checked ? "checked" : "unchecked");
-        else
-            throw ScriptError("a menu entry is enabled or disabled, checked or unchecked");
+        const char *const enabled = entry.enabled ? "enabled" : "disabled";
+        const char *const checked = entry.checked ? "checked" : "unchecked";
+        stage.check(line, "menu", expected, expected.ends_with("checked") ? checked : enabled);
     } while (!words.atEnd());
 }
 
@@ -204,17 +171,6 @@ void expectTable(Stage &stage, Words & /*words*/, const Line &line) {
     const std::vector<std::vector<std::string>> found = pictureOfTable(stage.state());
     if (expected != found)
         stage.fail(line, "expected:" + drawn(expected) + "\n    found:" + drawn(found));
-}
-
-void expectClipboard(Stage &stage, Words &words, const Line &line) {
-    const std::string expected = words.text();
-    stage.check(line, "clipboard", quoted(expected), quoted(stage.face.clipboardText()));
-}
-
-void expectControl(Stage &stage, Words &words, const Line &line) {
-    words.require("destroyed");
-    if (stage.driver.core() != nullptr)
-        stage.fail(line, "the control is still there");
 }
 
 /// "cell ROW COL", as its rectangle.
@@ -228,12 +184,10 @@ void expectWidget(Stage &stage, Words &words, const Line &line) {
     const Widget &widget = widgetOf(stage.state(), words.next<WidgetId>("a widget"));
     do {
         if (words.take("at")) {
-            Rect expected;
-            expected.left = words.number("left");
-            expected.top = words.number("top");
-            expected.width = words.number("width");
-            expected.height = words.number("height");
-            stage.check(line, "place", textOf(expected), textOf(widget.place()));
+            std::string expected = words.next("left").text;
+            for (const char *const part : {"top", "width", "height"})
+                expected += " " + words.next(part).text;
+            stage.check(line, "place", expected, textOf(widget.place()));
         } else if (words.take("below")) {
             stage.check(line, "top", std::to_string(cellNamed(stage, words).bottom()),
                         std::to_string(widget.Top()));
@@ -251,12 +205,50 @@ void expectWidget(Stage &stage, Words &words, const Line &line) {
                             ? "True"
                             : "False");
         } else {
-            const std::string expected = words.next("\"at\", \"visible\" or \"hidden\"").text;
-            if (expected != "visible" && expected != "hidden")
-                throw ScriptError("a widget is visible or hidden, or stands at a place");
-            stage.check(line, "widget", expected, widget.Visible() ? "visible" : "hidden");
+            stage.check(line, "widget", words.next("\"at\", \"visible\" or \"hidden\"").text,
+                        widget.Visible() ? "visible" : "hidden");
         }
     } while (!words.atEnd());
+}
+
+/// What is one text: the word before it, and what it is.
+struct Fact {
+    std::string_view name;
+    std::string_view word;
+    std::string (*found)(Stage &);
+};
+
+constexpr Fact facts[] = {
+    {"cursor", "at", [](Stage &stage) { return textOf(stage.state().grid.current()); }},
+    {"focus", "on",
+     [](Stage &stage) {
+         const std::optional<WidgetId> owner = stage.state().focus.owner();
+         return owner ? shown(*owner) : std::string("nobody");
+     }},
+    {"key", "preview",
+     [](Stage &stage) {
+         const std::optional<bool> preview = stage.face.hostKeyPreview;
+         return std::string(!preview ? "never set" : *preview ? "True" : "False");
+     }},
+    {"clipboard", "", [](Stage &stage) { return quoted(stage.face.clipboardText()); }},
+    {"control", "",
+     [](Stage &stage) {
+         return std::string(stage.driver.core() != nullptr ? "still there" : "destroyed");
+     }},
+};
+
+bool expectFact(Stage &stage, const std::string &name, Words &words, const Line &line) {
+    const auto *const fact = std::ranges::find(facts, name, &Fact::name);
+    if (fact == std::end(facts))
+        return false;
+    if (!fact->word.empty())
+        words.require(fact->word);
+    std::string expected;
+    for (const Token &token : words.rest())
+        expected +=
+            (expected.empty() ? "" : " ") + (token.quoted ? quoted(token.text) : token.text);
+    stage.check(line, name, expected, fact->found(stage));
+    return true;
 }
 
 void expectMember(Stage &stage, const std::string &name, Words &words, const Line &line) {
@@ -268,11 +260,9 @@ void expectMember(Stage &stage, const std::string &name, Words &words, const Lin
 using Expectation = void (*)(Stage &, Words &, const Line &);
 
 constexpr std::pair<std::string_view, Expectation> expectations[] = {
-    {"cell", expectCell},       {"cursor", expectCursor}, {"editor", expectEditor},
-    {"focus", expectFocus},     {"events", expectEvents}, {"notices", expectNotices},
-    {"warning", expectWarning}, {"no", expectNo},         {"key", expectKeyPreview},
-    {"menu", expectMenu},       {"table", expectTable},   {"clipboard", expectClipboard},
-    {"control", expectControl}, {"widget", expectWidget},
+    {"cell", expectCell},       {"editor", expectEditor},   {"events", expectEvents},
+    {"notices", expectNotices}, {"warning", expectWarning}, {"no", expectNo},
+    {"menu", expectMenu},       {"table", expectTable},     {"widget", expectWidget},
 };
 
 } // namespace
@@ -287,7 +277,8 @@ void runExpectation(Stage &stage, Words &words, const Line &line) {
             return;
         }
     }
-    expectMember(stage, what.text, words, line);
+    if (!expectFact(stage, what.text, words, line))
+        expectMember(stage, what.text, words, line);
 }
 
 } // namespace tablio::scenario
