@@ -99,25 +99,5 @@ TEST(ScenarioLanguage, WhatMakesNoSenseOrFailsInAHandlerIsReported) {
     }
 }
 
-TEST(ScenarioLanguage, EachScenarioStartsAfresh) {
-    const ScenarioFile file = parseScenarios("test", std::string(background) + R"(
-  when EditPreValidation answer Cancel True
-  locale decimal "," group "."
-  clipboard holds "x"
-  call AddRow
-  destroy
-
-scenario "two"
-  expect clipboard ""
-  expect Rows is 3
-  type "1.5"
-  expect editor shows "1.5|"
-)");
-    CoreDriver driver;
-    Interpreter interpreter(driver);
-    for (const Scenario &scenario : file.scenarios)
-        EXPECT_TRUE(interpreter.play(file, scenario).empty()) << scenario.name;
-}
-
 } // namespace
 } // namespace tablio::scenario
