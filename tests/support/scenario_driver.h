@@ -1,9 +1,9 @@
 #pragma once
 
 /// What a scenario needs of the thing it plays against: a control that can be made and destroyed,
-/// and a user's hands. The interpreter reads all state through `core()`, so a driver implements
-/// input and lifecycle only. The core runner feeds `Input`; a front end's runner sends native
-/// events to its widget.
+/// and a user's hands. The interpreter reads all state through `core()`. What a driver does not
+/// override goes straight into `Input`, as a front end would send it; a front end's runner sends
+/// native events to its widget.
 
 #include <tablio/tablio.h>
 
@@ -39,39 +39,57 @@ public:
     /// Null while there is no control.
     [[nodiscard]] virtual Tablio *core() = 0;
     /// The container shows the control (for the first time, or again).
-    virtual void show() = 0;
-    virtual void resize(Twips width, Twips height) = 0;
+    virtual void show() { core()->Show(); }
+    virtual void resize(Twips width, Twips height) { input().resized(width, height); }
     /// The user brings the keyboard into the control, or to another widget of the host's form.
-    virtual void enterFocus() = 0;
-    virtual void leaveFocus() = 0;
+    virtual void enterFocus() { input().focusEntered(); }
+    virtual void leaveFocus() { input().focusLeft(); }
 
-    // Keyboard.
-    virtual void strike(const KeyStroke &stroke) = 0;
+    // Keyboard. Here and below a handler may destroy the control between one call and the next.
+    virtual void strike(const KeyStroke &stroke) {
+        if (input().keyDown(stroke.key, stroke.shift) == Dealt::No && core() != nullptr &&
+            stroke.character != 0)
+            input().keyPress(stroke.character);
+    }
     /// An input method composes this text and commits it.
-    virtual void compose(std::string_view text) = 0;
+    virtual void compose(std::string_view text) {
+        if (input().beginComposition() == Dealt::Yes && core() != nullptr)
+            input().typeText(text);
+    }
     /// Text that arrives whole, without keys.
-    virtual void enterText(std::string_view text) = 0;
+    virtual void enterText(std::string_view text) { input().typeText(text); }
     /// The native box has this text and caret after editing by itself (a drop, say).
-    virtual void settle(WidgetId editor, std::string_view text, int caret) = 0;
+    virtual void settle(WidgetId editor, std::string_view text, int caret) {
+        input().textSettled(editor, text, caret, 0);
+    }
 
     // Mouse.
-    virtual void pressMouse(MouseButton button, Twips x, Twips y) = 0;
-    virtual void moveMouse(Twips x, Twips y) = 0;
-    virtual void releaseMouse(MouseButton button, Twips x, Twips y) = 0;
+    virtual void pressMouse(MouseButton button, Twips x, Twips y) {
+        input().mouseDown(button, x, y);
+    }
+    virtual void moveMouse(Twips x, Twips y) { input().mouseMove(x, y); }
+    virtual void releaseMouse(MouseButton button, Twips x, Twips y) {
+        input().mouseUp(button, x, y);
+    }
     /// The second press of a double click; the first press and its release came before.
-    virtual void doubleClick(Twips x, Twips y) = 0;
+    virtual void doubleClick(Twips x, Twips y) { input().doubleClick(x, y); }
     /// By the wheel or the scroll bars.
-    virtual void scrollTo(int topRow, int leftCol) = 0;
+    virtual void scrollTo(int topRow, int leftCol) { input().scrollTo(topRow, leftCol); }
     /// One of the control's own buttons.
-    virtual void pushButton(WidgetId button) = 0;
+    virtual void pushButton(WidgetId button) { input().buttonPressed(button); }
 
-    // Choices.
-    /// An entry of the menu that has popped up.
-    virtual void chooseMenuEntry(MenuEntry entry) = 0;
-    /// An item of the combo's list, by the mouse.
-    virtual void chooseItem(int index) = 0;
-    /// A day of the calendar that is open.
-    virtual void pickDay(const Date &day) = 0;
+    // Choices: an entry of the menu that has popped up, an item of the combo's list by the mouse, a
+    // day of the calendar that is open.
+    virtual void chooseMenuEntry(MenuEntry entry) { input().menuChosen(entry); }
+    virtual void chooseItem(int index) {
+        input().comboDropped(true);
+        if (core() != nullptr)
+            input().comboItemChosen(index);
+    }
+    virtual void pickDay(const Date &day) { input().calendarPicked(day); }
+
+private:
+    Input &input() { return core()->input(); }
 };
 
 } // namespace tablio::scenario
