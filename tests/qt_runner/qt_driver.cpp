@@ -71,12 +71,11 @@ void putAside() {
 }
 
 QtKey qtKeyOf(const KeyStroke &stroke) {
-    static constexpr std::array<std::pair<KeyCode, Qt::Key>, 21> named{{
+    static constexpr std::array<std::pair<KeyCode, Qt::Key>, 16> named{{
         {Key::Back, Qt::Key_Backspace},
         {Key::Tab, Qt::Key_Tab},
         {Key::Enter, Qt::Key_Return},
         {Key::Escape, Qt::Key_Escape},
-        {Key::Space, Qt::Key_Space},
         {Key::PageUp, Qt::Key_PageUp},
         {Key::PageDown, Qt::Key_PageDown},
         {Key::End, Qt::Key_End},
@@ -88,11 +87,7 @@ QtKey qtKeyOf(const KeyStroke &stroke) {
         {Key::Insert, Qt::Key_Insert},
         {Key::Delete, Qt::Key_Delete},
         {Key::Menu, Qt::Key_Menu},
-        {Key::F2, Qt::Key_F2},
-        {Key::F4, Qt::Key_F4},
-        {Key::F10, Qt::Key_F10},
         {Key::Decimal, Qt::Key_Period},
-        {188, Qt::Key_Comma},
     }};
     Qt::KeyboardModifiers modifiers;
     modifiers.setFlag(Qt::ShiftModifier, (stroke.shift & Shift::Shift) != 0);
