@@ -62,6 +62,20 @@ template <typename Peer> void fillFull(Peer &peer, Size size, const CellTexts &t
     peer.bulk(false);
 }
 
+/// Times a work on an empty table that is shown, a new one each time.
+template <typename Peer, typename Work>
+void onNewPeer(const std::string &name, Size size, const Repeats &repeats, const Work &work) {
+    std::unique_ptr<Peer> peer;
+    repeats.measure(
+        name, size,
+        [&] {
+            peer.reset();
+            peer = std::make_unique<Peer>(size, Kind::Plain);
+            peer->show();
+        },
+        [&] { work(*peer); });
+}
+
 template <typename Peer> class Works {
 public:
     Works(Size size, const Repeats &repeats) : size_(size), repeats_(repeats), texts_(size) {}
@@ -74,24 +88,13 @@ public:
     }
 
 private:
-    template <typename Work> void onNewPeer(const std::string &name, const Work &work) {
-        std::unique_ptr<Peer> peer;
-        repeats_.measure(
-            name, size_,
-            [&] {
-                peer.reset();
-                peer = std::make_unique<Peer>(size_, Kind::Plain);
-                peer->show();
-            },
-            [&] { work(*peer); });
-    }
-
     void fill() {
-        onNewPeer("fill", [this](Peer &peer) { fillTexts(peer, size_, texts_); });
+        onNewPeer<Peer>("fill", size_, repeats_,
+                        [this](Peer &peer) { fillTexts(peer, size_, texts_); });
     }
 
     void fillNumbers() {
-        onNewPeer("fill numbers", [this](Peer &peer) {
+        onNewPeer<Peer>("fill numbers", size_, repeats_, [this](Peer &peer) {
             for (int col = 0; col < size_.cols; ++col)
                 peer.formatColumn(col);
             peer.bulk(true);

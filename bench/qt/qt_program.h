@@ -59,23 +59,15 @@ template <typename Peer> void fillStrings(Size size, const Repeats &repeats) {
             strings.append(QString::fromLatin1(text.data(), text.size()));
         }
     }
-    std::unique_ptr<Peer> peer;
-    repeats.measure(
-        "fill from QStrings", size,
-        [&] {
-            peer.reset();
-            peer = std::make_unique<Peer>(size, Kind::Plain);
-            peer->show();
-        },
-        [&] {
-            auto next = strings.cbegin();
-            peer->bulk(true);
-            for (int row = 0; row < size.rows; ++row) {
-                for (int col = 0; col < size.cols; ++col)
-                    peer->setString(row, col, *next++);
-            }
-            peer->bulk(false);
-        });
+    onNewPeer<Peer>("fill from QStrings", size, repeats, [&](Peer &peer) {
+        auto next = strings.cbegin();
+        peer.bulk(true);
+        for (int row = 0; row < size.rows; ++row) {
+            for (int col = 0; col < size.cols; ++col)
+                peer.setString(row, col, *next++);
+        }
+        peer.bulk(false);
+    });
 }
 
 template <typename Peer> class QtWorks {

@@ -131,20 +131,12 @@ private:
 /// batch.
 void fillingOutsideABatch(Size size, const Repeats &repeats) {
     const CellTexts texts(size);
-    std::unique_ptr<WxGrid> peer;
-    repeats.measure(
-        "fill outside a batch", size,
-        [&] {
-            peer.reset();
-            peer = std::make_unique<WxGrid>(size, Kind::Plain);
-            peer->show();
-        },
-        [&] {
-            for (int row = 0; row < size.rows; ++row) {
-                for (int col = 0; col < size.cols; ++col)
-                    peer->set(row, col, texts.text(row, col));
-            }
-        });
+    onNewPeer<WxGrid>("fill outside a batch", size, repeats, [&](WxGrid &peer) {
+        for (int row = 0; row < size.rows; ++row) {
+            for (int col = 0; col < size.cols; ++col)
+                peer.set(row, col, texts.text(row, col));
+        }
+    });
 }
 
 void painting(Size size, const Repeats &repeats) {
