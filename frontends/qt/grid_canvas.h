@@ -41,11 +41,11 @@ protected:
 private:
     [[nodiscard]] QPoint wheelSteps(const QWheelEvent &event);
 
-    TablioWidgetPrivate &parts_;
     /// How far the rows that were painted at another scroll position have to move, in pixels; 0
     /// where they cannot simply be moved.
     [[nodiscard]] int rowDistance(CellAddress before) const;
 
+    TablioWidgetPrivate &parts_;
     CellFonts fonts_;
     /// The scroll position that was shown last.
     CellAddress shown_;

@@ -107,10 +107,10 @@ Date QtFace::today() const {
 void QtFace::letPendingEventsRun() {
     if (++calls_ % callsPerLook != 0)
         return;
-    const bool isNewScan = !sinceLook_.isValid() || sinceLook_.restart() > scanGap;
+    const bool isNewScan = !sinceLook_.isValid() || sinceLook_.elapsed() > scanGap;
+    sinceLook_.start();
     if (isNewScan) {
-        sinceLook_.start();
-        sinceEvents_ = sinceLook_;
+        sinceEvents_.start();
         return;
     }
     if (sinceEvents_.elapsed() < eventInterval)

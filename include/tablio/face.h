@@ -39,7 +39,8 @@ public:
     virtual void focusChanged(WidgetId /*owner*/) {}
     /// An area of the grid has to be painted again.
     virtual void areaChanged(const Rect & /*area*/) {}
-    /// The grid has scrolled, or its scroll range is another.
+    /// The grid has scrolled, or its scroll range is another. After a scroll all of the grid has to
+    /// be shown anew, for which no area is reported: a face may move what stays in sight.
     virtual void scrolled() {}
     /// Show the pop-up menu with its corner at this point of the control.
     virtual void popUpMenu(Twips /*x*/, Twips /*y*/) {}

@@ -3,6 +3,7 @@
 #include "automation/member_table.h"
 #include "automation/value_as.h"
 #include "control/control.h"
+#include "model/decimal_text.h"
 
 #include <tablio/errors.h>
 #include <tablio/tablio.h>
@@ -28,7 +29,7 @@ Value numberText(Tablio &control, const Value &number) {
     std::string text = number.toText();
     const std::size_t sign = text.find('.');
     if (sign != std::string::npos)
-        text.replace(sign, 1, control.control().state.link.face().numberFormat().decimalSign);
+        text.replace(sign, 1, decimalSignOf(control.control().state.link.face().numberFormat()));
     return text;
 }
 

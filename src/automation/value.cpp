@@ -4,10 +4,10 @@
 #include <tablio/tmatrix.h>
 
 #include "model/decimal_text.h"
+#include "model/leading_number.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <iomanip>
 #include <limits>
 #include <locale>
@@ -85,8 +85,7 @@ double Value::toDouble() const {
 std::int32_t Value::wholeNumber(std::int32_t least, std::int32_t greatest,
                                 std::string_view typeName) const {
     const double number = toDouble();
-    // The remainder is taken from the nearest whole number, the even one of two.
-    const double whole = number - std::remainder(number, 1.0);
+    const double whole = nearestWhole(number);
     if (!(whole >= least && whole <= greatest))
         throw OverflowError(textOf(number).append(" does not fit type ").append(typeName));
     return static_cast<std::int32_t>(whole);
@@ -137,7 +136,7 @@ Colour Value::toColour() const {
         // The unsigned reading of a colour whose top bit is set.
         if (number > std::numeric_limits<std::int32_t>::max() &&
             number <= std::numeric_limits<std::uint32_t>::max())
-            return Colour{static_cast<std::uint32_t>(number - std::remainder(number, 1.0))};
+            return Colour{static_cast<std::uint32_t>(nearestWhole(number))};
     }
     return Colour{static_cast<std::uint32_t>(toLong())};
 }

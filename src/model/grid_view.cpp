@@ -215,10 +215,10 @@ bool GridView::rowMayBeVisible(int row) const {
 }
 
 void GridView::reportScroll() {
-    scrolled_ = !redraw_;
-    dirty_ = dirty_ || !redraw_;
     if (redraw_)
         observer_.scrolled();
+    else
+        scrolled_ = dirty_ = true;
 }
 
 void GridView::report(const Rect &area) {

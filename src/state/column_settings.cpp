@@ -1,14 +1,12 @@
 #include "state/column_settings.h"
 
-#include "model/decimal_text.h"
+#include "model/leading_number.h"
 
 #include <tablio/errors.h>
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <limits>
-#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -17,32 +15,15 @@ namespace tablio {
 
 namespace {
 
-/// A number that is no whole one, or is followed by something else, as stores of other programs
-/// have it.
-double oddNumber(std::string_view text) {
-    static const NumberFormat noLocale{".", "", 0};
-    text = text.substr(0, text.find_first_not_of("0123456789.+-eE"));
-    while (!text.empty()) {
-        // A sign at the end belongs to what follows.
-        text = text.substr(0, text.find_last_of("0123456789.") + 1);
-        if (const std::optional<Decimal> number = Decimal::parse(text, noLocale))
-            return number->toDouble();
-        text.remove_suffix(text.empty() ? 0 : 1);
-    }
-    return 0;
-}
-
-/// The number at the start of a text, rounded to a whole one, the even one of two; 0 where there is
-/// none, or one that 32 bits do not hold.
-std::int32_t leadingNumber(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+/// The number at the start of a text as a whole one; 0 where 32 bits do not hold it. Nearly all
+/// texts are whole numbers that the control has written itself.
+std::int32_t wholeNumber(std::string_view text) {
     std::int32_t value = 0;
     const char *const end = text.data() + text.size();
     const std::from_chars_result read = std::from_chars(text.data(), end, value);
     if (read.ptr == end && read.ec == std::errc())
         return value;
-    const double odd = oddNumber(text);
-    const double whole = odd - std::remainder(odd, 1.0);
+    const double whole = nearestWhole(leadingNumber(text));
     using Limits = std::numeric_limits<std::int32_t>;
     return whole >= Limits::min() && whole <= Limits::max() ? static_cast<std::int32_t>(whole) : 0;
 }
@@ -141,7 +122,7 @@ bool ColumnSettings::isNumeric(int col) const {
 }
 
 std::int32_t ColumnSettings::number(List list, int col) const {
-    return leadingNumber(text(list, col));
+    return wholeNumber(text(list, col));
 }
 
 } // namespace tablio

@@ -1,3 +1,5 @@
+#include "support/notice_face.h"
+
 #include <tablio/pages/general_page.h>
 #include <tablio/tablio.h>
 
@@ -7,13 +9,6 @@
 
 namespace tablio {
 namespace {
-
-/// Writes down which properties are set, in their order.
-class NoticeFace final : public Face {
-public:
-    void propertyChanged(std::string_view name) override { notices.append(name).append(" "); }
-    std::string notices;
-};
 
 class GeneralPage : public testing::Test {
 protected:

@@ -1,6 +1,6 @@
 #include "automation/member_table.h"
+#include "support/notice_face.h"
 
-#include <tablio/face.h>
 #include <tablio/tablio.h>
 
 #include <gtest/gtest.h>
@@ -10,12 +10,6 @@
 
 namespace tablio {
 namespace {
-
-class NoticeFace final : public Face {
-public:
-    void propertyChanged(std::string_view name) override { notices.append(name).append(" "); }
-    std::string notices;
-};
 
 TEST(Notices, EachSavedPropertyTellsItsOwnNameWhenItIsWritten) {
     // What belongs to a row or a cell is not saved, and neither are these.
