@@ -37,6 +37,8 @@ endif()
 file(GLOB_RECURSE unit_sources CONFIGURE_DEPENDS tests/unit/*.cpp)
 if(unit_sources)
     add_executable(tablio_unit_tests ${unit_sources})
+    set_source_files_properties(tests/unit/dispatch_test.cpp PROPERTIES COMPILE_DEFINITIONS
+        "TABLIO_MEMBERS_DOCUMENT=\"${CMAKE_CURRENT_SOURCE_DIR}/docs/members.md\"")
     target_link_libraries(tablio_unit_tests
         PRIVATE tablio_test_support GTest::gtest GTest::gtest_main)
     tablio_compile_settings(tablio_unit_tests)

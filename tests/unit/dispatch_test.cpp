@@ -367,10 +367,8 @@ TEST(Dispatch, RefusesWithTheRightError) {
 }
 
 TEST(MemberDocument, IsTheOneThatIsShipped) {
-    const std::string here = __FILE__;
-    const std::string root = here.substr(0, here.rfind("tests/unit/"));
-    std::ifstream file(root + "docs/members.md", std::ios::binary);
-    ASSERT_TRUE(file) << root;
+    std::ifstream file(TABLIO_MEMBERS_DOCUMENT, std::ios::binary);
+    ASSERT_TRUE(file) << TABLIO_MEMBERS_DOCUMENT;
     const std::string shipped{std::istreambuf_iterator<char>(file), {}};
     EXPECT_TRUE(shipped == membersDocument())
         << "build tablio_members and print it again: tablio_members > docs/members.md";
