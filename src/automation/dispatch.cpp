@@ -3,7 +3,7 @@
 #include "automation/member_table.h"
 #include "automation/value_as.h"
 #include "control/control.h"
-#include "model/decimal_text.h"
+#include "model/text/decimal_text.h"
 
 #include <tablio/errors.h>
 #include <tablio/tablio.h>

@@ -3,8 +3,8 @@
 #include <tablio/errors.h>
 #include <tablio/tmatrix.h>
 
-#include "model/decimal_text.h"
-#include "model/leading_number.h"
+#include "model/text/decimal_text.h"
+#include "model/text/leading_number.h"
 
 #include <algorithm>
 #include <array>

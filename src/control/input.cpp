@@ -2,8 +2,8 @@
 
 #include "control/control.h"
 
-#include "model/number_text.h"
-#include "widgets/utf16.h"
+#include "model/text/number_text.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 

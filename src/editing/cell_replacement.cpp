@@ -1,7 +1,7 @@
 #include "editing/cell_replacement.h"
 
 #include "editing/column_rules.h"
-#include "widgets/trim.h"
+#include "model/text/trim.h"
 
 #include <algorithm>
 #include <vector>

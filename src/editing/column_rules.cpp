@@ -1,8 +1,8 @@
 #include "editing/column_rules.h"
 
-#include "model/number_text.h"
-#include "widgets/trim.h"
-#include "widgets/utf16.h"
+#include "model/text/number_text.h"
+#include "model/text/trim.h"
+#include "model/text/utf16.h"
 
 namespace tablio {
 

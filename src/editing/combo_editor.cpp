@@ -1,7 +1,7 @@
 #include "editing/combo_editor.h"
 
 #include "editing/column_rules.h"
-#include "widgets/utf16.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 

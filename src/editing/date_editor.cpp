@@ -1,6 +1,6 @@
 #include "editing/date_editor.h"
 
-#include "model/date_text.h"
+#include "model/text/date_text.h"
 
 #include <algorithm>
 

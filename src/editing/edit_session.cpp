@@ -1,8 +1,8 @@
 #include "editing/edit_session.h"
 
-#include "model/date_text.h"
-#include "model/number_text.h"
-#include "widgets/trim.h"
+#include "model/text/date_text.h"
+#include "model/text/number_text.h"
+#include "model/text/trim.h"
 
 #include <utility>
 

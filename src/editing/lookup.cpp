@@ -1,6 +1,6 @@
 #include "editing/lookup.h"
 
-#include "widgets/trim.h"
+#include "model/text/trim.h"
 
 namespace tablio {
 

@@ -1,10 +1,10 @@
 #include "editing/text_editor.h"
 
 #include "editing/column_rules.h"
-#include "model/number_picture.h"
-#include "model/number_text.h"
-#include "widgets/trim.h"
-#include "widgets/utf16.h"
+#include "model/text/number_picture.h"
+#include "model/text/number_text.h"
+#include "model/text/trim.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include <tablio/pages/columns_page.h>
 
-#include "model/number_text.h"
+#include "model/text/number_text.h"
 #include "pages/page_numbers.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include <tablio/pages/general_page.h>
 
-#include "model/number_text.h"
+#include "model/text/number_text.h"
 #include "pages/page_editing.h"
 #include "pages/page_numbers.h"
 

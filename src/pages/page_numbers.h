@@ -3,7 +3,7 @@
 /// How the property pages read the numbers in their text boxes. Unlike the cells of the table they
 /// follow no locale, because design tools write what these boxes hold.
 
-#include "model/leading_number.h"
+#include "model/text/leading_number.h"
 
 #include <string_view>
 

@@ -1,6 +1,6 @@
 #include <tablio/pages/property_page.h>
 
-#include "model/number_text.h"
+#include "model/text/number_text.h"
 
 #include <limits>
 #include <utility>

@@ -4,7 +4,7 @@
 #include <tablio/tablio.h>
 
 #include "control/control.h"
-#include "model/number_text.h"
+#include "model/text/number_text.h"
 #include "persistence/stored_keys.h"
 
 #include <algorithm>

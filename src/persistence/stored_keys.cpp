@@ -1,7 +1,7 @@
 #include "persistence/stored_keys.h"
 
 #include "automation/value_as.h"
-#include "model/number_text.h"
+#include "model/text/number_text.h"
 
 #include <array>
 

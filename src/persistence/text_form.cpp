@@ -1,6 +1,6 @@
 #include "persistence/text_form.h"
 
-#include "widgets/utf16.h"
+#include "model/text/utf16.h"
 
 #include <tablio/errors.h>
 

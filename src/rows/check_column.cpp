@@ -1,6 +1,6 @@
 #include "rows/check_column.h"
 
-#include "widgets/trim.h"
+#include "model/text/trim.h"
 
 namespace tablio {
 

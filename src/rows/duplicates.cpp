@@ -1,7 +1,7 @@
 #include "rows/duplicates.h"
 
-#include "widgets/trim.h"
-#include "widgets/utf16.h"
+#include "model/text/trim.h"
+#include "model/text/utf16.h"
 
 namespace tablio {
 

@@ -1,6 +1,6 @@
 #include "rows/row_stock.h"
 
-#include "widgets/trim.h"
+#include "model/text/trim.h"
 
 #include <tablio/errors.h>
 

@@ -1,8 +1,8 @@
 #include "state/cell_text.h"
 
-#include "model/date_text.h"
-#include "model/number_picture.h"
-#include "model/number_text.h"
+#include "model/text/date_text.h"
+#include "model/text/number_picture.h"
+#include "model/text/number_text.h"
 
 namespace tablio {
 

@@ -1,6 +1,6 @@
 #include "state/column_settings.h"
 
-#include "model/leading_number.h"
+#include "model/text/leading_number.h"
 
 #include <tablio/errors.h>
 

@@ -3,7 +3,7 @@
 /// The six settings of each column that the control itself keeps, as texts in six growable lists.
 /// Captions, widths and alignments live in the grid table. Indexes are grid columns, from 0.
 
-#include "model/grid_table.h"
+#include "model/grid/grid_table.h"
 
 #include <tablio/types.h>
 

@@ -4,7 +4,7 @@
 /// editors, the focus and the members that several collaborators share. It is data with the few
 /// rules that keep it consistent; what the control does with it stands in editing/ and rows/.
 
-#include "model/flex_grid.h"
+#include "model/grid/flex_grid.h"
 #include "state/column_settings.h"
 #include "state/host_link.h"
 #include "widgets/calendar.h"

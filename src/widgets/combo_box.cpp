@@ -1,6 +1,6 @@
 #include "widgets/combo_box.h"
 
-#include "widgets/utf16.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 #include <utility>

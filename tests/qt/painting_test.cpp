@@ -1,8 +1,8 @@
 /// What the grid looks like, read from its pixels at several scales, and how little is painted when
 /// little has changed.
 
+#include "grid/palette_colours.h"
 #include "grid_window.h"
-#include "palette_colours.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "automation/member_table.h"
 #include "control/control.h"
-#include "model/date_text.h"
+#include "model/text/date_text.h"
 #include "support/scenario_values.h"
 
 #include <tablio/errors.h>

@@ -4,7 +4,7 @@
 #include "support/scenario_picture.h"
 #include "support/scenario_stage.h"
 
-#include "widgets/utf16.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "support/scenario_text.h"
 
-#include "widgets/trim.h"
+#include "model/text/trim.h"
 
 #include <algorithm>
 #include <fstream>

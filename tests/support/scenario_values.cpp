@@ -1,6 +1,6 @@
 #include "support/scenario_values.h"
 
-#include "widgets/utf16.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "model/cell_store.h"
+#include "model/grid/cell_store.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/compact_text.h"
+#include "model/grid/compact_text.h"
 
 #include <gtest/gtest.h>
 

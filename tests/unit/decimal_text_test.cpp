@@ -1,4 +1,4 @@
-#include "model/decimal_text.h"
+#include "model/text/decimal_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "model/grid_view.h"
+#include "model/grid/grid_view.h"
 
 #include <tablio/errors.h>
 

@@ -1,4 +1,4 @@
-#include "model/number_picture.h"
+#include "model/text/number_picture.h"
 
 #include <gtest/gtest.h>
 

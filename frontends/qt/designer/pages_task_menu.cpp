@@ -1,6 +1,6 @@
 #include "pages_task_menu.h"
 
-#include "property_pages_dialog.h"
+#include "pages/property_pages_dialog.h"
 
 #include <QtDesigner/QDesignerFormWindowCursorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>

@@ -1,0 +1,78 @@
+#pragma once
+
+/// The one native text box of the control. It holds the keyboard all the time, so that starting an
+/// edit moves no native focus and no key can be lost on the way. Keys go to the core; the box shows
+/// what the core's editor holds. Only what a platform's box does by itself (composing, mouse
+/// selection, word keys) happens here first and is then reported.
+
+#include "editors/shown_editor.h"
+
+#include <QLineEdit>
+#include <QPointer>
+
+#include <functional>
+
+namespace tablio::qt {
+
+class TablioWidgetPrivate;
+
+class NativeTextBox final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    /// `frame` is the parent that clips the box.
+    NativeTextBox(TablioWidgetPrivate &parts, QWidget *frame);
+
+    /// Shows the open editor of the core; without one the box is parked: it keeps the keyboard,
+    /// is empty and clipped to nothing.
+    void mirror();
+    /// Font, palette or screen are others: the next mirroring sets all of them.
+    void forgetLook() { look_.reset(); }
+    /// Takes the native focus for the control.
+    void takeFocus();
+    /// Ends a composition by putting its text in.
+    void commitComposition();
+    [[nodiscard]] bool isComposing() const noexcept { return !preedit_.isEmpty(); }
+
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+protected:
+    bool event(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    [[nodiscard]] bool isEditing() const;
+    bool keyPressed(QKeyEvent &event);
+    /// What the box does by itself, followed by a report of what came out.
+    void natively(const std::function<void()> &action);
+    void settle();
+    void focusLeft(const QFocusEvent &event);
+
+    void compose(const QInputMethodEvent &event);
+    /// Takes what is being composed out of the box.
+    void clearPreedit();
+    /// Where the box stands now, for the windows of an input method.
+    void tellPlace();
+    [[nodiscard]] Qt::InputMethodHints cellHints() const;
+
+    void place(const ShownEditor &editor);
+    void setLook(const ShownEditor &editor);
+    void setContent(const ShownEditor &editor);
+    void park();
+    void sendKey(KeyCode key, ShiftState shift);
+    void typeText(const QString &text);
+
+    TablioWidgetPrivate &parts_;
+    std::optional<EditorLook> look_;
+    /// Where the grid shows that an edit is open, in twips.
+    Rect framed_;
+    QString preedit_;
+    /// The box is being set to what the core holds: its changes are no news.
+    bool mirroring_ = false;
+    /// The box is doing something by itself, which is reported at its end.
+    int nativeDepth_ = 0;
+};
+
+} // namespace tablio::qt

@@ -1,0 +1,155 @@
+#include "pages/property_pages_dialog.h"
+
+#include "pages/property_pages_preview.h"
+#include "pages/property_pages_view.h"
+#include "widget/guarded.h"
+#include "widget/qt_text.h"
+
+#include "control/control.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace tablio::qt {
+
+namespace {
+
+/// A table that holds data is edited here, too: its fixed columns must not be blanked.
+void endPageEditing() { ControlState::PageEditing = false; }
+
+} // namespace
+
+PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
+    : QDialog(parent), edited_(edited), pages_(edited.core(), *this),
+      generalView_(new PropertyPageView(pages_.general)),
+      columnsView_(new PropertyPageView(pages_.columns)), tabs_(new QTabWidget),
+      preview_(new PropertyPagesPreview(edited, pages_)), known_(edited.settings()) {
+    setWindowTitle(tr("Property Pages"));
+    tabs_->addTab(generalView_, toQString(pages_.general.name()));
+    tabs_->addTab(columnsView_, toQString(pages_.columns.name()));
+
+    using Buttons = QDialogButtonBox;
+    auto *buttons = new Buttons(Buttons::Ok | Buttons::Apply | Buttons::Cancel);
+    // Some desktops give them access keys, which those of the pages would meet.
+    for (QAbstractButton *button : buttons->buttons())
+        button->setText(button->text().remove(u'&'));
+    applyButton_ = buttons->button(Buttons::Apply);
+    applyButton_->setAutoDefault(false);
+    applyButton_->setEnabled(false);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(tabs_);
+    layout->addWidget(new QLabel(tr("Preview")));
+    layout->addWidget(preview_);
+    layout->addWidget(buttons);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);
+    // Now that it is a button of this dialog: it stays the default when the focus comes and goes.
+    buttons->button(Buttons::Ok)->setDefault(true);
+
+    connect(buttons, &Buttons::accepted, this, &PropertyPagesDialog::accept);
+    connect(buttons, &Buttons::rejected, this, &PropertyPagesDialog::reject);
+    connect(applyButton_, &QPushButton::clicked, this, &PropertyPagesDialog::apply);
+    connect(tabs_, &QTabWidget::currentChanged, this, &PropertyPagesDialog::showPage);
+    connect(columnsView_, &PropertyPageView::pressed, this,
+            [this](PageButton &button) { change([&] { pages_.columns.pressed(button); }); });
+    connect(columnsView_, &PropertyPageView::columnNamed, this,
+            [this] { pages_.columns.SelectionChanged(); });
+
+    for (QTimer *timer : {&previewTimer_, &followTimer_}) {
+        timer->setSingleShot(true);
+        timer->setInterval(0);
+    }
+    connect(&previewTimer_, &QTimer::timeout, this, &PropertyPagesDialog::refreshPreview);
+    connect(&followTimer_, &QTimer::timeout, this, &PropertyPagesDialog::follow);
+    connect(&edited, &TablioWidget::propertyChanged, this, [this] { followTimer_.start(); });
+    connect(&edited, &TablioWidget::tableChange, this, [this] { followTimer_.start(); });
+    showPage(tabs_->currentIndex());
+    refreshPreview(); // The dialog opens with the height that it needs.
+}
+
+PropertyPagesDialog::~PropertyPagesDialog() = default;
+
+template <typename Action> void PropertyPagesDialog::change(const Action &action) {
+    {
+        const QSignalBlocker quiet(edited_);
+        RowStock &rows = edited_.core().control().rows;
+        rows.watchNumbers();
+        guarded(action);
+        rows.blankFormerNumbers();
+    }
+    const QByteArray now = edited_.settings();
+    if (now == known_)
+        return;
+    known_ = now;
+    const QPointer<PropertyPagesDialog> alive(this);
+    guarded([this] { Q_EMIT edited_.propertyChanged({}); });
+    if (alive != nullptr)
+        Q_EMIT applied();
+}
+
+void PropertyPagesDialog::controlChanged(const PageControl &control) {
+    generalView_->mirror(control);
+    columnsView_->mirror(control);
+    previewTimer_.start();
+}
+
+void PropertyPagesDialog::focusMoved(const PageControl &control) {
+    generalView_->giveFocus(control);
+    columnsView_->giveFocus(control);
+}
+
+void PropertyPagesDialog::changedFlagSet(const PropertyPage & /*page*/) {
+    applyButton_->setEnabled(pages_.canApply());
+}
+
+void PropertyPagesDialog::showPage(int tab) {
+    const bool isGeneral = tabs_->widget(tab) == generalView_;
+    if (isGeneral)
+        pages_.show(pages_.general);
+    else
+        pages_.show(pages_.columns);
+    // Where the buttons that go from column to column put it, too.
+    if (!isGeneral && !tabs_->tabBar()->hasFocus())
+        columnsView_->giveFocus(pages_.columns.txtColTextHeader);
+    endPageEditing();
+    previewTimer_.start();
+}
+
+void PropertyPagesDialog::refreshPreview() {
+    guarded([this] { preview_->refresh(tabs_->currentWidget() == columnsView_); });
+}
+
+void PropertyPagesDialog::apply() {
+    // The keyboard may still be in a box that checks its number when it is left.
+    generalView_->settle();
+    columnsView_->settle();
+    change([this] {
+        pages_.apply();
+        // There may be more rows.
+        edited_.core().control().rows.RenumberFixedColumns();
+    });
+}
+
+void PropertyPagesDialog::accept() {
+    const QPointer<PropertyPagesDialog> alive(this);
+    apply();
+    if (alive != nullptr)
+        QDialog::accept();
+}
+
+void PropertyPagesDialog::follow() {
+    const QByteArray now = edited_.settings();
+    if (now == known_)
+        return;
+    known_ = now;
+    pages_.selectionChanged();
+    endPageEditing();
+}
+
+} // namespace tablio::qt

@@ -1,0 +1,132 @@
+#include "widget/qt_face.h"
+
+#include "editors/native_calendar.h"
+#include "editors/native_combo.h"
+#include "editors/native_text_box.h"
+#include "grid/grid_canvas.h"
+#include "widget/qt_text.h"
+#include "widget/table_menu.h"
+#include "widget/tablio_widget_p.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDate>
+#include <QLocale>
+#include <QMessageBox>
+
+#include <map>
+#include <utility>
+
+namespace tablio::qt {
+
+namespace {
+
+/// In milliseconds: events run this seldom during a scan, and looks at the clock that are this far
+/// apart belong to different scans.
+constexpr qint64 eventInterval = 50;
+constexpr qint64 scanGap = 10;
+/// A look at the clock takes longer than most of what is done between two calls.
+constexpr unsigned callsPerLook = 64;
+
+} // namespace
+
+void QtFace::widgetChanged(WidgetId widget) {
+    switch (widget) {
+    case WidgetId::picText:
+    case WidgetId::txtEdit:
+        parts_.textBox->mirror();
+        break;
+    case WidgetId::picEdit:
+    case WidgetId::cboEdit:
+        parts_.combo->mirror();
+        parts_.textBox->mirror();
+        break;
+    case WidgetId::txtDateEdit:
+        parts_.textBox->mirror();
+        break;
+    case WidgetId::cmdLookup:
+    case WidgetId::cmdCalender:
+        parts_.showButtons();
+        break;
+    case WidgetId::picDate:
+    case WidgetId::mvCalender:
+        parts_.calendar->mirror();
+        break;
+    case WidgetId::Grid:
+        break;
+    }
+}
+
+void QtFace::focusChanged(WidgetId /*owner*/) { parts_.textBox->takeFocus(); }
+
+void QtFace::areaChanged(const Rect &area) { parts_.canvas->showArea(area); }
+
+void QtFace::scrolled() {
+    parts_.arrange();
+    parts_.showScrollPosition();
+    parts_.canvas->showScrolled();
+}
+
+void QtFace::popUpMenu(Twips x, Twips y) {
+    const QPoint corner(x / twipsPerPixel, y / twipsPerPixel);
+    showTableMenu(parts_, parts_.canvas->mapToGlobal(corner));
+}
+
+void QtFace::showWarning(std::string_view title, std::string_view text) {
+    auto *box = new QMessageBox(QMessageBox::Warning, toQString(title), toQString(text),
+                                QMessageBox::Ok, &parts_.widget);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+std::string QtFace::clipboardText() { return fromQString(QGuiApplication::clipboard()->text()); }
+
+void QtFace::setClipboardText(std::string_view text) {
+    QGuiApplication::clipboard()->setText(toQString(text));
+}
+
+NumberFormat QtFace::numberFormat() const {
+    if (!numbers_) {
+        const QLocale locale = parts_.widget.locale();
+        const bool groups = !locale.numberOptions().testFlag(QLocale::OmitGroupSeparator);
+        numbers_ = {fromQString(locale.decimalPoint()), fromQString(locale.groupSeparator()),
+                    groups ? 3 : 0};
+    }
+    return *numbers_;
+}
+
+char32_t QtFace::toUpper(char32_t character) const { return QChar::toUpper(character); }
+
+char32_t QtFace::toLower(char32_t character) const { return QChar::toLower(character); }
+
+Date QtFace::today() const {
+    const QDate today = QDate::currentDate();
+    return {today.year(), today.month(), today.day()};
+}
+
+void QtFace::letPendingEventsRun() {
+    if (++calls_ % callsPerLook != 0)
+        return;
+    const bool isNewScan = !sinceLook_.isValid() || sinceLook_.elapsed() > scanGap;
+    sinceLook_.start();
+    if (isNewScan) {
+        sinceEvents_.start();
+        return;
+    }
+    if (sinceEvents_.elapsed() < eventInterval)
+        return;
+    sinceEvents_.start();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtFace::propertyChanged(std::string_view name) {
+    // Filling a table changes the same property for each cell, and mostly nobody listens. The names
+    // stay: a slot may change another property while it reads this one's name, or delete all this.
+    static std::map<std::string, QString, std::less<>> names;
+    static const std::pair<const std::string, QString> *last = nullptr;
+    if (last == nullptr || last->first != name)
+        last = &*names.try_emplace(std::string(name), toQString(name)).first;
+    Q_EMIT parts_.widget.propertyChanged(last->second);
+}
+
+} // namespace tablio::qt

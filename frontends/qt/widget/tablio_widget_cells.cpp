@@ -1,0 +1,63 @@
+/// The cells of `TablioWidget`, and how a host's QVariant is kept as a cell's tag.
+
+#include "widget/qt_text.h"
+#include "widget/tablio_widget_p.h"
+
+namespace tablio::qt {
+
+namespace {
+
+/// Marks a tag that is a QVariant of ours, so that no other program's pointer is read as one.
+struct DeletesVariant {
+    void operator()(QVariant *value) const { delete value; }
+};
+
+struct ToVariant {
+    QVariant operator()(const std::string &text) const { return toQString(text); }
+    QVariant operator()(std::int32_t number) const { return static_cast<int>(number); }
+    QVariant operator()(double number) const { return number; }
+    QVariant operator()(bool value) const { return value; }
+    QVariant operator()(const std::shared_ptr<void> &object) const {
+        if (std::get_deleter<DeletesVariant>(object) != nullptr)
+            return *static_cast<const QVariant *>(object.get());
+        return QVariant::fromValue(object.get());
+    }
+};
+
+MatrixValue fromVariant(const QVariant &value) {
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return std::string();
+    case QMetaType::QString:
+        return fromQString(value.toString());
+    case QMetaType::Int:
+        return std::int32_t{value.toInt()};
+    case QMetaType::Double:
+        return value.toDouble();
+    case QMetaType::Bool:
+        return value.toBool();
+    default:
+        return std::shared_ptr<void>(
+            std::shared_ptr<QVariant>(new QVariant(value), DeletesVariant()));
+    }
+}
+
+} // namespace
+
+QString TablioWidget::textMatrix(int row, int col) const {
+    return toQString(d_->core.TextMatrix(row, col));
+}
+
+void TablioWidget::setTextMatrix(int row, int col, const QString &value) {
+    d_->core.setTextMatrix(row, col, Utf8Text(value).view());
+}
+
+QVariant TablioWidget::cellTag(int row, int col) const {
+    return std::visit(ToVariant(), d_->core.CellTag()->Text(row, col));
+}
+
+void TablioWidget::setCellTag(int row, int col, const QVariant &value) {
+    d_->core.CellTag()->setText(row, col, fromVariant(value));
+}
+
+} // namespace tablio::qt

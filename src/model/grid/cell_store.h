@@ -1,0 +1,75 @@
+#pragma once
+
+/// The cells of the table, row by row: the text that is shown, the unformatted value where it
+/// differs from that text, the look, and the row's own height. Rows cost nothing until something
+/// is written into them. Indexes are trusted here; the grid table checks them.
+
+#include "model/grid/cell_style.h"
+#include "model/grid/compact_text.h"
+
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tablio {
+
+/// Never written to for one row alone while other rows hold it, too.
+using RowStyles = std::vector<StyleId>;
+
+class CellStore {
+public:
+    [[nodiscard]] int rows() const noexcept { return static_cast<int>(rows_.size()); }
+    [[nodiscard]] int cols() const noexcept { return cols_; }
+    void setRows(int count) { rows_.resize(static_cast<std::size_t>(count)); }
+    void setCols(int count);
+
+    /// Inserts a blank row that will have this index, or takes the row with this index away.
+    void insertRow(int row);
+    void removeRow(int row);
+    /// Wipes all texts, values and looks; rows, columns and heights stay.
+    void clear();
+
+    [[nodiscard]] std::string_view text(int row, int col) const noexcept;
+    /// Writes the shown text and forgets the unformatted value that belonged to the old one.
+    void setText(int row, int col, std::string_view text);
+
+    /// The unformatted value; a cell without one of its own, or with an empty one, answers its
+    /// text.
+    [[nodiscard]] std::string_view value(int row, int col) const noexcept;
+    void setValue(int row, int col, std::string_view value);
+
+    [[nodiscard]] StyleId style(int row, int col) const noexcept;
+    void setStyle(int row, int col, StyleId style);
+
+    /// The looks of a row's cells, by column, as far as any was styled; null where none was. Rows
+    /// that look alike may share one list, so that stripes cost a pointer a row.
+    [[nodiscard]] const std::shared_ptr<RowStyles> &rowStyles(int row) const noexcept {
+        return at(row).styles;
+    }
+    void setRowStyles(int row, std::shared_ptr<RowStyles> styles) {
+        at(row).styles = std::move(styles);
+    }
+
+    /// The height given to the row, in twips; -1 where none was.
+    [[nodiscard]] Twips height(int row) const noexcept { return at(row).height; }
+    void setHeight(int row, Twips height) { at(row).height = height; }
+
+private:
+    using Texts = std::vector<CompactText>;
+    struct Row {
+        Texts texts;
+        /// Only where a row has some; empty where the text says it all.
+        std::unique_ptr<Texts> values;
+        std::shared_ptr<RowStyles> styles;
+        Twips height = -1;
+    };
+
+    [[nodiscard]] Row &at(int row) { return rows_[static_cast<std::size_t>(row)]; }
+    [[nodiscard]] const Row &at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
+
+    std::vector<Row> rows_;
+    int cols_ = 0;
+};
+
+} // namespace tablio

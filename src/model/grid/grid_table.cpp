@@ -1,0 +1,252 @@
+#include "model/grid/grid_table.h"
+
+#include <tablio/errors.h>
+
+#include <algorithm>
+#include <array>
+
+namespace tablio {
+
+namespace {
+
+std::string outside(std::string_view operation, std::string_view what, long value, long from,
+                    long to) {
+    std::string message(operation);
+    message.append(": ").append(what).append(" ").append(std::to_string(value));
+    if (to < from)
+        return message.append(" does not exist, the grid has none");
+    return message.append(" is outside ")
+        .append(std::to_string(from))
+        .append(" to ")
+        .append(std::to_string(to));
+}
+
+void checkCount(std::string_view operation, int count, int from, int to) {
+    if (count > to)
+        throw OverflowError(outside(operation, "count", count, from, to));
+    if (count < from)
+        throw GridError(outside(operation, "count", count, from, to));
+}
+
+} // namespace
+
+GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
+    store_.setRows(2);
+    store_.setCols(2);
+    columns_.resize(2);
+}
+
+void GridTable::setRows(int count) {
+    checkCount("Rows", count, 0, maxRows);
+    store_.setRows(count);
+    fixedRows_ = std::min(fixedRows_, count);
+    observer_.tableChanged();
+}
+
+void GridTable::setCols(int count) {
+    checkCount("Cols", count, 0, maxCols);
+    store_.setCols(count);
+    columns_.resize(static_cast<std::size_t>(count));
+    fixedCols_ = std::min(fixedCols_, count);
+    observer_.tableChanged();
+}
+
+void GridTable::setFixedRows(int count) {
+    checkCount("FixedRows", count, 0, maxRows);
+    if (count > Rows())
+        throw GridError(outside("FixedRows", "count", count, 0, Rows()));
+    fixedRows_ = count;
+    observer_.tableChanged();
+}
+
+void GridTable::setFixedCols(int count) {
+    checkCount("FixedCols", count, 0, maxCols);
+    if (count > Cols())
+        throw GridError(outside("FixedCols", "count", count, 0, Cols()));
+    fixedCols_ = count;
+    observer_.tableChanged();
+}
+
+void GridTable::AddItem(std::string_view Item) { AddItem(Item, Rows()); }
+
+void GridTable::AddItem(std::string_view Item, int Index) {
+    if (Index < fixedRows_ || Index > Rows())
+        throw GridError(outside("AddItem", "row", Index, fixedRows_, Rows()));
+    if (Rows() == maxRows)
+        throw OverflowError("AddItem: the grid already has its " + std::to_string(maxRows) +
+                            " rows");
+    if (Index < Rows())
+        ++shiftStamp_;
+    store_.insertRow(Index);
+    for (int col = 0; !Item.empty() && col < Cols(); ++col) {
+        const std::size_t tab = std::min(Item.find('\t'), Item.size());
+        store_.setText(Index, col, Item.substr(0, tab));
+        Item.remove_prefix(std::min(tab + 1, Item.size()));
+    }
+    observer_.tableChanged();
+}
+
+void GridTable::RemoveItem(int Index) {
+    if (Index < fixedRows_ || Index >= Rows())
+        throw GridError(outside("RemoveItem", "row", Index, fixedRows_, Rows() - 1));
+    store_.removeRow(Index);
+    ++shiftStamp_;
+    observer_.tableChanged();
+}
+
+void GridTable::Clear() {
+    store_.clear();
+    styles_.clear();
+    ++shiftStamp_;
+    observer_.tableChanged();
+}
+
+std::string_view GridTable::TextMatrix(int row, int col) const {
+    checkRow(row, "TextMatrix");
+    checkCol(col, "TextMatrix");
+    return store_.text(row, col);
+}
+
+void GridTable::setTextMatrix(int row, int col, std::string_view text) {
+    checkRow(row, "TextMatrix");
+    checkCol(col, "TextMatrix");
+    store_.setText(row, col, text);
+    observer_.cellChanged(row, col);
+}
+
+std::string_view GridTable::unformatted(int row, int col) const {
+    checkRow(row, "TextMatrix");
+    checkCol(col, "TextMatrix");
+    return store_.value(row, col);
+}
+
+void GridTable::setUnformatted(int row, int col, std::string_view value) {
+    checkRow(row, "TextMatrix");
+    checkCol(col, "TextMatrix");
+    store_.setValue(row, col, value);
+}
+
+const CellStyle &GridTable::cellStyle(int row, int col) const {
+    checkRow(row, "cell style");
+    checkCol(col, "cell style");
+    return styles_[store_.style(row, col)];
+}
+
+void GridTable::setCellStyle(int row, int col, const CellStyle &style) {
+    checkRow(row, "cell style");
+    checkCol(col, "cell style");
+    store_.setStyle(row, col, styles_.intern(style));
+    observer_.cellChanged(row, col);
+}
+
+void GridTable::paintStripes(int lastRow, int firstCol, Colour oddRows, Colour evenRows) {
+    const int end = std::min(lastRow + 1, Rows());
+    if (end <= 1 || firstCol >= Cols())
+        return;
+    checkCol(firstCol, "CellBackColor");
+    struct Answer {
+        std::shared_ptr<RowStyles> from;
+        std::shared_ptr<RowStyles> to;
+    };
+    // Rows that looked alike will look alike, so the answer for one serves the next like it.
+    std::array<Answer, 2> answers;
+    for (int row = 1; row < end; ++row) {
+        const bool isOdd = row % 2 != 0;
+        Answer &answer = answers[isOdd ? 1 : 0];
+        const std::shared_ptr<RowStyles> &old = store_.rowStyles(row);
+        const bool isKnown =
+            answer.to && (old == answer.from || (old && answer.from && *old == *answer.from));
+        if (!isKnown)
+            answer = {old, painted(old, firstCol, isOdd ? oddRows : evenRows)};
+        store_.setRowStyles(row, answer.to);
+    }
+    observer_.looksChanged();
+}
+
+std::shared_ptr<RowStyles> GridTable::painted(const std::shared_ptr<RowStyles> &styles,
+                                              int firstCol, Colour background) {
+    const auto result =
+        styles ? std::make_shared<RowStyles>(*styles) : std::make_shared<RowStyles>();
+    result->resize(static_cast<std::size_t>(Cols()));
+    // Neighbours mostly look alike, so one answer of the style table serves many cells.
+    StyleId known = 0;
+    StyleId changed = 0;
+    bool isFirst = true;
+    for (auto style = result->begin() + firstCol; style != result->end(); ++style) {
+        if (isFirst || *style != known) {
+            CellStyle look = styles_[*style];
+            look.backColor = background;
+            known = *style;
+            changed = styles_.intern(look);
+            isFirst = false;
+        }
+        *style = changed;
+    }
+    return styles && *result == *styles ? styles : result;
+}
+
+Twips GridTable::RowHeight(int row) const {
+    checkRow(row, "RowHeight");
+    const Twips own = store_.height(row);
+    return std::max(own < 0 ? defaultRowHeight : own, rowHeightMin_);
+}
+
+void GridTable::setRowHeight(int row, Twips height) {
+    checkRow(row, "RowHeight");
+    store_.setHeight(row, std::max(height, -1));
+    observer_.tableChanged();
+}
+
+void GridTable::setRowHeightMin(Twips height) {
+    if (height < 0)
+        throw GridError("RowHeightMin: " + std::to_string(height) + " twips is below 0");
+    rowHeightMin_ = height;
+    observer_.tableChanged();
+}
+
+Twips GridTable::ColWidth(int col) const {
+    const Twips own = column(col, "ColWidth").width;
+    return own < 0 ? defaultColWidth : own;
+}
+
+void GridTable::setColWidth(int col, Twips width) {
+    column(col, "ColWidth").width = std::max(width, -1);
+    observer_.tableChanged();
+}
+
+int GridTable::ColAlignment(int col) const { return column(col, "ColAlignment").alignment; }
+
+void GridTable::setColAlignment(int col, int alignment) {
+    column(col, "ColAlignment").alignment = static_cast<std::int16_t>(alignment);
+    observer_.tableChanged();
+}
+
+int GridTable::FixedAlignment(int col) const {
+    return column(col, "FixedAlignment").fixedAlignment;
+}
+
+void GridTable::setFixedAlignment(int col, int alignment) {
+    column(col, "FixedAlignment").fixedAlignment = static_cast<std::int16_t>(alignment);
+    observer_.tableChanged();
+}
+
+void GridTable::setLook(const GridLook &look) {
+    look_ = look;
+    observer_.tableChanged();
+}
+
+void GridTable::refuse(std::string_view operation, std::string_view what, int index, int count) {
+    throw GridError(outside(operation, what, index, 0, count - 1));
+}
+
+const GridTable::Column &GridTable::column(int col, std::string_view operation) const {
+    checkCol(col, operation);
+    return columns_[static_cast<std::size_t>(col)];
+}
+
+GridTable::Column &GridTable::column(int col, std::string_view operation) {
+    checkCol(col, operation);
+    return columns_[static_cast<std::size_t>(col)];
+}
+
+} // namespace tablio

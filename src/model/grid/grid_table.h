@@ -1,0 +1,130 @@
+#pragma once
+
+/// The table of the grid surface: counts of rows and columns, texts, looks, sizes and alignments,
+/// under the grid's own names. It checks every index, tells one observer what changed, and knows
+/// neither the cursor nor what is on the screen.
+
+#include "model/grid/cell_store.h"
+#include "model/grid/grid_look.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tablio {
+
+/// Hears what changed, after the change.
+class GridTableObserver {
+public:
+    virtual ~GridTableObserver() = default;
+    virtual void cellChanged(int row, int col) = 0;
+    /// Counts, sizes or the look changed: whatever was derived from them is stale.
+    virtual void tableChanged() = 0;
+    /// Any number of cells look different; nothing else changed.
+    virtual void looksChanged() { tableChanged(); }
+};
+
+/// All rows and columns are counted from 0 with the fixed ones first; sizes are twips. A function
+/// that is given a row, column or count which the table cannot have throws GridError, or
+/// OverflowError beyond 16 bits, and changes nothing.
+class GridTable {
+public:
+    static constexpr int maxRows = 32768;
+    static constexpr int maxCols = 32767;
+    static constexpr Twips defaultRowHeight = 300;
+    static constexpr Twips defaultColWidth = 960;
+
+    explicit GridTable(GridTableObserver &observer);
+
+    [[nodiscard]] int Rows() const noexcept { return store_.rows(); }
+    [[nodiscard]] int Cols() const noexcept { return store_.cols(); }
+    [[nodiscard]] int FixedRows() const noexcept { return fixedRows_; }
+    [[nodiscard]] int FixedCols() const noexcept { return fixedCols_; }
+    /// Fewer rows or columns than the fixed ones take fixed ones away too.
+    void setRows(int count);
+    void setCols(int count);
+    void setFixedRows(int count);
+    void setFixedCols(int count);
+
+    /// Adds a row at the end, its texts being the parts of Item between tabs.
+    void AddItem(std::string_view Item);
+    /// Inserts such a row before the row that has this index.
+    void AddItem(std::string_view Item, int Index);
+    /// Takes a data row away; fixed rows cannot go.
+    void RemoveItem(int Index);
+    /// Wipes the texts and looks of all cells, fixed ones included.
+    void Clear();
+
+    [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
+    void setTextMatrix(int row, int col, std::string_view text);
+    /// The value behind a formatted text; the text itself where none was given.
+    [[nodiscard]] std::string_view unformatted(int row, int col) const;
+    void setUnformatted(int row, int col, std::string_view value);
+
+    [[nodiscard]] const CellStyle &cellStyle(int row, int col) const;
+    void setCellStyle(int row, int col, const CellStyle &style);
+
+    /// Gives all cells from a column on the background of their row, in rows 1 to lastRow as far as
+    /// there are any; the rest of each look stays.
+    void paintStripes(int lastRow, int firstCol, Colour oddRows, Colour evenRows);
+
+    [[nodiscard]] Twips RowHeight(int row) const;
+    void setRowHeight(int row, Twips height);
+    [[nodiscard]] Twips RowHeightMin() const noexcept { return rowHeightMin_; }
+    void setRowHeightMin(Twips height);
+    [[nodiscard]] Twips ColWidth(int col) const;
+    /// A negative width is the default one, 0 hides the column.
+    void setColWidth(int col, Twips width);
+    [[nodiscard]] int ColAlignment(int col) const;
+    void setColAlignment(int col, int alignment);
+    [[nodiscard]] int FixedAlignment(int col) const;
+    void setFixedAlignment(int col, int alignment);
+
+    [[nodiscard]] const GridLook &look() const noexcept { return look_; }
+    void setLook(const GridLook &look);
+
+    /// Whether such a cell exists, and the error that the operation throws when it does not.
+    [[nodiscard]] bool hasCell(int row, int col) const noexcept {
+        return row >= 0 && row < Rows() && col >= 0 && col < Cols();
+    }
+    void checkRow(int row, std::string_view operation) const {
+        if (row < 0 || row >= Rows())
+            refuse(operation, "row", row, Rows());
+    }
+    void checkCol(int col, std::string_view operation) const {
+        if (col < 0 || col >= Cols())
+            refuse(operation, "column", col, Cols());
+    }
+    /// Counts every change after which a row number may mean another row: rows inserted or removed
+    /// and the table wiped, but not rows added at the end.
+    [[nodiscard]] std::uint64_t shiftStamp() const noexcept { return shiftStamp_; }
+
+private:
+    struct Column {
+        Twips width = -1;
+        std::int16_t alignment = 9;
+        std::int16_t fixedAlignment = 9;
+    };
+
+    [[noreturn]] static void refuse(std::string_view operation, std::string_view what, int index,
+                                    int count);
+    /// The looks with another background from a column on; the same list when nothing changes.
+    [[nodiscard]] std::shared_ptr<RowStyles> painted(const std::shared_ptr<RowStyles> &styles,
+                                                     int firstCol, Colour background);
+    [[nodiscard]] const Column &column(int col, std::string_view operation) const;
+    [[nodiscard]] Column &column(int col, std::string_view operation);
+
+    GridTableObserver &observer_;
+    CellStore store_;
+    StyleTable styles_;
+    std::vector<Column> columns_;
+    GridLook look_;
+    int fixedRows_ = 1;
+    int fixedCols_ = 0;
+    Twips rowHeightMin_ = 0;
+    std::uint64_t shiftStamp_ = 0;
+};
+
+} // namespace tablio

@@ -1,0 +1,211 @@
+#include "model/text/number_text.h"
+
+#include "model/text/number_picture.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace tablio {
+
+namespace {
+
+constexpr std::int16_t backspace = 8;
+constexpr std::string_view integerPicture = "###,##0";
+constexpr std::string_view decimalPicture = "###,##0.0#########";
+constexpr std::size_t greatestFraction = 10; ///< Digits that decimalPicture can show.
+
+bool isDigit(char character) noexcept { return character >= '0' && character <= '9'; }
+
+bool isDigitKey(std::int16_t key) noexcept { return key >= '0' && key <= '9'; }
+
+std::string_view trimmedOfSpaces(std::string_view text) noexcept {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// The length of `text` as an editor counts it. Each byte that begins a character is one unit, and
+/// one that begins four bytes is a surrogate pair.
+int editorLength(std::string_view text) noexcept {
+    int units = 0;
+    for (const char byte : text) {
+        const auto value = static_cast<unsigned char>(byte);
+        units += (value & 0xC0) == 0x80 ? 0 : value >= 0xF0 ? 2 : 1;
+    }
+    return units;
+}
+
+/// The format's own decimal sign as a key, or 0 when it is not one UTF-16 unit of a key's range.
+std::int16_t ownDecimalKey(const NumberFormat &format) noexcept {
+    const std::string_view sign = decimalSignOf(format);
+    const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(sign[index]); };
+    int key = 0;
+    if (sign.size() == 1 && byteAt(0) < 0x80)
+        key = byteAt(0);
+    else if (sign.size() == 2 && byteAt(0) >= 0xC0 && byteAt(0) < 0xE0)
+        key = (byteAt(0) & 0x1F) << 6 | (byteAt(1) & 0x3F);
+    else if (sign.size() == 3 && byteAt(0) >= 0xE0 && byteAt(0) < 0xF0)
+        key = (byteAt(0) & 0x0F) << 12 | (byteAt(1) & 0x3F) << 6 | (byteAt(2) & 0x3F);
+    return key <= INT16_MAX ? static_cast<std::int16_t>(key) : std::int16_t{0};
+}
+
+bool isSignRule(TDataType dataType) noexcept {
+    return dataType == TDataType::AllValue || dataType == TDataType::Positive ||
+           dataType == TDataType::Negative;
+}
+
+/// The part of both filters that guards the leading minus sign of a signed column.
+bool breaksLeadingMinus(std::int16_t key, const EditorText &editor) noexcept {
+    const bool allSelected = editor.selLength == editorLength(editor.text);
+    if (key == '-') {
+        const bool hasMinus = editor.text.find('-') != std::string_view::npos;
+        return editor.selStart != 0 || (hasMinus && !allSelected);
+    }
+    const bool beforeMinus = !editor.text.empty() && editor.text[0] == '-' && editor.selStart == 0;
+    return beforeMinus && !allSelected;
+}
+
+/// A number as far as it has been typed: any part may still be missing.
+struct TypedNumber {
+    bool isNegative = false;
+    std::string digits; ///< Of the integer part, without grouping.
+    std::string_view decimalSign;
+    std::string_view fraction;
+};
+
+/// Unlike Decimal::parse() this takes grouping signs anywhere before the decimal sign, because
+/// deleting from "1,234" leaves ",234" or "1,", and it takes no exponent.
+std::optional<TypedNumber> readTyped(std::string_view text, const NumberFormat &format) {
+    TypedNumber typed;
+    std::size_t position = 0;
+    const auto skipBlanks = [&] {
+        while (const std::size_t length = blankLength(text, position))
+            position += length;
+    };
+    bool hasSign = false;
+    const auto takeMinus = [&] {
+        const std::size_t length = hasSign ? 0 : minusLength(text, position);
+        typed.isNegative = typed.isNegative || length > 0;
+        hasSign = hasSign || length > 0;
+        position += length;
+        skipBlanks();
+    };
+
+    skipBlanks();
+    takeMinus();
+    if (!hasSign && position < text.size() && text[position] == '+') {
+        hasSign = true;
+        ++position;
+    }
+    while (position < text.size()) {
+        if (isDigit(text[position])) {
+            typed.digits += text[position++];
+        } else if (const std::size_t sign = decimalSignLength(text, position, format)) {
+            typed.decimalSign = text.substr(position, sign);
+            position += sign;
+            break;
+        } else if (const std::size_t group = groupSignLength(text, position, format)) {
+            position += group;
+        } else {
+            break;
+        }
+    }
+    const std::size_t start = position;
+    while (!typed.decimalSign.empty() && position < text.size() && isDigit(text[position]))
+        ++position;
+    typed.fraction = text.substr(start, position - start);
+
+    skipBlanks();
+    takeMinus();
+    return position == text.size() ? std::optional(typed) : std::nullopt;
+}
+
+/// What is shown for text that was not typed digit by digit, such as a pasted "1.5e3".
+std::string groupNumber(std::string_view text, NumberKind kind, const NumberFormat &format) {
+    const std::optional<Decimal> number = Decimal::parse(text, format);
+    if (!number || number->isZero())
+        return std::string(text);
+    const bool isWhole = kind == NumberKind::Integer || number->fractionDigits() == 0;
+    return formatNumber(*number, isWhole ? integerPicture : decimalPicture, format);
+}
+
+} // namespace
+
+std::string NormalizeNumberText(std::string_view Value, std::int16_t Digits) {
+    if (Digits > 0)
+        return std::string(static_cast<std::size_t>(Digits), '\x0F');
+    const std::string_view trimmed = trimmedOfSpaces(Value);
+    return trimmed.empty() ? "0" : std::string(trimmed);
+}
+
+double TextToNumber(std::string &Value, const NumberFormat &format) {
+    const double number = textToDecimal(Value, format).toDouble();
+    if (number == 0.0)
+        Value.assign(1, '0');
+    return number;
+}
+
+Decimal textToDecimal(std::string_view text, const NumberFormat &format) {
+    return Decimal::parse(text, format).value_or(Decimal());
+}
+
+std::int16_t decimalKey(const NumberFormat &format) noexcept {
+    const std::int16_t own = ownDecimalKey(format);
+    return own != 0 ? own : std::int16_t{','};
+}
+
+bool isDecimalKey(std::int16_t KeyAscii, const NumberFormat &format) noexcept {
+    const std::int16_t own = ownDecimalKey(format);
+    if (KeyAscii != 0 && KeyAscii == own)
+        return true;
+    return KeyAscii == ',' && own != '.' && format.groupSign != ",";
+}
+
+void FilterDecimalKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataType DataType,
+                      const NumberFormat &format) {
+    if (!isSignRule(DataType))
+        return;
+    const std::int16_t key = KeyAscii;
+    const bool isSigned = DataType != TDataType::Positive;
+    const bool isSeparator = isDecimalKey(key, format);
+    const bool isKnown =
+        isDigitKey(key) || key == backspace || isSeparator || (isSigned && key == '-');
+    const bool secondSeparator =
+        isSeparator && findDecimalSign(Editor.text, format) != std::string_view::npos;
+    if (!isKnown || secondSeparator || (isSigned && breaksLeadingMinus(key, Editor)))
+        KeyAscii = 0;
+}
+
+void FilterIntegerKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataType DataType) {
+    if (!isSignRule(DataType))
+        return;
+    const std::int16_t key = KeyAscii;
+    const bool isSigned = DataType != TDataType::Positive;
+    const bool isKnown = isDigitKey(key) || key == backspace || (isSigned && key == '-');
+    if (!isKnown || (isSigned && breaksLeadingMinus(key, Editor)))
+        KeyAscii = 0;
+}
+
+std::string groupWhileTyping(std::string_view text, NumberKind kind, const NumberFormat &format) {
+    const std::optional<TypedNumber> typed = readTyped(text, format);
+    if (!typed || (kind == NumberKind::Integer && !typed->decimalSign.empty()))
+        return groupNumber(text, kind, format);
+
+    const bool isBegun = typed->digits.empty() && typed->fraction.empty();
+    const bool isZero = typed->digits.find_first_not_of('0') == std::string::npos;
+    if (isBegun || (kind == NumberKind::Integer && isZero))
+        return std::string(text);
+
+    std::string result = typed->isNegative ? "-" : "";
+    const std::optional<Decimal> integerPart =
+        typed->digits.empty() ? Decimal() : Decimal::parse(typed->digits, format);
+    if (!integerPart)
+        return std::string(text);
+    result += formatNumber(*integerPart, integerPicture, format);
+    result += typed->decimalSign;
+    result += typed->fraction.substr(0, greatestFraction);
+    return result;
+}
+
+} // namespace tablio
