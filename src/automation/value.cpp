@@ -3,6 +3,7 @@
 #include <tablio/errors.h>
 #include <tablio/tmatrix.h>
 
+#include "model/text/ascii.h"
 #include "model/text/decimal_text.h"
 #include "model/text/leading_number.h"
 
@@ -20,11 +21,6 @@ namespace {
 
 constexpr std::array<std::string_view, 9> typeNames{
     "Empty", "Boolean", "Integer", "Long", "Double", "String", "Font", "Object", "missing"};
-
-char lowered(char character) noexcept {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
-}
 
 std::optional<double> numberIn(std::string_view text) {
     static const NumberFormat noLocale{".", "", 0};
@@ -203,7 +199,7 @@ std::string_view nameOf(Value::Type type) noexcept {
 
 bool sameName(std::string_view left, std::string_view right) noexcept {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return lowered(a) == lowered(b); });
+                      [](char a, char b) { return ascii::lower(a) == ascii::lower(b); });
 }
 
 } // namespace tablio

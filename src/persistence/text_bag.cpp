@@ -1,5 +1,6 @@
 #include <tablio/text_bag.h>
 
+#include "model/text/ascii.h"
 #include "persistence/text_form.h"
 
 #include <tablio/errors.h>
@@ -13,14 +14,6 @@ namespace {
 
 constexpr std::string_view heading = "Tablio properties ";
 constexpr int version = 1;
-
-std::string lowerCase(std::string_view name) {
-    std::string result(name);
-    for (char &character : result)
-        character = character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                         : character;
-    return result;
-}
 
 [[noreturn]] void failAt(int line, const std::string &what) {
     throw Error("line " + std::to_string(line) + ": " + what);
@@ -74,21 +67,23 @@ std::string TextBag::text() const {
 }
 
 Value TextBag::readProperty(std::string_view name, const Value &defaultValue) const {
-    const auto entry = entries_.find(lowerCase(name));
+    const auto entry = entries_.find(ascii::lower(name));
     return entry == entries_.end() ? defaultValue : entry->second.value;
 }
 
 void TextBag::writeProperty(std::string_view name, const Value &value, const Value &defaultValue) {
     textform::checkName(name);
     if (comparesEqual(value, defaultValue)) {
-        entries_.erase(lowerCase(name));
+        entries_.erase(ascii::lower(name));
         return;
     }
     textform::checkStorable(value);
     store(name, value);
 }
 
-bool TextBag::contains(std::string_view name) const { return entries_.count(lowerCase(name)) > 0; }
+bool TextBag::contains(std::string_view name) const {
+    return entries_.count(ascii::lower(name)) > 0;
+}
 
 std::vector<std::string> TextBag::names() const {
     std::vector<std::string> result;
@@ -99,7 +94,7 @@ std::vector<std::string> TextBag::names() const {
 }
 
 void TextBag::store(std::string_view name, Value value) {
-    const auto [place, isNew] = entries_.try_emplace(lowerCase(name));
+    const auto [place, isNew] = entries_.try_emplace(ascii::lower(name));
     if (isNew)
         place->second = {nextOrder_++, std::string(name), std::move(value)};
     else

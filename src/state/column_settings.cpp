@@ -5,28 +5,12 @@
 #include <tablio/errors.h>
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
-#include <string_view>
-#include <system_error>
 #include <utility>
 
 namespace tablio {
 
 namespace {
-
-/// The number at the start of a text as a whole one; 0 where 32 bits do not hold it. Nearly all
-/// texts are whole numbers that the control has written itself.
-std::int32_t wholeNumber(std::string_view text) {
-    std::int32_t value = 0;
-    const char *const end = text.data() + text.size();
-    const std::from_chars_result read = std::from_chars(text.data(), end, value);
-    if (read.ptr == end && read.ec == std::errc())
-        return value;
-    const double whole = nearestWhole(leadingNumber(text));
-    using Limits = std::numeric_limits<std::int32_t>;
-    return whole >= Limits::min() && whole <= Limits::max() ? static_cast<std::int32_t>(whole) : 0;
-}
 
 int checked16Bit(std::size_t from, int to) {
     const auto difference = static_cast<long>(from) - to;
@@ -122,7 +106,10 @@ bool ColumnSettings::isNumeric(int col) const {
 }
 
 std::int32_t ColumnSettings::number(List list, int col) const {
-    return wholeNumber(text(list, col));
+    const std::int64_t whole = leadingWhole(text(list, col));
+    using Limits = std::numeric_limits<std::int32_t>;
+    // What 32 bits do not hold is no setting.
+    return whole >= Limits::min() && whole <= Limits::max() ? static_cast<std::int32_t>(whole) : 0;
 }
 
 } // namespace tablio

@@ -1,5 +1,8 @@
 #include "model/text/date_text.h"
 
+#include "model/text/ascii.h"
+#include "model/text/leading_number.h"
+
 #include <algorithm>
 #include <cstdint>
 
@@ -10,8 +13,6 @@ namespace {
 constexpr std::string_view emptyMask = "__/__/____";
 constexpr std::string_view clearedDate = "  /  /    ";
 constexpr int greatestWidth = 18; // 10^18 is the greatest power of ten in 64 bits.
-
-bool isDigit(char character) noexcept { return character >= '0' && character <= '9'; }
 
 /// Date text is taken apart by character positions. This view of it has one byte a UTF-16 unit,
 /// which stays as it is when it is ASCII and otherwise is something that no rule knows.
@@ -28,44 +29,6 @@ std::string characterPerByte(std::string_view text) {
     return characters;
 }
 
-bool isBlank(char character) noexcept {
-    return character == ' ' || character == '\t' || character == '\n';
-}
-
-/// The number with which `text` begins: blanks are skipped, and reading ends at the first character
-/// that cannot go on with sign, digits, one point and digits. Rounded half to even; a number beyond
-/// 18 digits stays at what 18 digits can say.
-std::int64_t leadingNumber(std::string_view text) noexcept {
-    constexpr std::int64_t ceiling = 999'999'999'999'999'999;
-    std::int64_t number = 0;
-    bool isNegative = false;
-    bool isBegun = false;
-    bool inFraction = false;
-    int tenths = 0; // Becomes 6 when more follows a 5, so that only exactly one half is a tie.
-    int fractionDigits = 0;
-    for (const char character : text) {
-        if (isBlank(character))
-            continue;
-        if (!isBegun && (character == '-' || character == '+')) {
-            isNegative = character == '-';
-        } else if (character == '.' && !inFraction) {
-            inFraction = true;
-        } else if (!isDigit(character)) {
-            break;
-        } else if (!inFraction) {
-            number = number > ceiling / 10 ? ceiling : number * 10 + (character - '0');
-        } else if (fractionDigits++ == 0) {
-            tenths = character - '0';
-        } else if (tenths == 5 && character != '0') {
-            tenths = 6;
-        }
-        isBegun = true;
-    }
-    if (tenths > 5 || (tenths == 5 && number % 2 != 0))
-        ++number;
-    return isNegative ? -number : number;
-}
-
 struct DateParts {
     int day;
     int month;
@@ -73,11 +36,11 @@ struct DateParts {
 };
 
 /// The three numbers of a date text, found by their places.
-DateParts readParts(std::string_view characters) noexcept {
+DateParts readParts(std::string_view characters) {
     const auto numberAt = [&](std::size_t start, std::size_t length) {
         if (start >= characters.size())
             return 0;
-        return static_cast<int>(leadingNumber(characters.substr(start, length)));
+        return static_cast<int>(leadingWhole(characters.substr(start, length)));
     };
     const std::size_t yearStart = characters.size() > 4 ? characters.size() - 4 : 0;
     return {numberAt(0, 2), numberAt(3, 2), numberAt(yearStart, 4)};
@@ -91,11 +54,6 @@ std::string padded(std::int64_t number, int width) {
     const std::string digits = std::to_string(power + number);
     const auto length = static_cast<std::size_t>(width);
     return digits.size() > length ? digits.substr(digits.size() - length) : digits;
-}
-
-char lowerAscii(char character) noexcept {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
-                                                : character;
 }
 
 /// Writes the part of `date` that a run of `length` picture letters asks for.
@@ -168,7 +126,7 @@ std::string DateToText(const Date &Value) {
 }
 
 std::string PadNumber(std::string_view Text, int Width) {
-    return padded(leadingNumber(Text), Width);
+    return padded(leadingWhole(Text), Width);
 }
 
 std::string formatDate(const Date &date, std::string_view picture, const DateNames &names) {
@@ -180,10 +138,10 @@ std::string formatDate(const Date &date, std::string_view picture, const DateNam
     std::string result;
     for (std::size_t position = 0; position < picture.size();) {
         const char character = picture[position];
-        const char letter = lowerAscii(character);
+        const char letter = ascii::lower(character);
         std::size_t end = position + 1;
         if (letter == 'd' || letter == 'm' || letter == 'y') {
-            while (end < picture.size() && lowerAscii(picture[end]) == letter)
+            while (end < picture.size() && ascii::lower(picture[end]) == letter)
                 ++end;
             appendPart(date, letter, end - position, names, result);
         } else if (character == '"') {

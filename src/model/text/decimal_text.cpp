@@ -1,5 +1,7 @@
 #include "model/text/decimal_text.h"
 
+#include "model/text/ascii.h"
+
 #include <algorithm>
 #include <cfloat>
 #include <cstdint>
@@ -8,6 +10,8 @@
 namespace tablio {
 
 namespace {
+
+using ascii::isDigit;
 
 /// The greatest exponent that is worth telling apart; far beyond any text that fits into memory.
 constexpr std::int64_t exponentCeiling = 1'000'000'000'000;
@@ -24,8 +28,6 @@ constexpr std::string_view narrowNoBreakSpace = "\xE2\x80\xAF";
 constexpr std::string_view thinSpace = "\xE2\x80\x89";
 constexpr std::string_view minusSign = "\xE2\x88\x92";
 constexpr std::string_view curlyApostrophe = "\xE2\x80\x99";
-
-bool isDigit(char character) noexcept { return character >= '0' && character <= '9'; }
 
 std::size_t matchLength(std::string_view text, std::size_t position,
                         std::string_view sign) noexcept {

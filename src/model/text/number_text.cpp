@@ -1,6 +1,9 @@
 #include "model/text/number_text.h"
 
+#include "model/text/ascii.h"
 #include "model/text/number_picture.h"
+#include "model/text/trim.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 #include <optional>
@@ -14,27 +17,7 @@ constexpr std::string_view integerPicture = "###,##0";
 constexpr std::string_view decimalPicture = "###,##0.0#########";
 constexpr std::size_t greatestFraction = 10; ///< Digits that decimalPicture can show.
 
-bool isDigit(char character) noexcept { return character >= '0' && character <= '9'; }
-
 bool isDigitKey(std::int16_t key) noexcept { return key >= '0' && key <= '9'; }
-
-std::string_view trimmedOfSpaces(std::string_view text) noexcept {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-/// The length of `text` as an editor counts it. Each byte that begins a character is one unit, and
-/// one that begins four bytes is a surrogate pair.
-int editorLength(std::string_view text) noexcept {
-    int units = 0;
-    for (const char byte : text) {
-        const auto value = static_cast<unsigned char>(byte);
-        units += (value & 0xC0) == 0x80 ? 0 : value >= 0xF0 ? 2 : 1;
-    }
-    return units;
-}
 
 /// The format's own decimal sign as a key, or 0 when it is not one UTF-16 unit of a key's range.
 std::int16_t ownDecimalKey(const NumberFormat &format) noexcept {
@@ -57,7 +40,7 @@ bool isSignRule(TDataType dataType) noexcept {
 
 /// The part of both filters that guards the leading minus sign of a signed column.
 bool breaksLeadingMinus(std::int16_t key, const EditorText &editor) noexcept {
-    const bool allSelected = editor.selLength == editorLength(editor.text);
+    const bool allSelected = editor.selLength == utf16::length(editor.text);
     if (key == '-') {
         const bool hasMinus = editor.text.find('-') != std::string_view::npos;
         return editor.selStart != 0 || (hasMinus && !allSelected);
@@ -99,7 +82,7 @@ std::optional<TypedNumber> readTyped(std::string_view text, const NumberFormat &
         ++position;
     }
     while (position < text.size()) {
-        if (isDigit(text[position])) {
+        if (ascii::isDigit(text[position])) {
             typed.digits += text[position++];
         } else if (const std::size_t sign = decimalSignLength(text, position, format)) {
             typed.decimalSign = text.substr(position, sign);
@@ -112,7 +95,7 @@ std::optional<TypedNumber> readTyped(std::string_view text, const NumberFormat &
         }
     }
     const std::size_t start = position;
-    while (!typed.decimalSign.empty() && position < text.size() && isDigit(text[position]))
+    while (!typed.decimalSign.empty() && position < text.size() && ascii::isDigit(text[position]))
         ++position;
     typed.fraction = text.substr(start, position - start);
 
@@ -135,8 +118,8 @@ std::string groupNumber(std::string_view text, NumberKind kind, const NumberForm
 std::string NormalizeNumberText(std::string_view Value, std::int16_t Digits) {
     if (Digits > 0)
         return std::string(static_cast<std::size_t>(Digits), '\x0F');
-    const std::string_view trimmed = trimmedOfSpaces(Value);
-    return trimmed.empty() ? "0" : std::string(trimmed);
+    const std::string_view text = trimmed(Value);
+    return text.empty() ? "0" : std::string(text);
 }
 
 double TextToNumber(std::string &Value, const NumberFormat &format) {
