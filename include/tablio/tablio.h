@@ -18,6 +18,7 @@
 namespace tablio {
 
 struct GridLook;
+struct Inside;
 class PropertyBag;
 
 /// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
@@ -220,6 +221,7 @@ public:
     void setLookupResult(int Row, int Col, std::string_view Value);
 
 private:
+    friend struct Inside;
     void changeColour(Colour GridLook::*member, Colour colour, std::string_view property);
 
     std::shared_ptr<Control> control_;

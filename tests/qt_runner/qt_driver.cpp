@@ -1,6 +1,6 @@
 #include "qt_runner/qt_driver.h"
 
-#include "control/control.h"
+#include "control/inside.h"
 #include "support/scenario_text.h"
 
 #include <QAbstractItemView>
@@ -121,7 +121,7 @@ void QtDriver::create(RecordingFace &face, Twips width, Twips height) {
     elsewhere_ = new QLineEdit(window_.get());
     grid_ = new qt::TablioWidget(window_.get());
     face_ = &face;
-    ControlState &state = grid_->core().control().state;
+    ControlState &state = Inside::of(grid_->core()).state;
     qtFace_ = &state.link.face();
     face.wrap(qtFace_);
     // A scenario starts from the control's own defaults, not from a theme's.
@@ -211,7 +211,7 @@ void QtDriver::compose(std::string_view text) {
         QPointer<QObject> box = QGuiApplication::focusObject();
         QInputMethodEvent preedit(asQString(text), {});
         QCoreApplication::sendEvent(box, &preedit);
-        if (!box || core() == nullptr || !core()->control().session.isOpen())
+        if (!box || core() == nullptr || !Inside::of(*core()).session.isOpen())
             return;
         QInputMethodEvent commit;
         commit.setCommitString(asQString(text));

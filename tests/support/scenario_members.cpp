@@ -1,7 +1,7 @@
 #include "support/scenario_members.h"
 
 #include "automation/member_table.h"
-#include "control/control.h"
+#include "control/inside.h"
 #include "model/text/date_text.h"
 #include "support/scenario_values.h"
 
@@ -13,13 +13,13 @@ namespace tablio::scenario {
 
 namespace {
 
-struct Inside {
+struct InsideFact {
     std::string_view name;
     MemberType type;
     Value (*read)(ControlState &);
 };
 
-constexpr Inside insides[] = {
+constexpr InsideFact insides[] = {
     {"Calendar", MemberType::String,
      [](ControlState &s) -> Value { return DateToText(s.widgets.mvCalender.Value()); }},
     {"Col", MemberType::Long, [](ControlState &s) -> Value { return s.grid.Col(); }},
@@ -100,10 +100,10 @@ void setMember(Tablio &core, std::string_view name, const Tokens &arguments) {
 
 Comparison readMember(Tablio &core, std::string_view name, const Tokens &arguments,
                       const Token &expected) {
-    const auto *const inside = std::ranges::find(insides, name, &Inside::name);
+    const auto *const inside = std::ranges::find(insides, name, &InsideFact::name);
     if (inside != std::end(insides))
         return {shown(inside->type, valueFor(inside->type, expected)),
-                shown(inside->type, inside->read(core.control().state))};
+                shown(inside->type, inside->read(Inside::of(core).state))};
     if (isTag(name, arguments)) {
         const MatrixValue tag =
             core.CellTag()->Text(valueOf<int>(arguments[0]), valueOf<int>(arguments[1]));

@@ -1,6 +1,6 @@
 #include "support/scenario_stage.h"
 
-#include "control/control.h"
+#include "control/inside.h"
 
 #include <utility>
 
@@ -13,7 +13,7 @@ Tablio &Stage::core() const {
     return *core;
 }
 
-ControlState &Stage::state() const { return core().control().state; }
+ControlState &Stage::state() const { return Inside::of(core()).state; }
 
 void Stage::fail(const Line &line, std::string message) {
     failures.push_back({line.number, line.text + "\n    " + std::move(message)});
