@@ -5,7 +5,7 @@
 #   window    tests/window/*.sh            the demo in a real X window on a private display
 #   package   tests/package/               the installed package, used from outside
 #   designer  tests/designer/              the Qt Designer plug-in; see TablioDesignerTests.cmake
-# Code that several of them share stands in tests/support/.
+# The player of the scenarios is a library of its own, testing/.
 
 find_package(GTest REQUIRED)
 include(GoogleTest)
@@ -23,14 +23,16 @@ target_include_directories(tablio_test_support INTERFACE
     "${CMAKE_CURRENT_SOURCE_DIR}/src" "${tests_dir}")
 target_link_libraries(tablio_test_support INTERFACE Tablio::Core)
 
-file(GLOB_RECURSE support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
-if(support_sources)
-    add_library(tablio_test_support_objects STATIC ${support_sources})
-    target_include_directories(tablio_test_support_objects PRIVATE src tests)
-    target_link_libraries(tablio_test_support_objects PUBLIC Tablio::Core GTest::gtest)
-    tablio_compile_settings(tablio_test_support_objects)
-    target_link_libraries(tablio_test_support INTERFACE tablio_test_support_objects)
-endif()
+# ---- the scenario player -------------------------------------------------------
+
+file(GLOB testing_sources CONFIGURE_DEPENDS testing/src/*.cpp)
+add_library(tablio_testing STATIC ${testing_sources})
+add_library(Tablio::Testing ALIAS tablio_testing)
+target_include_directories(tablio_testing
+    PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/testing/include"
+    PRIVATE testing/src src)
+target_link_libraries(tablio_testing PUBLIC Tablio::Core)
+tablio_compile_settings(tablio_testing)
 
 # ---- unit --------------------------------------------------------------------
 
@@ -40,7 +42,7 @@ if(unit_sources)
     set_source_files_properties(tests/unit/dispatch_test.cpp PROPERTIES COMPILE_DEFINITIONS
         "TABLIO_MEMBERS_DOCUMENT=\"${CMAKE_CURRENT_SOURCE_DIR}/docs/members.md\"")
     target_link_libraries(tablio_unit_tests
-        PRIVATE tablio_test_support GTest::gtest GTest::gtest_main)
+        PRIVATE tablio_test_support Tablio::Testing GTest::gtest GTest::gtest_main)
     tablio_compile_settings(tablio_unit_tests)
     # An "emulator" is the one way to give the discovery run, too, an environment.
     set_target_properties(tablio_unit_tests PROPERTIES
@@ -60,7 +62,7 @@ file(GLOB_RECURSE scenarios RELATIVE "${tests_dir}/scenarios" CONFIGURE_DEPENDS
     tests/scenarios/*.scenario)
 if(runner_sources)
     add_executable(tablio_scenarios ${runner_sources})
-    target_link_libraries(tablio_scenarios PRIVATE tablio_test_support)
+    target_link_libraries(tablio_scenarios PRIVATE Tablio::Testing)
     tablio_compile_settings(tablio_scenarios)
     foreach(scenario IN LISTS scenarios)
         string(REGEX REPLACE "\\.scenario$" "" subject "${scenario}")
@@ -107,7 +109,7 @@ if(TARGET tablio_qt AND qt_runner_sources)
     find_package(Qt6 6.2 REQUIRED COMPONENTS Test)
     add_executable(tablio_qt_scenarios ${qt_runner_sources})
     target_link_libraries(tablio_qt_scenarios
-        PRIVATE tablio_test_support Tablio::Qt Qt6::Test)
+        PRIVATE tablio_test_support Tablio::Testing Tablio::Qt Qt6::Test)
     tablio_compile_settings(tablio_qt_scenarios)
     foreach(scenario IN LISTS scenarios)
         string(REGEX REPLACE "\\.scenario$" "" subject "${scenario}")

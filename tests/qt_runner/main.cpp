@@ -2,7 +2,7 @@
 
 #include "qt_runner/qt_driver.h"
 
-#include "support/scenario_interpreter.h"
+#include <tablio/testing/player.h>
 
 #include <QApplication>
 #include <QProxyStyle>

@@ -1,7 +1,7 @@
 #include "qt_runner/qt_driver.h"
 
 #include "control/inside.h"
-#include "support/scenario_text.h"
+#include <tablio/testing/script.h>
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -3,8 +3,8 @@
 /// Plays scenarios against the Qt widget in a window: keys, clicks and compositions are native
 /// events that take the way a user's take, through Qt's own routing.
 
-#include "support/scenario_driver.h"
-#include "support/scenario_face.h"
+#include <tablio/testing/driver.h>
+#include <tablio/testing/recording_face.h>
 
 #include <tablio/qt/tablio_widget.h>
 
@@ -16,7 +16,7 @@
 
 namespace tablio::scenario {
 
-class QtDriver final : public ScenarioDriver {
+class QtDriver final : public Driver {
 public:
     void create(RecordingFace &face, Twips width, Twips height) override;
     void destroy() override;

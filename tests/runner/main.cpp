@@ -1,8 +1,8 @@
 /// `tablio_scenarios FILE…` plays scenario files against the core, without a display.
 
-#include "runner/core_driver.h"
+#include <tablio/testing/core_driver.h>
 
-#include "support/scenario_interpreter.h"
+#include <tablio/testing/player.h>
 
 int main(int argc, char **argv) {
     tablio::scenario::CoreDriver driver;

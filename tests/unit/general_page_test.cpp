@@ -1,4 +1,4 @@
-#include "support/notice_face.h"
+#include "unit/notice_face.h"
 
 #include <tablio/pages/general_page.h>
 #include <tablio/tablio.h>

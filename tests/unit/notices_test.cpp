@@ -1,5 +1,5 @@
 #include "automation/member_table.h"
-#include "support/notice_face.h"
+#include "unit/notice_face.h"
 
 #include <tablio/tablio.h>
 

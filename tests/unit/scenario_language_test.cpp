@@ -1,5 +1,5 @@
-#include "runner/core_driver.h"
-#include "support/scenario_interpreter.h"
+#include <tablio/testing/core_driver.h>
+#include <tablio/testing/player.h>
 
 #include <gtest/gtest.h>
 
@@ -26,9 +26,9 @@ std::string reportOf(const std::string &step) {
     const ScenarioFile file =
         parseScenarios("test", std::string(background) + "  type \"AB\"\n  " + step + "\n");
     CoreDriver driver;
-    Interpreter interpreter(driver);
+    Player player(driver);
     std::string report;
-    for (const Failure &failure : interpreter.play(file, file.scenarios.front()))
+    for (const Failure &failure : player.play(file, file.scenarios.front()))
         report += std::to_string(failure.line) + ": " + failure.message + "\n";
     return report;
 }

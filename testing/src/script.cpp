@@ -1,4 +1,4 @@
-#include "support/scenario_text.h"
+#include <tablio/testing/script.h>
 
 #include "model/text/trim.h"
 

@@ -3,7 +3,7 @@
 /// Draws what a user sees of the control as text: the table with the cursor, and the open editor
 /// with its caret. Scenarios compare these pictures; they read the control and change nothing.
 
-#include "support/scenario_text.h"
+#include <tablio/testing/script.h>
 
 #include "state/control_state.h"
 

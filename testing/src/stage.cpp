@@ -1,4 +1,4 @@
-#include "support/scenario_stage.h"
+#include "stage.h"
 
 #include "control/inside.h"
 

@@ -1,7 +1,7 @@
-#include "support/scenario_picture.h"
+#include "picture.h"
 
 #include "model/text/utf16.h"
-#include "support/scenario_values.h"
+#include "values.h"
 
 namespace tablio::scenario {
 

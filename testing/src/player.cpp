@@ -1,4 +1,6 @@
-#include "support/scenario_interpreter.h"
+#include <tablio/testing/player.h>
+
+#include "stage.h"
 
 #include <cstdio>
 #include <exception>
@@ -30,32 +32,34 @@ bool played(Stage &stage, const std::vector<Line> &steps) {
 
 } // namespace
 
-Interpreter::Interpreter(ScenarioDriver &driver) : stage_(driver) {
-    stage_.host.runSteps = [this](const std::vector<Line> &steps) {
+Player::Player(Driver &driver) : stage_(std::make_unique<Stage>(driver)) {
+    stage_->host.runSteps = [this](const std::vector<Line> &steps) {
         for (const Line &line : steps)
-            runStep(stage_, line);
+            runStep(*stage_, line);
     };
 }
 
-std::vector<Failure> Interpreter::play(const ScenarioFile &file, const Scenario &scenario) {
-    stage_.failures.clear();
-    stage_.host.forgetRules();
-    stage_.face = RecordingFace();
-    stage_.driver.create(stage_.face, controlWidth, controlHeight);
-    stage_.driver.core()->setHost(&stage_.host.relay);
-    if (played(stage_, file.background)) {
+Player::~Player() = default;
+
+std::vector<Failure> Player::play(const ScenarioFile &file, const Scenario &scenario) {
+    stage_->failures.clear();
+    stage_->host.forgetRules();
+    stage_->face = RecordingFace();
+    stage_->driver.create(stage_->face, controlWidth, controlHeight);
+    stage_->driver.core()->setHost(&stage_->host.relay);
+    if (played(*stage_, file.background)) {
         // What the background raised is nobody's business.
-        static_cast<void>(stage_.host.takeEvents());
-        stage_.face.notices.clear();
-        stage_.face.warnings.clear();
-        stage_.face.popUp.reset();
-        static_cast<void>(played(stage_, scenario.steps));
+        static_cast<void>(stage_->host.takeEvents());
+        stage_->face.notices.clear();
+        stage_->face.warnings.clear();
+        stage_->face.popUp.reset();
+        static_cast<void>(played(*stage_, scenario.steps));
     }
-    stage_.driver.destroy();
-    return std::exchange(stage_.failures, {});
+    stage_->driver.destroy();
+    return std::exchange(stage_->failures, {});
 }
 
-int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv) {
+int runScenarioFiles(Driver &driver, int argc, char **argv) {
     std::string only;
     std::vector<std::string> paths;
     for (int at = 1; at < argc; ++at) {
@@ -69,7 +73,7 @@ int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv) {
         std::fprintf(stderr, "usage: %s [--only TEXT] FILE.scenario…\n", argv[0]);
         return 2;
     }
-    Interpreter interpreter(driver);
+    Player player(driver);
     int count = 0;
     int failed = 0;
     try {
@@ -79,7 +83,7 @@ int runScenarioFiles(ScenarioDriver &driver, int argc, char **argv) {
                 if (scenario.name.find(only) == std::string::npos)
                     continue;
                 ++count;
-                const std::vector<Failure> failures = interpreter.play(file, scenario);
+                const std::vector<Failure> failures = player.play(file, scenario);
                 failed += failures.empty() ? 0 : 1;
                 for (const Failure &failure : failures)
                     std::printf("%s:%d: in \"%s\"\n    %s\n", path.c_str(), failure.line,

@@ -1,8 +1,8 @@
 /// The steps that begin with "expect".
 
-#include "support/scenario_members.h"
-#include "support/scenario_picture.h"
-#include "support/scenario_stage.h"
+#include "members.h"
+#include "picture.h"
+#include "stage.h"
 
 #include <algorithm>
 #include <span>

@@ -1,7 +1,7 @@
 #pragma once
 
 /// What a scenario needs of the thing it plays against: a control that can be made and destroyed,
-/// and a user's hands. The interpreter reads all state through `core()`. What a driver does not
+/// and a user's hands. The player reads all state through `core()`. What a driver does not
 /// override goes straight into `Input`, as a front end would send it; a front end's runner sends
 /// native events to its widget.
 
@@ -25,9 +25,9 @@ struct KeyStroke {
 /// Positions are twips from the control's top left corner. Input functions do what the user's
 /// action does and return when the control has dealt with it, pending events included; what a
 /// host handler throws comes out of them. Every function may be called from inside a handler.
-class ScenarioDriver {
+class Driver {
 public:
-    virtual ~ScenarioDriver() = default;
+    virtual ~Driver() = default;
 
     // Lifecycle.
     /// A fresh control with this inner size in place of the old one, its InitProperties done. It is

@@ -1,9 +1,9 @@
-#include "support/scenario_members.h"
+#include "members.h"
 
 #include "automation/member_table.h"
 #include "control/inside.h"
 #include "model/text/date_text.h"
-#include "support/scenario_values.h"
+#include "values.h"
 
 #include <tablio/errors.h>
 

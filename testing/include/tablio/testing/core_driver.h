@@ -2,14 +2,14 @@
 
 /// Plays scenarios against the core alone: nothing is shown.
 
-#include "support/scenario_driver.h"
-#include "support/scenario_face.h"
+#include <tablio/testing/driver.h>
+#include <tablio/testing/recording_face.h>
 
 #include <optional>
 
 namespace tablio::scenario {
 
-class CoreDriver final : public ScenarioDriver {
+class CoreDriver final : public Driver {
 public:
     void create(RecordingFace &face, Twips width, Twips height) override {
         tablio_.emplace();

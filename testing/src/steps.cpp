@@ -1,8 +1,8 @@
 /// The steps that do something. What a scenario expects stands in scenario_expect.cpp.
 
-#include "support/scenario_members.h"
-#include "support/scenario_picture.h"
-#include "support/scenario_stage.h"
+#include "members.h"
+#include "picture.h"
+#include "stage.h"
 
 #include "model/text/utf16.h"
 

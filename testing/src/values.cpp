@@ -1,4 +1,4 @@
-#include "support/scenario_values.h"
+#include "values.h"
 
 #include "model/text/utf16.h"
 

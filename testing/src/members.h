@@ -4,7 +4,7 @@
 /// in the control's own member table; what a scenario sees of the inside is one line each of the
 /// table in scenario_members.cpp.
 
-#include "support/scenario_text.h"
+#include <tablio/testing/script.h>
 
 #include <tablio/tablio.h>
 

@@ -1,8 +1,8 @@
-#include "support/scenario_host.h"
+#include "host.h"
 
 #include "automation/member_table.h"
 #include "model/text/utf16.h"
-#include "support/scenario_values.h"
+#include "values.h"
 
 #include <tablio/errors.h>
 

@@ -1,10 +1,10 @@
 #pragma once
 
 /// The host of a scenario: it writes every event down, one line each, and answers as the scenario
-/// has prepared. It knows events and no steps; what a step in a handler means, the interpreter
+/// has prepared. It knows events and no steps; what a step in a handler means, the player
 /// tells it.
 
-#include "support/scenario_text.h"
+#include <tablio/testing/script.h>
 
 #include <tablio/dispatch.h>
 #include <tablio/types.h>

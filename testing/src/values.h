@@ -4,8 +4,8 @@
 /// and values are shown as texts; an unknown name throws ScriptError.
 
 #include "automation/member_table.h"
-#include "support/scenario_driver.h"
-#include "support/scenario_text.h"
+#include <tablio/testing/driver.h>
+#include <tablio/testing/script.h>
 
 #include <cstdint>
 #include <string>

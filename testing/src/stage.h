@@ -3,13 +3,13 @@
 /// What the steps and the expectations of one running scenario share: the control and its two
 /// partners, the list of failures, and the reading of a step's words.
 
-#include "support/scenario_driver.h"
-#include "support/scenario_face.h"
-#include "support/scenario_host.h"
-#include "support/scenario_text.h"
-#include "support/scenario_values.h"
+#include "host.h"
+#include "values.h"
 
 #include "state/control_state.h"
+
+#include <tablio/testing/player.h>
+#include <tablio/testing/recording_face.h>
 
 #include <string>
 #include <string_view>
@@ -17,17 +17,11 @@
 
 namespace tablio::scenario {
 
-/// Something that is not as a scenario says, ready to be printed.
-struct Failure {
-    int line = 0;
-    std::string message;
-};
-
 class Stage {
 public:
-    explicit Stage(ScenarioDriver &played) : driver(played) {}
+    explicit Stage(Driver &played) : driver(played) {}
 
-    ScenarioDriver &driver;
+    Driver &driver;
     RecordingFace face;
     ScenarioHost host;
     std::vector<Failure> failures;
