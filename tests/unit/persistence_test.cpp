@@ -1,18 +1,15 @@
 #include "control/control.h"
 
 #include <tablio/dispatch.h>
-#include <tablio/errors.h>
 #include <tablio/tablio.h>
 #include <tablio/text_bag.h>
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <map>
-#include <random>
-#include <sstream>
+#include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tablio {
 namespace {
@@ -20,7 +17,7 @@ namespace {
 std::string saved(const Tablio &table) {
     TextBag bag;
     table.WriteProperties(bag);
-    return bag.text();
+    return bag.text().substr(bag.text().find('\n') + 1);
 }
 
 void load(Tablio &table, const std::string &lines) {
@@ -37,35 +34,7 @@ std::string listEntries(Tablio &table, int col) {
     return text;
 }
 
-TEST(Persistence, ASavedControlReadsLikeThis) {
-    Tablio table;
-    table.InitProperties();
-    table.setFont({"Arial", 9, false, true});
-    table.setCols(3);
-    table.setRows(12);
-    table.setFixedCols(1);
-    table.setWithFixedColumn(true);
-    table.setPrimaryColumn(1);
-    table.setCheckBoxes(-1);
-    table.setStripeColor(Colour{0xE0FFE0});
-    table.setEnabled(false);
-    table.setWordWrap(false);
-    table.setGridPopUpMenu(false);
-    table.setHeaderFontBold(true);
-    std::uint32_t colour = 1;
-    for (const auto setColour :
-         {&Tablio::setBackColorData, &Tablio::setGridColorData, &Tablio::setGridColorFixed,
-          &Tablio::setBackColorMarkRow, &Tablio::setForeColorMarkRow, &Tablio::setBackColor,
-          &Tablio::setCheckBoxColor})
-        (table.*setColour)(Colour{colour++});
-    table.SetColProperty(0, "No.", 500, TColumnStyle::ColumnFixedWithAutoNumber);
-    table.SetColProperty(1, "Größe", 2000, TColumnStyle::ColumnInput, TColumnType::ColumnDecimal,
-                         TColumnAlignment::ColumnCentre, TColumnAlignment::ColumnRight, 12,
-                         "###,##0.00");
-    table.setColDataType(1, TDataType::Positive);
-    table.setColCalcStyle(1, TCalcStyle::CalcStyle);
-    EXPECT_EQ(saved(table), R"(Tablio properties 1
-BackColorFixed Long -2147483633
+const std::string storedControl = R"(BackColorFixed Long -2147483633
 WordWrap Boolean False
 GridPopUpMenu Boolean False
 Font Font "Arial" 9 italic
@@ -105,26 +74,43 @@ ColTextHeader1 String "Gr\u{F6}\u{DF}e"
 ColDataAlignment1 Integer 7
 ColHeaderAlignment1 Integer 4
 ColWidth1 Long 2000
-ColStyle2 Double 0
-ColDataAlignment2 Integer 1
-ColHeaderAlignment2 Integer 1
-ColWidth2 Long 960
-)");
+)";
 
-    Tablio again;
-    again.ReadProperties(TextBag::parse(saved(table)));
-    EXPECT_EQ(again.Cols(), 3);
-    EXPECT_EQ(listEntries(again, 0), "3|0||64|0|0|");
-    EXPECT_EQ(listEntries(again, 1), "0|1|###,##0.00|12|1|1|");
-    EXPECT_EQ(again.ColTextHeader(1), "Größe");
-    EXPECT_EQ(again.TextMatrix(11, 0), "11");
-    // The tick column is saved but not loaded.
-    EXPECT_EQ(again.ColWidth(2), 300);
-    EXPECT_EQ(again.control().state.columns.length(), 2);
-    EXPECT_EQ(again.control().state.grid.table.ColAlignment(2), 9);
-    EXPECT_EQ(again.control().state.widgets.txtEdit.look().Font, again.Font());
-    EXPECT_TRUE(again.SetStatusCell());
-    EXPECT_TRUE(again.control().state.grid.view.Redraw());
+/// What a member holds whose indexes stand behind its name: "Rows", "ColWidth1", "TextMatrix10".
+Value held(Tablio &table, const std::string &name) {
+    const std::size_t end = std::min(name.find_first_of("0123456789"), name.size());
+    Values index;
+    for (const char digit : name.substr(end))
+        index.push_back(digit - '0');
+    return Dispatch(table).get(name.substr(0, end), index);
+}
+
+TEST(Persistence, AStoredControlIsLoadedAndSavedAgain) {
+    const TextBag bag = TextBag::parse("Tablio properties 1\n" + storedControl +
+                                       "ColWidth2 Long 960\nColTextHeader2 String \"ticks\"\n");
+    Tablio table;
+    Tablio used;
+    used.setCols(9);
+    used.setFixedCols(2);
+    for (Tablio *target : {&table, &used}) {
+        target->ReadProperties(bag);
+        EXPECT_EQ(saved(*target).substr(0, storedControl.size()), storedControl);
+        for (const std::string &name :
+             TextBag::parse("Tablio properties 1\n" + storedControl).names()) {
+            if (name != "Cols") {
+                EXPECT_TRUE(comparesEqual(held(*target, name), bag.readProperty(name, {}))) << name;
+            }
+        }
+        // The tick column is counted, but nothing of its own is loaded.
+        EXPECT_EQ(target->Cols(), 3);
+        EXPECT_EQ(target->ColWidth(2), 300);
+        EXPECT_EQ(target->ColTextHeader(2), "");
+        EXPECT_EQ(target->control().state.columns.length(), 2);
+        EXPECT_EQ(target->TextMatrix(11, 0), "11");
+        EXPECT_EQ(target->control().state.widgets.txtEdit.look().Font, table.Font());
+        EXPECT_TRUE(target->SetStatusCell());
+        EXPECT_TRUE(target->control().state.grid.view.Redraw());
+    }
 }
 
 TEST(Persistence, AnEmptyStoreGivesTheDefaults) {
@@ -132,179 +118,62 @@ TEST(Persistence, AnEmptyStoreGivesTheDefaults) {
     table.setCols(4);
     table.setFixedCols(2);
     load(table, "");
-    EXPECT_EQ(table.Cols(), 1);
-    EXPECT_EQ(table.Rows(), 2);
-    EXPECT_EQ(table.FixedRows(), 0);
-    EXPECT_EQ(table.FixedCols(), 0);
-    EXPECT_EQ(table.HeaderRowHeight(), 700);
-    EXPECT_EQ(table.RowMinHeight(), 285);
+    // The button text colour differs from every colour that is not to be stored.
+    EXPECT_EQ(saved(table), "ForeColorFixed Long -2147483630\n"
+                            "ForeColorData Long -2147483630\n"
+                            "HeaderRowHeight Long 700\nRowMinHeight Long 285\n");
     EXPECT_EQ(listEntries(table, 0), "2|0||64|0|0|");
-    EXPECT_EQ(table.control().state.columns.length(), 1);
-    EXPECT_EQ(table.ColTextHeader(0), "");
-    EXPECT_EQ(table.control().state.grid.table.ColAlignment(0), 0);
-    EXPECT_EQ(table.ColWidth(0), 0);
-    EXPECT_EQ(table.ForeColorData(), SystemColour::ButtonText);
-    EXPECT_EQ(table.BackColorFixed(), Colour{0xC0C0C0});
 }
 
 TEST(Persistence, StoredFormsThatAreNotTakenAtTheirWord) {
     const struct {
-        const char *what;
         const char *lines;
-        std::function<std::string(Tablio &)> look;
-        const char *expected;
+        std::vector<std::pair<const char *, const char *>> expected;
     } cases[] = {
-        {"general alignment", "ColDataAlignment0 Integer 9\nColHeaderAlignment0 Integer 9",
-         [](Tablio &t) {
-             return std::to_string(t.control().state.grid.table.ColAlignment(0)) +
-                    std::to_string(t.control().state.grid.table.FixedAlignment(0));
-         },
-         "11"},
-        {"either spelling", "Cols Long 2\nColMaxlength0 String \"7\"\nCOLMAXLENGTH1 Integer 8",
-         [](Tablio &t) {
-             return std::to_string(t.ColMaxLength(0)) + std::to_string(t.ColMaxLength(1));
-         },
-         "78"},
-        {"tick column counted off", "Cols Long 6\nCheckBoxes Integer -1\nColWidth4 Long 999",
-         [](Tablio &t) { return std::to_string(t.Cols()) + "," + std::to_string(t.ColWidth(4)); },
-         "5,300"},
-        {"any tick number", "Cols Long 2\nCheckBoxes Integer 3\nColWidth3 Long 9\nColWidth4 Long 8",
-         [](Tablio &t) {
-             return std::to_string(t.Cols()) + "," + std::to_string(t.ColWidth(3)) + "," +
-                    std::to_string(t.ColWidth(4));
-         },
-         "5,9,300"},
-        {"counts as text", "Cols String \" 3 \"\nRows String \"4\"",
-         [](Tablio &t) { return std::to_string(t.Cols()) + std::to_string(t.Rows()); }, "34"},
-        {"unreadable count is 0", "Cols String \"many\"\nCheckBoxes Integer 3",
-         [](Tablio &t) { return std::to_string(t.Cols()); }, "3"},
-        {"count that the grid refuses", "Cols Long 40000\nColWidth1 Long 77",
-         [](Tablio &t) { return std::to_string(t.Cols()) + "," + std::to_string(t.ColWidth(1)); },
-         "2,77"},
-        {"more fixed rows than rows", "Rows Long 3\nFixedRows Long 4\nColWidth0 Long 5",
-         [](Tablio &t) {
-             return std::to_string(t.FixedRows()) + "," + std::to_string(t.ColWidth(0));
-         },
-         "1,5"},
-        {"list texts are kept", "ColStyle0 String \"x\"\nColEditType0 Double 2.5",
-         [](Tablio &t) { return listEntries(t, 0); }, "x|2.5||64|0|0|"},
-        {"bold grid font makes plain headers", "Font Font \"\" 9 bold\nCols Long 2",
-         [](Tablio &t) {
-             const FlexGrid &grid = t.control().state.grid;
-             return std::to_string(grid.fontOf(0, 1).bold) + std::to_string(grid.fontOf(1, 1).bold);
-         },
-         "01"},
-        {"bold headers need a bold grid font", "HeaderFontBold Boolean True",
-         [](Tablio &t) { return std::to_string(t.control().state.grid.fontOf(0, 0).bold); }, "0"},
-        {"rows are numbered", "Rows Long 3\nFixedRows Long 1\nColStyle0 Integer 3",
-         [](Tablio &t) { return t.TextMatrix(1, 0) + t.TextMatrix(2, 0); }, "12"},
-        {"flags as numbers", "Enabled Integer 0\nWordWrap String \"false\"",
-         [](Tablio &t) { return std::to_string(t.Enabled()) + std::to_string(t.WordWrap()); },
-         "00"},
+        {"ColDataAlignment0 Integer 9\nColHeaderAlignment0 Integer 9",
+         {{"ColDataAlignment0", "1"}, {"ColHeaderAlignment0", "1"}}},
+        {"Cols Long 2\nColMaxlength0 String \"7\"\nCOLMAXLENGTH1 Integer 8",
+         {{"ColMaxLength0", "7"}, {"ColMaxLength1", "8"}}},
+        // The tick column is counted off.
+        {"Cols Long 6\nCheckBoxes Integer -1\nColWidth4 Long 999",
+         {{"Cols", "5"}, {"ColWidth4", "300"}}},
+        {"Cols Long 2\nCheckBoxes Integer 3\nColWidth3 Long 9\nColWidth4 Long 8",
+         {{"Cols", "5"}, {"ColWidth3", "9"}, {"ColWidth4", "300"}}},
+        {"Cols String \"many\"\nCheckBoxes Integer 3", {{"Cols", "3"}}},
+        // Counts as text, and such as the grid refuses.
+        {"Cols String \" 3 \"\nRows String \"4\"", {{"Cols", "3"}, {"Rows", "4"}}},
+        {"Cols Long 40000\nColWidth1 Long 77", {{"Cols", "2"}, {"ColWidth1", "77"}}},
+        {"Rows Long 3\nFixedRows Long 4\nColWidth0 Long 5",
+         {{"FixedRows", "1"}, {"ColWidth0", "5"}}},
+        // The font of the headers is set only where the grid's is bold.
+        {"Font Font \"\" 9 bold\nCols Long 2",
+         {{"CellFontBold01", "False"}, {"CellFontBold11", "True"}}},
+        {"HeaderFontBold Boolean True", {{"CellFontBold00", "False"}}},
+        {"Rows Long 3\nFixedRows Long 1\nColStyle0 Integer 3",
+         {{"TextMatrix10", "1"}, {"TextMatrix20", "2"}}},
+        {"Enabled Integer 0\nWordWrap String \"false\"",
+         {{"Enabled", "False"}, {"WordWrap", "False"}}},
     };
     for (const auto &c : cases) {
         Tablio table;
         load(table, c.lines);
-        EXPECT_EQ(c.look(table), c.expected) << c.what;
-        EXPECT_TRUE(table.SetStatusCell()) << c.what;
+        for (const auto &[member, text] : c.expected)
+            EXPECT_EQ(held(table, member).toText(), text) << c.lines << ", " << member;
     }
+    Tablio table;
+    load(table, "ColStyle0 String \"x\"\nColEditType0 Double 2.5");
+    EXPECT_EQ(listEntries(table, 0), "x|2.5||64|0|0|") << "list texts are kept";
 }
 
 TEST(Persistence, TwoHeightsChangeOnTheWay) {
     Tablio table;
     table.setRowMinHeight(0);
     table.setHeaderRowHeight(0);
-    Tablio again;
-    again.ReadProperties(TextBag::parse(saved(table)));
-    EXPECT_EQ(again.HeaderRowHeight(), 700);
+    load(table, saved(table));
+    EXPECT_EQ(table.HeaderRowHeight(), 700);
     table.setRowMinHeight(64);
-    again.ReadProperties(TextBag::parse(saved(table)));
-    EXPECT_EQ(again.RowMinHeight(), 285);
-}
-
-/// A control with random settings, of which those that change on the way are left out.
-class RandomSettings {
-public:
-    explicit RandomSettings(unsigned seed) : random_(seed) {}
-
-    int upTo(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit + 1)); }
-
-    void apply(Tablio &table) {
-        Dispatch dispatch(table);
-        table.setCols(upTo(6));
-        table.setCols(1 + upTo(5));
-        table.setRows(1 + upTo(6));
-        // Without fixed rows the numbers would overwrite the headers.
-        table.setFixedRows(1 + upTo(table.Rows() - 1));
-        table.setFixedCols(upTo(table.Cols()));
-        for (const char *name :
-             {"BackColorFixed", "ForeColorFixed", "BackColorData", "GridColorData",
-              "GridColorFixed", "ForeColorData", "BackColorMarkRow", "ForeColorMarkRow",
-              "BackColor", "CheckBoxColor"})
-            dispatch.put(name, colour());
-        for (const char *name :
-             {"WordWrap", "GridPopUpMenu", "WithFixedColumn", "HeaderFontBold", "Enabled"})
-            dispatch.put(name, upTo(1) == 1);
-        if (upTo(1) == 1)
-            table.setFont({text(), static_cast<float>(upTo(80)) / 4, upTo(1) == 1, upTo(1) == 1});
-        table.setPrimaryColumn(upTo(table.Cols() - 1));
-        table.setStripeColor(colour());
-        table.setRowMinHeight(65 + upTo(500));
-        table.setHeaderRowHeight(upTo(1000));
-        table.setCheckBoxes(upTo(2) - 1);
-        for (int col = 0; col < table.Cols(); ++col) {
-            for (const char *name : {"ColStyle", "ColEditType", "ColDataType", "ColCalcStyle",
-                                     "ColMaxLength", "ColWidth"})
-                dispatch.put(name, upTo(9) == 0 ? upTo(30000) : upTo(4), {col});
-            dispatch.put("ColFormat", text(), {col});
-            dispatch.put("ColTextHeader", text(), {col});
-            table.control().state.grid.table.setColAlignment(col, upTo(9));
-            table.control().state.grid.table.setFixedAlignment(col, upTo(9));
-        }
-    }
-
-private:
-    Colour colour() {
-        return upTo(3) == 0 ? Colour{0x80000000U + static_cast<unsigned>(upTo(24))}
-                            : Colour{static_cast<unsigned>(upTo(0xFFFFFF))};
-    }
-    std::string text() {
-        const char *texts[] = {"", "0.00", "###,##0", "a \"quoted\" text", "Größe\n", "64", "True"};
-        return texts[upTo(6)];
-    }
-
-    std::mt19937 random_;
-};
-
-TEST(Persistence, WhatIsSavedComesBack) {
-    for (unsigned seed = 0; seed < 2000; ++seed) {
-        SCOPED_TRACE(seed);
-        Tablio first;
-        RandomSettings(seed).apply(first);
-        // The tick column's own keys are not loaded; without them both texts agree.
-        const bool hasTicks = first.CheckBoxes() != 0;
-        const std::string tickColumn = std::to_string(first.Cols() - 1);
-        const auto comparable = [&](const std::string &text) {
-            std::istringstream lines(text);
-            std::string result;
-            for (std::string line; std::getline(lines, line);)
-                if (!hasTicks ||
-                    line.rfind(tickColumn, line.find(' ')) + tickColumn.size() != line.find(' '))
-                    result += line + "\n";
-            return result;
-        };
-        const std::string text = saved(first);
-        Tablio second;
-        second.ReadProperties(TextBag::parse(text));
-        const std::string again = saved(second);
-        ASSERT_EQ(comparable(again), comparable(text));
-        // From then on nothing changes any more, and a control in use loads like a new one.
-        first.ReadProperties(TextBag::parse(again));
-        Tablio third;
-        third.ReadProperties(TextBag::parse(again));
-        ASSERT_EQ(comparable(saved(third)), comparable(again));
-        ASSERT_EQ(comparable(saved(first)), comparable(again));
-    }
+    load(table, saved(table));
+    EXPECT_EQ(table.RowMinHeight(), 285);
 }
 
 /// A store in which one key holds something strange, or which refuses it.
@@ -331,39 +200,20 @@ private:
     bool refuses_;
 };
 
-std::map<std::string, std::string> linesByKey(const std::string &text) {
-    std::istringstream lines(text);
-    std::map<std::string, std::string> result;
-    for (std::string line; std::getline(lines, line);)
-        result[line.substr(0, line.find(' '))] = line;
-    return result;
+std::string without(const std::string &key, std::string lines) {
+    const std::size_t at = lines.find('\n' + key + ' ');
+    return at == std::string::npos ? lines : lines.erase(at, lines.find('\n', at + 1) - at);
 }
 
 TEST(Persistence, AStrangeValueSpoilsItsOwnSettingOnly) {
-    Tablio model;
-    RandomSettings(7).apply(model);
-    model.setCols(3);
-    model.setRows(9);
-    model.setCheckBoxes(0);
-    TextBag bag;
-    model.WriteProperties(bag);
+    // Without ticks, and without numbers, which a table without fixed rows has in its header.
+    std::string lines = "\n" + without("ColStyle0", without("CheckBoxes", storedControl));
+    const TextBag bag = TextBag::parse("Tablio properties 1\n" + lines);
     std::vector<std::string> keys = bag.names();
-    for (const char *key : {"WordWrap", "Font", "FixedCols", "FixedRows", "Enabled", "CheckBoxes"})
-        keys.emplace_back(key);
-
-    Tablio plain;
-    plain.ReadProperties(bag);
-    const auto expected = linesByKey(saved(plain));
-    const Value strangeValues[] = {Value(),
-                                   true,
-                                   std::int16_t{7},
-                                   100000,
-                                   1e300,
-                                   "strange",
-                                   "12",
-                                   Font{"Odd", 11, true},
-                                   std::make_shared<TMatrix>(),
-                                   Value::missing()};
+    keys.insert(keys.end(), {"CheckBoxes", "ColStyle0"});
+    const Value strangeValues[] = {
+        Value(),   true, std::int16_t{7}, 100000,           1e300,
+        "strange", "12", Font{"Odd", 11}, Value::missing(), std::make_shared<TMatrix>()};
     for (const std::string &key : keys) {
         for (std::size_t place = 0; place <= std::size(strangeValues); ++place) {
             const bool refuses = place == std::size(strangeValues);
@@ -372,42 +222,29 @@ TEST(Persistence, AStrangeValueSpoilsItsOwnSettingOnly) {
             table.ReadProperties(
                 StrangeBag(bag, key, refuses ? Value() : strangeValues[place], refuses));
             EXPECT_TRUE(table.SetStatusCell());
-            auto found = linesByKey(saved(table));
-            auto wanted = expected;
-            // The counts decide what there is to load at all.
-            if (key == "Cols" || key == "CheckBoxes" || key == "Rows") {
-                EXPECT_EQ(found["BackColor"], wanted["BackColor"]);
-                EXPECT_EQ(found["CheckBoxColor"], wanted["CheckBoxColor"]);
-                continue;
-            }
-            for (auto *lines : {&found, &wanted}) {
-                lines->erase(key);
-                // No row is lower than the least height.
-                if (key == "RowMinHeight")
-                    lines->erase("HeaderRowHeight");
-            }
-            EXPECT_EQ(found, wanted);
+            const std::string found = without(key, "\n" + saved(table));
+            // The counts decide what there is to load at all, and no row is below the least height.
+            if (key == "Cols" || key == "CheckBoxes" || key == "Rows" || key == "RowMinHeight")
+                EXPECT_NE(found.find("\nStripeColor Long 14745568\n"), std::string::npos);
+            else
+                EXPECT_EQ(found, without(key, lines));
         }
     }
 }
 
-TEST(Persistence, AStoreThatFailsLeavesTheControlAsItWas) {
+TEST(Persistence, AStoreThatFailsLeavesTheControlAsItWasButForTheLists) {
     Tablio table;
-    RandomSettings(3).apply(table);
-    table.setCheckBoxes(0);
-    auto before = linesByKey(saved(table));
+    table.setFont({"Arial", 9});
+    table.setColStyle(0, TColumnStyle::ColumnFixed);
+    table.setRows(9);
+    table.setColWidth(0, 77);
     const TextBag empty;
     StrangeBag refusing(empty, "*", {}, true);
     table.ReadProperties(refusing);
     table.WriteProperties(refusing);
-    auto after = linesByKey(saved(table));
-    // The lists are emptied before they are read.
-    for (auto *lines : {&before, &after})
-        for (auto line = lines->begin(); line != lines->end();)
-            line = line->first.rfind("ColWidth", 0) != 0 && line->first.rfind("Col", 0) == 0
-                       ? lines->erase(line)
-                       : std::next(line);
-    EXPECT_EQ(after, before);
+    EXPECT_EQ(table.Font().name, "Arial");
+    EXPECT_EQ(table.Rows(), 9);
+    EXPECT_EQ(table.ColWidth(0), 77);
     EXPECT_EQ(listEntries(table, 0), "2|0||64|0|0|");
     EXPECT_TRUE(table.SetStatusCell());
 }
