@@ -1,4 +1,4 @@
-#include "control/control.h"
+#include "control/inside.h"
 
 #include <tablio/dispatch.h>
 #include <tablio/tablio.h>
@@ -30,7 +30,7 @@ std::string listEntries(Tablio &table, int col) {
     for (const auto list :
          {ColumnSettings::Style, ColumnSettings::EditType, ColumnSettings::Format,
           ColumnSettings::MaxLength, ColumnSettings::DataType, ColumnSettings::CalcStyle})
-        text += table.control().state.columns.text(list, col) + "|";
+        text += Inside::of(table).state.columns.text(list, col) + "|";
     return text;
 }
 
@@ -105,11 +105,11 @@ TEST(Persistence, AStoredControlIsLoadedAndSavedAgain) {
         EXPECT_EQ(target->Cols(), 3);
         EXPECT_EQ(target->ColWidth(2), 300);
         EXPECT_EQ(target->ColTextHeader(2), "");
-        EXPECT_EQ(target->control().state.columns.length(), 2);
+        EXPECT_EQ(Inside::of(*target).state.columns.length(), 2);
         EXPECT_EQ(target->TextMatrix(11, 0), "11");
-        EXPECT_EQ(target->control().state.widgets.txtEdit.look().Font, table.Font());
+        EXPECT_EQ(Inside::of(*target).state.widgets.txtEdit.look().Font, table.Font());
         EXPECT_TRUE(target->SetStatusCell());
-        EXPECT_TRUE(target->control().state.grid.view.Redraw());
+        EXPECT_TRUE(Inside::of(*target).state.grid.view.Redraw());
     }
 }
 
