@@ -21,6 +21,7 @@ endfunction()
 
 tablio_add_bench(core core Tablio::Core)
 if(TARGET tablio_qt)
+    find_package(Qt6 6.2 REQUIRED COMPONENTS Widgets)
     tablio_add_bench(tablio qt Tablio::Qt)
     tablio_add_bench(qtablewidget qt Qt6::Widgets)
     tablio_add_bench(qtableview qt Qt6::Widgets)

@@ -29,7 +29,7 @@ if(NOT TARGET tablio_designer)
     tablio_skipped_test(designer "no Qt Designer library here (Debian: qt6-tools-dev, libqt6opengl6-dev)")
     return()
 endif()
-find_package(Qt6 6.2 QUIET OPTIONAL_COMPONENTS UiTools)
+find_package(Qt6 6.2 QUIET OPTIONAL_COMPONENTS Designer UiTools)
 # Qt's own package for this library wants headers that no distribution installs.
 find_library(TABLIO_DESIGNER_COMPONENTS Qt6DesignerComponents)
 mark_as_advanced(TABLIO_DESIGNER_COMPONENTS)

@@ -167,7 +167,7 @@ endif()
 # ---- designer ----------------------------------------------------------------
 
 if(TARGET tablio_qt)
-    include(TablioDesignerTests)
+    include(cmake/TablioDesignerTests.cmake)
 endif()
 
 # ---- package -----------------------------------------------------------------
