@@ -4,7 +4,7 @@
 /// date". Date cells, the date box and the calendar convert with these functions; they hold no
 /// state, accept any text whatever, and never consult the platform's locale.
 
-#include "tablio/date.h"
+#include <tablio/date.h>
 
 #include <array>
 #include <string>

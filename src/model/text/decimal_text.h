@@ -4,7 +4,7 @@
 /// such a text is made of. Everything that commits, shows or groups numbers uses it, so that 18
 /// typed digits come back as 18 digits; it never goes through binary floating point on the way.
 
-#include "tablio/number_format.h"
+#include <tablio/number_format.h>
 
 #include <cstddef>
 #include <optional>

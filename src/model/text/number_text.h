@@ -5,7 +5,7 @@
 /// properties and pages use them; they keep no state and change no editor.
 
 #include "model/text/decimal_text.h"
-#include "tablio/types.h"
+#include <tablio/types.h>
 
 #include <cstdint>
 #include <string>
