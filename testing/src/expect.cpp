@@ -1,8 +1,10 @@
 /// The steps that begin with "expect".
 
+#include "inside.h"
 #include "members.h"
-#include "picture.h"
 #include "stage.h"
+
+#include "model/text/utf16.h"
 
 #include <algorithm>
 #include <span>
@@ -30,55 +32,69 @@ std::string listed(std::span<const std::string> lines) {
     return result;
 }
 
+/// "cell ROW COL", as its rectangle.
+Rect cellNamed(Stage &stage, Words &words) {
+    words.require("cell");
+    return placeOf(stage.core(), words.cell());
+}
+
 void expectCell(Stage &stage, Words &words, const Line &line) {
     const CellAddress cell = words.cell();
     do {
         if (words.take("shows")) {
-            stage.check(line, "shown", quoted(words.text()),
-                        quoted(stage.state().grid.table.TextMatrix(cell.row, cell.col)));
+            stage.check(line, "shown", quoted(words.text()), quoted(shownText(stage.core(), cell)));
         } else {
             words.require("reads");
-            stage.check(line, "read", quoted(words.text()),
-                        quoted(stage.core().TextMatrix(cell.row, cell.col)));
+            const Value read = stage.driver.readMember("TextMatrix", {cell.row, cell.col});
+            stage.check(line, "read", quoted(words.text()), quoted(read.toText()));
         }
     } while (!words.atEnd());
 }
 
+/// The text with | for the caret or [ ] around the selection.
+std::string pictureOf(const OpenEditor &editor) {
+    std::string text = editor.text;
+    const std::size_t from = utf16::byteOffset(text, editor.selStart);
+    const std::size_t to = utf16::byteOffset(text, editor.selStart + editor.selLength);
+    if (from == to)
+        return text.insert(from, "|");
+    return text.insert(to, "]").insert(from, "[");
+}
+
 void expectEditor(Stage &stage, Words &words, const Line &line) {
-    const EditorView editor = editorOf(stage.state());
+    const std::optional<OpenEditor> editor = editorOf(stage.core());
     if (words.take("closed")) {
-        if (editor.widget != nullptr)
-            stage.fail(line, "the editor is open and shows " + quoted(pictureOf(editor)));
+        if (editor)
+            stage.fail(line, "the editor is open and shows " + quoted(pictureOf(*editor)));
         return;
     }
-    if (editor.widget == nullptr) {
+    if (!editor) {
         stage.fail(line, "no editor is open");
+        static_cast<void>(words.rest());
         return;
     }
     do {
         if (words.take("shows")) {
-            stage.check(line, "editor", quoted(words.text()), quoted(pictureOf(editor)));
+            stage.check(line, "editor", quoted(words.text()), quoted(pictureOf(*editor)));
         } else if (words.take("over")) {
-            words.require("cell");
-            const CellAddress cell = words.cell();
-            stage.check(line, "place", textOf(stage.state().grid.view.cellRect(cell.row, cell.col)),
-                        textOf(editor.frame->place()));
+            stage.check(line, "place", textOf(cellNamed(stage, words)), textOf(editor->place));
         } else if (words.take("tag")) {
-            stage.check(line, "Tag", quoted(words.text()), quoted(editor.widget->Tag()));
+            stage.check(line, "Tag", quoted(words.text()), quoted(editor->tag));
         } else if (words.take("max")) {
             stage.check(line, "MaxLength", std::to_string(words.number("a length")),
-                        std::to_string(editor.maxLength));
+                        std::to_string(editor->maxLength));
         } else {
             words.require("align");
             stage.check(line, "alignment", words.next("left or right").text,
-                        editor.isRightAligned ? "right" : "left");
+                        editor->isRightAligned ? "right" : "left");
         }
     } while (!words.atEnd());
 }
 
 void compareLists(Stage &stage, const Line &line, std::span<const std::string> expected,
                   std::span<const std::string> found) {
-    const auto [atExpected, atFound] = std::ranges::mismatch(expected, found);
+    const auto [atExpected, atFound] =
+        std::mismatch(expected.begin(), expected.end(), found.begin(), found.end());
     if (atExpected == expected.end() && atFound == found.end())
         return;
     const std::string wanted = atExpected == expected.end() ? "nothing more" : *atExpected;
@@ -97,7 +113,7 @@ std::vector<std::string> takeEvents(Stage &stage, Words &words) {
     std::vector<std::string> found;
     for (const ScenarioHost::Entry &entry : stage.host.takeEvents()) {
         const auto isEvent = [&](const Token &event) { return event.is(entry.event); };
-        if (only.empty() || std::ranges::any_of(only, isEvent))
+        if (only.empty() || std::any_of(only.begin(), only.end(), isEvent))
             found.push_back(entry.text);
     }
     return found;
@@ -116,24 +132,24 @@ void expectNotices(Stage &stage, Words &words, const Line &line) {
     std::vector<std::string> expected;
     for (const Token &name : words.rest())
         expected.push_back(name.text);
-    compareLists(stage, line, expected, std::exchange(stage.face.notices, {}));
+    compareLists(stage, line, expected, std::exchange(stage.driver.face.notices, {}));
 }
 
 void expectWarning(Stage &stage, Words &words, const Line &line) {
     const std::vector<std::string> expected{words.text()};
-    compareLists(stage, line, expected, std::exchange(stage.face.warnings, {}));
+    compareLists(stage, line, expected, std::exchange(stage.driver.face.warnings, {}));
 }
 
 void expectNo(Stage &stage, Words &words, const Line &line) {
     if (words.take("events")) {
         compareLists(stage, line, {}, takeEvents(stage, words));
     } else if (words.take("notices")) {
-        compareLists(stage, line, {}, std::exchange(stage.face.notices, {}));
+        compareLists(stage, line, {}, std::exchange(stage.driver.face.notices, {}));
     } else if (words.take("warning")) {
-        compareLists(stage, line, {}, std::exchange(stage.face.warnings, {}));
+        compareLists(stage, line, {}, std::exchange(stage.driver.face.warnings, {}));
     } else {
         words.require("menu");
-        if (std::exchange(stage.face.popUp, std::nullopt))
+        if (std::exchange(stage.driver.face.popUp, std::nullopt))
             stage.fail(line, "the menu has popped up");
     }
 }
@@ -141,72 +157,79 @@ void expectNo(Stage &stage, Words &words, const Line &line) {
 void expectMenu(Stage &stage, Words &words, const Line &line) {
     if (words.take("at")) {
         const std::string expected = textOf(words.cell());
-        const auto found = std::exchange(stage.face.popUp, std::nullopt);
+        const auto found = std::exchange(stage.driver.face.popUp, std::nullopt);
         stage.check(line, "menu", expected,
                     found ? textOf(CellAddress{found->first, found->second}) : "no menu");
         return;
     }
-    const TableMenu &menu = stage.state().menu;
-    const std::pair<MenuEntry, const TableMenu::Entry &> entries[] = {
-        {MenuEntry::mnuMarkRow, menu.mnuMarkRow},
-        {MenuEntry::mnuAddRow, menu.mnuAddRow},
-        {MenuEntry::mnuInsertRow, menu.mnuInsertRow},
-        {MenuEntry::mnuRemoveRow, menu.mnuRemoveRow},
-        {MenuEntry::mnuTableClear, menu.mnuTableClear}};
-    const auto wanted = words.next<MenuEntry>("a menu entry");
-    const TableMenu::Entry &entry =
-        std::ranges::find(entries, wanted, [](const auto &each) { return each.first; })->second;
+    const EntryView entry = entryOf(stage.core(), words.next<MenuEntry>("a menu entry"));
     do {
         const std::string expected = words.next("a state").text;
-        const char *const enabled = entry.enabled ? "enabled" : "disabled";
-        const char *const checked = entry.checked ? "checked" : "unchecked";
+        const char *const enabled = entry.isEnabled ? "enabled" : "disabled";
+        const char *const checked = entry.isChecked ? "checked" : "unchecked";
         stage.check(line, "menu", expected, expected.ends_with("checked") ? checked : enabled);
     } while (!words.atEnd());
 }
 
+using Picture = std::vector<std::vector<std::string>>;
+
+/// The rows of cells as they are shown, header first, the cursor's cell in [ ].
+Picture pictureOf(Tablio &core) {
+    Picture rows(static_cast<std::size_t>(core.Rows()));
+    for (CellAddress cell; cell.row < core.Rows(); ++cell.row) {
+        for (cell.col = 0; cell.col < core.Cols(); ++cell.col) {
+            const std::string text = shownText(core, cell);
+            rows[static_cast<std::size_t>(cell.row)].push_back(
+                cell == cursorOf(core) ? "[" + text + "]" : text);
+        }
+    }
+    return rows;
+}
+
+/// Rows of cells as scenarios write them.
+std::string drawn(const Picture &rows) {
+    std::string result;
+    for (const std::vector<std::string> &row : rows) {
+        result += "\n      |";
+        for (const std::string &cell : row)
+            result += " " + cell + " |";
+    }
+    return result;
+}
+
 void expectTable(Stage &stage, Words & /*words*/, const Line &line) {
-    std::vector<std::vector<std::string>> expected;
+    Picture expected;
     for (const Line &row : line.block)
         expected.push_back(cellsOf(row.text));
-    const std::vector<std::vector<std::string>> found = pictureOfTable(stage.state());
+    const Picture found = pictureOf(stage.core());
     if (expected != found)
         stage.fail(line, "expected:" + drawn(expected) + "\n    found:" + drawn(found));
 }
 
-/// "cell ROW COL", as its rectangle.
-Rect cellNamed(Stage &stage, Words &words) {
-    words.require("cell");
-    const CellAddress cell = words.cell();
-    return stage.state().grid.view.cellRect(cell.row, cell.col);
-}
-
 void expectWidget(Stage &stage, Words &words, const Line &line) {
-    const Widget &widget = widgetOf(stage.state(), words.next<WidgetId>("a widget"));
+    const auto [place, isVisible] = widgetOf(stage.core(), words.next<WidgetId>("a widget"));
     do {
         if (words.take("at")) {
             std::string expected = words.next("left").text;
             for (const char *const part : {"top", "width", "height"})
                 expected += " " + words.next(part).text;
-            stage.check(line, "place", expected, textOf(widget.place()));
+            stage.check(line, "place", expected, textOf(place));
         } else if (words.take("below")) {
             stage.check(line, "top", std::to_string(cellNamed(stage, words).bottom()),
-                        std::to_string(widget.Top()));
+                        std::to_string(place.top));
         } else if (words.take("above")) {
             stage.check(line, "bottom", std::to_string(cellNamed(stage, words).top),
-                        std::to_string(widget.place().bottom()));
+                        std::to_string(place.bottom()));
         } else if (words.take("inside")) {
             words.require("the");
             words.require("control");
-            const GridView &view = stage.state().grid.view;
-            const Rect &place = widget.place();
-            stage.check(line, "inside", "True",
-                        place.left >= 0 && place.top >= 0 && place.right() <= view.Width() &&
-                                place.bottom() <= view.Height()
-                            ? "True"
-                            : "False");
+            const Rect area = areaOf(stage.core());
+            const bool isInside = place.left >= 0 && place.top >= 0 &&
+                                  place.right() <= area.right() && place.bottom() <= area.bottom();
+            stage.check(line, "inside", "True", isInside ? "True" : "False");
         } else {
             stage.check(line, "widget", words.next("\"at\", \"visible\" or \"hidden\"").text,
-                        widget.Visible() ? "visible" : "hidden");
+                        isVisible ? "visible" : "hidden");
         }
     } while (!words.atEnd());
 }
@@ -219,18 +242,18 @@ struct Fact {
 };
 
 constexpr Fact facts[] = {
-    {"cursor", "at", [](Stage &stage) { return textOf(stage.state().grid.current()); }},
+    {"cursor", "at", [](Stage &stage) { return textOf(cursorOf(stage.core())); }},
     {"focus", "on",
      [](Stage &stage) {
-         const std::optional<WidgetId> owner = stage.state().focus.owner();
+         const std::optional<WidgetId> owner = focusOf(stage.core());
          return owner ? shown(*owner) : std::string("nobody");
      }},
     {"key", "preview",
      [](Stage &stage) {
-         const std::optional<bool> preview = stage.face.hostKeyPreview;
+         const std::optional<bool> preview = stage.driver.face.hostKeyPreview;
          return std::string(!preview ? "never set" : *preview ? "True" : "False");
      }},
-    {"clipboard", "", [](Stage &stage) { return quoted(stage.face.clipboardText()); }},
+    {"clipboard", "", [](Stage &stage) { return quoted(stage.driver.face.clipboardText()); }},
     {"control", "",
      [](Stage &stage) {
          return std::string(stage.driver.core() != nullptr ? "still there" : "destroyed");
@@ -238,8 +261,8 @@ constexpr Fact facts[] = {
 };
 
 bool expectFact(Stage &stage, const std::string &name, Words &words, const Line &line) {
-    const auto *const fact = std::ranges::find(facts, name, &Fact::name);
-    if (fact == std::end(facts))
+    const Fact *const fact = findBy(facts, &Fact::name, name);
+    if (fact == nullptr)
         return false;
     if (!fact->word.empty())
         words.require(fact->word);
@@ -253,7 +276,7 @@ bool expectFact(Stage &stage, const std::string &name, Words &words, const Line 
 
 void expectMember(Stage &stage, const std::string &name, Words &words, const Line &line) {
     const Tokens arguments = words.upTo("is");
-    const auto [expected, found] = readMember(stage.core(), name, arguments, words.next("a value"));
+    const auto [expected, found] = readMember(stage.driver, name, arguments, words.next("a value"));
     stage.check(line, name, expected, found);
 }
 
@@ -271,13 +294,10 @@ void runExpectation(Stage &stage, Words &words, const Line &line) {
     const Token what = words.next("what is expected");
     if (!line.block.empty() && !what.is("events") && !what.is("table"))
         throw ScriptError("the lines below this step are indented too far");
-    for (const auto &[name, expectation] : expectations) {
-        if (what.is(name)) {
-            expectation(stage, words, line);
-            return;
-        }
-    }
-    if (!expectFact(stage, what.text, words, line))
+    using Entry = std::pair<std::string_view, Expectation>;
+    if (const Entry *const entry = findBy(expectations, &Entry::first, what.text))
+        entry->second(stage, words, line);
+    else if (!expectFact(stage, what.text, words, line))
         expectMember(stage, what.text, words, line);
 }
 

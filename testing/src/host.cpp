@@ -1,12 +1,11 @@
 #include "host.h"
 
-#include "automation/member_table.h"
-#include "model/text/utf16.h"
 #include "values.h"
 
-#include <tablio/errors.h>
+#include "automation/member_table.h"
+#include "model/text/utf16.h"
 
-#include <algorithm>
+#include <tablio/errors.h>
 
 namespace tablio::scenario {
 
@@ -22,10 +21,10 @@ const Event &eventNamed(std::string_view name) {
 
 /// Where the argument stands, or nothing.
 std::optional<std::size_t> placeOf(const Event &event, std::string_view argument) {
-    const auto found = std::ranges::find(event.arguments, argument, &Argument::name);
-    if (found == event.arguments.end())
+    const Argument *const found = findBy(event.arguments, &Argument::name, argument);
+    if (found == nullptr)
         return std::nullopt;
-    return static_cast<std::size_t>(found - event.arguments.begin());
+    return static_cast<std::size_t>(found - event.arguments.data());
 }
 
 std::string characterText(std::int16_t keyAscii) {
@@ -75,7 +74,7 @@ void ScenarioHost::add(HostRule rule) {
 }
 
 void ScenarioHost::event(MemberNumber number, std::span<Value> arguments) {
-    const Event &event = *std::ranges::find(tablio::events(), number, &Event::number);
+    const Event &event = *findBy(tablio::events(), &Event::number, number);
     std::optional<CellAddress> cell;
     std::string text(event.name);
     if (const auto row = placeOf(event, "Row")) {

@@ -44,18 +44,19 @@ Player::~Player() = default;
 std::vector<Failure> Player::play(const ScenarioFile &file, const Scenario &scenario) {
     stage_->failures.clear();
     stage_->host.forgetRules();
-    stage_->face = RecordingFace();
-    stage_->driver.create(stage_->face, controlWidth, controlHeight);
-    stage_->driver.core()->setHost(&stage_->host.relay);
+    Driver &driver = stage_->driver;
+    driver.face = RecordingFace();
+    driver.create(controlWidth, controlHeight);
+    driver.setHost(&stage_->host.relay);
     if (played(*stage_, file.background)) {
         // What the background raised is nobody's business.
         static_cast<void>(stage_->host.takeEvents());
-        stage_->face.notices.clear();
-        stage_->face.warnings.clear();
-        stage_->face.popUp.reset();
+        driver.face.notices.clear();
+        driver.face.warnings.clear();
+        driver.face.popUp.reset();
         static_cast<void>(played(*stage_, scenario.steps));
     }
-    stage_->driver.destroy();
+    driver.destroy();
     return std::exchange(stage_->failures, {});
 }
 

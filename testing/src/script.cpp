@@ -148,7 +148,8 @@ std::string quoted(std::string_view text) {
     std::string result = "\"";
     for (const char character : text) {
         const auto *const escape =
-            std::ranges::find(escapes, character, &std::pair<char, char>::second);
+            std::find_if(std::begin(escapes), std::end(escapes),
+                         [&](const auto &each) { return each.second == character; });
         if (escape != std::end(escapes))
             result += {'\\', escape->first};
         else

@@ -1,7 +1,5 @@
 #include "stage.h"
 
-#include "control/inside.h"
-
 #include <utility>
 
 namespace tablio::scenario {
@@ -12,8 +10,6 @@ Tablio &Stage::core() const {
         throw ScriptError("the control is destroyed");
     return *core;
 }
-
-ControlState &Stage::state() const { return Inside::of(core()).state; }
 
 void Stage::fail(const Line &line, std::string message) {
     failures.push_back({line.number, line.text + "\n    " + std::move(message)});

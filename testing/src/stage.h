@@ -1,15 +1,12 @@
 #pragma once
 
-/// What the steps and the expectations of one running scenario share: the control and its two
-/// partners, the list of failures, and the reading of a step's words.
+/// What the steps and the expectations of one running scenario share: the driver
+/// and the host, the list of failures, and the reading of a step's words.
 
 #include "host.h"
 #include "values.h"
 
-#include "state/control_state.h"
-
 #include <tablio/testing/player.h>
-#include <tablio/testing/recording_face.h>
 
 #include <string>
 #include <string_view>
@@ -22,13 +19,11 @@ public:
     explicit Stage(Driver &played) : driver(played) {}
 
     Driver &driver;
-    RecordingFace face;
     ScenarioHost host;
     std::vector<Failure> failures;
 
-    /// Throw ScriptError while there is no control.
+    /// Throws ScriptError while there is no control.
     [[nodiscard]] Tablio &core() const;
-    [[nodiscard]] ControlState &state() const;
 
     void fail(const Line &line, std::string message);
     /// Fails unless the two are equal.

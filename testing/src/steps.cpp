@@ -1,12 +1,11 @@
 /// The steps that do something. What a scenario expects stands in scenario_expect.cpp.
 
+#include "inside.h"
 #include "members.h"
-#include "picture.h"
 #include "stage.h"
 
 #include "model/text/utf16.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -42,26 +41,26 @@ constexpr ColumnWord columnWords[] = {
     {"max", "ColMaxLength"},
 };
 
-void setUpColumn(Tablio &core, int index, const Line &line) {
+void setUpColumn(Driver &driver, int index, const Line &line) {
     Words words(tokensOf(line.text));
-    core.setColTextHeader(index, words.text());
+    driver.setMember("ColTextHeader", {index}, words.text());
     while (!words.atEnd()) {
         const Token &word = words.next("a column's setting");
-        const auto *const found = std::ranges::find(columnWords, word.text, &ColumnWord::word);
-        if (found == std::end(columnWords))
+        const ColumnWord *const found = findBy(columnWords, &ColumnWord::word, word.text);
+        if (found == nullptr)
             throw ScriptError("line " + std::to_string(line.number) + ": a column has no setting " +
                               quoted(word.text));
         const Token value =
             found->value.empty() ? words.next("a value") : Token{std::string(found->value)};
-        setMember(core, found->property, {{std::to_string(index)}, value});
+        setMember(driver, found->property, {{std::to_string(index)}, value});
     }
 }
 
 void columns(Stage &stage, Words & /*words*/, const Line &line) {
-    Tablio &core = stage.core();
-    core.setCols(static_cast<int>(line.block.size()));
-    for (std::size_t index = 0; index < line.block.size(); ++index)
-        setUpColumn(core, static_cast<int>(index), line.block[index]);
+    const int count = static_cast<int>(line.block.size());
+    stage.driver.setMember("Cols", {}, count);
+    for (int index = 0; index < count; ++index)
+        setUpColumn(stage.driver, index, line.block[static_cast<std::size_t>(index)]);
 }
 
 void resize(Stage &stage, Words &words, const Line & /*line*/) {
@@ -80,10 +79,12 @@ void focus(Stage &stage, Words &words, const Line & /*line*/) {
 }
 
 void locale(Stage &stage, Words &words, const Line & /*line*/) {
+    NumberFormat format;
     words.require("decimal");
-    stage.face.locale.decimalSign = words.text();
+    format.decimalSign = words.text();
     words.require("group");
-    stage.face.locale.groupSign = words.text();
+    format.groupSign = words.text();
+    stage.driver.setLocale(format);
 }
 
 // ---- the keyboard ------------------------------------------------------------
@@ -142,14 +143,12 @@ Point pointOf(Stage &stage, Words &words) {
     }
     words.require("cell");
     const CellAddress cell = words.cell();
-    const GridView &view = stage.state().grid.view;
-    const Rect rect = view.cellRect(cell.row, cell.col);
-    const Point middle{rect.left + rect.width / 2, rect.top + rect.height / 2};
-    if (view.hitTest(middle.x, middle.y) != cell || middle.x >= view.Width() ||
-        middle.y >= view.Height())
+    const Rect place = placeOf(stage.core(), cell);
+    const Point middle{place.left + place.width / 2, place.top + place.height / 2};
+    if (cellAt(stage.core(), middle.x, middle.y) != cell)
         throw ScriptError("the cell is not in view");
-    const Widget *frame = editorOf(stage.state()).frame;
-    if (frame != nullptr && frame->place().contains(middle.x, middle.y))
+    const std::optional<OpenEditor> editor = editorOf(stage.core());
+    if (editor && editor->place.contains(middle.x, middle.y))
         throw ScriptError("the editor lies over the cell");
     return middle;
 }
@@ -173,7 +172,7 @@ void doubleClick(Stage &stage, Words &words, const Line & /*line*/) {
 void drag(Stage &stage, Words &words, const Line & /*line*/) {
     for (const char *const word : {"border", "of", "column"})
         words.require(word);
-    const Rect header = stage.state().grid.view.cellRect(0, words.number("a column"));
+    const Rect header = placeOf(stage.core(), {0, words.number("a column")});
     words.require("by");
     const Twips distance = words.number("a distance");
     const Twips y = header.top + header.height / 2;
@@ -184,18 +183,20 @@ void drag(Stage &stage, Words &words, const Line & /*line*/) {
 }
 
 void scroll(Stage &stage, Words &words, const Line & /*line*/) {
-    const GridView &view = stage.state().grid.view;
+    const auto now = [&](std::string_view name) {
+        return static_cast<int>(insideValue(stage.core(), name)->second.toLong());
+    };
     words.require("to");
     const bool isRow = words.take("row");
     if (!isRow)
         words.require("column");
     const int index = words.number("a row or column");
-    stage.driver.scrollTo(isRow ? index : view.TopRow(), isRow ? view.LeftCol() : index);
+    stage.driver.scrollTo(isRow ? index : now("TopRow"), isRow ? now("LeftCol") : index);
 }
 
 void push(Stage &stage, Words &words, const Line & /*line*/) {
     const auto button = words.next<WidgetId>("a button");
-    if (!widgetOf(stage.state(), button).Visible())
+    if (!widgetOf(stage.core(), button).isVisible)
         throw ScriptError("the button is not to be seen");
     stage.driver.pushButton(button);
 }
@@ -208,7 +209,7 @@ void choose(Stage &stage, Words &words, const Line & /*line*/) {
 }
 
 void pick(Stage &stage, Words &words, const Line & /*line*/) {
-    if (!stage.state().widgets.mvCalender.Visible())
+    if (!widgetOf(stage.core(), WidgetId::mvCalender).isVisible)
         throw ScriptError("the calendar is not to be seen");
     stage.driver.pickDay(words.next<Date>("a day"));
 }
@@ -249,7 +250,7 @@ void forget(Stage &stage, Words &words, const Line & /*line*/) {
         static_cast<void>(stage.host.takeEvents());
     } else {
         words.require("notices");
-        stage.face.notices.clear();
+        stage.driver.face.notices.clear();
     }
 }
 
@@ -267,12 +268,12 @@ constexpr std::pair<std::string_view, Step> steps[] = {
     {"today",
      [](Stage &s, Words &words, const Line &) {
          words.require("is");
-         s.face.date = words.next<Date>("a date");
+         s.driver.face.date = words.next<Date>("a date");
      }},
     {"clipboard",
      [](Stage &s, Words &words, const Line &) {
          words.require("holds");
-         s.face.clipboard = words.text();
+         s.driver.setClipboard(words.text());
      }},
     {"type", type},
     {"press", press},
@@ -291,12 +292,12 @@ constexpr std::pair<std::string_view, Step> steps[] = {
     {"call",
      [](Stage &s, Words &words, const Line &) {
          const std::string name = words.next("a method").text;
-         callMember(s.core(), name, words.rest());
+         callMember(s.driver, name, words.rest());
      }},
     {"set",
      [](Stage &s, Words &words, const Line &) {
          const std::string name = words.next("a property").text;
-         setMember(s.core(), name, words.rest());
+         setMember(s.driver, name, words.rest());
      }},
     {"when", [](Stage &s, Words &words, const Line &line) { addRule(s, words, line, false); }},
     {"once", [](Stage &s, Words &words, const Line &line) { addRule(s, words, line, true); }},
@@ -315,9 +316,8 @@ void runTokens(Stage &stage, Tokens tokens, const Line &line) {
     tokens.erase(tokens.begin());
     if (!line.block.empty() && !takesBlock(line, verb))
         throw ScriptError("the lines below this step are indented too far");
-    const auto *const step =
-        std::ranges::find(steps, verb.text, &std::pair<std::string_view, Step>::first);
-    if (step == std::end(steps))
+    const auto *const step = findBy(steps, &std::pair<std::string_view, Step>::first, verb.text);
+    if (step == nullptr)
         throw ScriptError("there is no step " + quoted(verb.text));
     if (!verb.is("expect"))
         static_cast<void>(stage.core());
@@ -345,7 +345,8 @@ void runStep(Stage &stage, const Line &line) {
     Tokens tokens = tokensOf(line.text);
     Tokens behind;
     if (tokens.size() > 3 && tokens[0].is("at")) {
-        stage.core().CellFocus(valueOf<int>(tokens[1]), valueOf<int>(tokens[2]));
+        static_cast<void>(stage.core());
+        callMember(stage.driver, "CellFocus", {tokens[1], tokens[2]});
         tokens.erase(tokens.begin(), tokens.begin() + 3);
     }
     if (takeBehind(tokens, "fails", 1, behind)) {
@@ -367,7 +368,7 @@ void runStep(Stage &stage, const Line &line) {
     } else if (takeBehind(tokens, "ends", 3, behind)) {
         behind.insert(behind.begin(), {"cursor"});
     } else if (takeBehind(tokens, "writes", 1, behind) || takeBehind(tokens, "writes", 3, behind)) {
-        const CellAddress cell = stage.state().grid.current();
+        const CellAddress cell = cursorOf(stage.core());
         behind.insert(
             behind.begin(),
             {{"cell"}, {std::to_string(cell.row)}, {std::to_string(cell.col)}, {"shows"}});

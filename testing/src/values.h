@@ -4,14 +4,27 @@
 /// and values are shown as texts; an unknown name throws ScriptError.
 
 #include "automation/member_table.h"
+
 #include <tablio/testing/driver.h>
 #include <tablio/testing/script.h>
 
 #include <cstdint>
+#include <iterator>
 #include <string>
 #include <string_view>
 
 namespace tablio::scenario {
+
+/// The entry of a table in which this member is the key; null when there is none.
+template <typename Table, typename Member, typename Key>
+[[nodiscard]] auto findBy(const Table &table, Member member, const Key &key)
+    -> decltype(&*std::begin(table)) {
+    for (const auto &entry : table) {
+        if (entry.*member == key)
+            return &entry;
+    }
+    return nullptr;
+}
 
 /// "Enter", "Ctrl+V", "Shift+Left", "A" as one stroke on an American keyboard.
 [[nodiscard]] KeyStroke keyStrokeOf(std::string_view name);

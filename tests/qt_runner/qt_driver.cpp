@@ -115,12 +115,11 @@ Qt::MouseButton qtButtonOf(MouseButton button) {
 
 } // namespace
 
-void QtDriver::create(RecordingFace &face, Twips width, Twips height) {
+void QtDriver::create(Twips width, Twips height) {
     destroy();
     window_ = std::make_unique<QDialog>();
     elsewhere_ = new QLineEdit(window_.get());
     grid_ = new qt::TablioWidget(window_.get());
-    face_ = &face;
     ControlState &state = Inside::of(grid_->core()).state;
     qtFace_ = &state.link.face();
     face.wrap(qtFace_);
@@ -140,8 +139,7 @@ void QtDriver::create(RecordingFace &face, Twips width, Twips height) {
 }
 
 void QtDriver::destroy() {
-    if (face_ != nullptr)
-        face_->wrap(nullptr);
+    face.wrap(nullptr);
     delete grid_.data();
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *other : windows) {

@@ -4,7 +4,6 @@
 /// events that take the way a user's take, through Qt's own routing.
 
 #include <tablio/testing/driver.h>
-#include <tablio/testing/recording_face.h>
 
 #include <tablio/qt/tablio_widget.h>
 
@@ -18,7 +17,7 @@ namespace tablio::scenario {
 
 class QtDriver final : public Driver {
 public:
-    void create(RecordingFace &face, Twips width, Twips height) override;
+    void create(Twips width, Twips height) override;
     void destroy() override;
     [[nodiscard]] Tablio *core() override { return grid_ ? &grid_->core() : nullptr; }
     void show() override;
@@ -53,7 +52,6 @@ private:
     /// is gone by then.
     QPoint pressed_;
     Qt::MouseButton held_ = Qt::NoButton;
-    RecordingFace *face_ = nullptr;
     Face *qtFace_ = nullptr;
 };
 

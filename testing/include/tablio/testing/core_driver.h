@@ -3,15 +3,14 @@
 /// Plays scenarios against the core alone: nothing is shown.
 
 #include <tablio/testing/driver.h>
-#include <tablio/testing/recording_face.h>
 
 #include <optional>
 
 namespace tablio::scenario {
 
-class CoreDriver final : public Driver {
+class CoreDriver : public Driver {
 public:
-    void create(RecordingFace &face, Twips width, Twips height) override {
+    void create(Twips width, Twips height) override {
         tablio_.emplace();
         tablio_->setFace(&face);
         tablio_->InitProperties();

@@ -1,18 +1,19 @@
 #pragma once
 
-/// What a scenario needs of the thing it plays against: a control that can be made and destroyed,
-/// and a user's hands. The player reads all state through `core()`. What a driver does not
-/// override goes straight into `Input`, as a front end would send it; a front end's runner sends
-/// native events to its widget.
+/// What a scenario needs of the face it plays against: a control that can be made and destroyed, a
+/// user's hands and a host's calls. What a driver does not override goes straight into the core, as
+/// a front end would send it; a front end's driver sends native events to its own widget, and asks
+/// and tells it through its own properties, methods and events.
 
+#include <tablio/testing/recording_face.h>
+
+#include <tablio/dispatch.h>
 #include <tablio/tablio.h>
 
 #include <string>
 #include <string_view>
 
 namespace tablio::scenario {
-
-class RecordingFace;
 
 /// One key going down and up again, and the character that it types (0 for none), as a user with
 /// an American keyboard produces them: "a" is key 65 and character 'a', "-" is key 189.
@@ -29,11 +30,14 @@ class Driver {
 public:
     virtual ~Driver() = default;
 
+    /// The control's face. It lies around the front end's own one, if there is one.
+    RecordingFace face;
+
     // Lifecycle.
     /// A fresh control with this inner size in place of the old one, its InitProperties done. It is
-    /// not shown and has no host, and the keyboard is elsewhere in the host's form. Its face is, or
-    /// is wrapped by, `face`, which also says which locale, date and clipboard there are.
-    virtual void create(RecordingFace &face, Twips width, Twips height) = 0;
+    /// not shown and has no host, and the keyboard is elsewhere in the host's form. Its face is
+    /// `face`, which has forgotten all of the scenario before.
+    virtual void create(Twips width, Twips height) = 0;
     /// Destroys the control, also from inside one of its handlers.
     virtual void destroy() = 0;
     /// Null while there is no control.
@@ -44,6 +48,18 @@ public:
     /// The user brings the keyboard into the control, or to another widget of the host's form.
     virtual void enterFocus() { input().focusEntered(); }
     virtual void leaveFocus() { input().focusLeft(); }
+
+    // The host. Names and types are those of the control's member table; `CellTag` with a row and a
+    // column is the text that the host keeps with that cell. Optional arguments that a scenario
+    // leaves out are left to the face. What the control throws passes through.
+    virtual void setHost(HostEvents *host) { core()->setHost(host); }
+    virtual Value callMember(std::string_view name, const Values &arguments);
+    virtual void setMember(std::string_view name, const Values &index, const Value &value);
+    [[nodiscard]] virtual Value readMember(std::string_view name, const Values &index);
+
+    // The platform. Whoever overrides these makes the front end's own face answer (`face`).
+    virtual void setLocale(const NumberFormat &locale) { face.locale = locale; }
+    virtual void setClipboard(std::string_view text) { face.clipboard = text; }
 
     // Keyboard. Here and below a handler may destroy the control between one call and the next.
     virtual void strike(const KeyStroke &stroke) {

@@ -24,69 +24,57 @@ public:
     std::optional<std::pair<Twips, Twips>> popUp;
     std::optional<bool> hostKeyPreview;
 
-    // What is answered.
-    NumberFormat locale;
-    Date date{2024, 5, 17};
-    /// A driver with a real clipboard keeps this in step, or overrides the two functions.
-    std::string clipboard;
+    // What is answered; what holds nothing is asked of the front end's own face.
+    std::optional<NumberFormat> locale = NumberFormat();
+    std::optional<Date> date = Date{2024, 5, 17};
+    std::optional<std::string> clipboard = "";
 
-    void widgetChanged(WidgetId widget) override {
-        if (inner_ != nullptr)
-            inner_->widgetChanged(widget);
-    }
-    void focusChanged(WidgetId owner) override {
-        if (inner_ != nullptr)
-            inner_->focusChanged(owner);
-    }
-    void areaChanged(const Rect &area) override {
-        if (inner_ != nullptr)
-            inner_->areaChanged(area);
-    }
-    void scrolled() override {
-        if (inner_ != nullptr)
-            inner_->scrolled();
-    }
+    void widgetChanged(WidgetId widget) override { inner().widgetChanged(widget); }
+    void focusChanged(WidgetId owner) override { inner().focusChanged(owner); }
+    void areaChanged(const Rect &area) override { inner().areaChanged(area); }
+    void scrolled() override { inner().scrolled(); }
     void popUpMenu(Twips x, Twips y) override {
         popUp = {x, y};
-        if (inner_ != nullptr)
-            inner_->popUpMenu(x, y);
+        inner().popUpMenu(x, y);
     }
     void showWarning(std::string_view title, std::string_view text) override {
         warnings.push_back(std::string(title) + ": " + std::string(text));
-        if (inner_ != nullptr)
-            inner_->showWarning(title, text);
+        inner().showWarning(title, text);
     }
-    [[nodiscard]] std::string clipboardText() override { return clipboard; }
+    [[nodiscard]] std::string clipboardText() override {
+        return clipboard ? *clipboard : inner().clipboardText();
+    }
     void setClipboardText(std::string_view text) override {
-        clipboard = text;
-        if (inner_ != nullptr)
-            inner_->setClipboardText(text);
+        if (clipboard)
+            clipboard = text;
+        inner().setClipboardText(text);
     }
-    [[nodiscard]] NumberFormat numberFormat() const override { return locale; }
+    [[nodiscard]] NumberFormat numberFormat() const override {
+        return locale ? *locale : inner().numberFormat();
+    }
     [[nodiscard]] char32_t toUpper(char32_t character) const override {
-        return inner_ != nullptr ? inner_->toUpper(character) : Face::toUpper(character);
+        return inner().toUpper(character);
     }
     [[nodiscard]] char32_t toLower(char32_t character) const override {
-        return inner_ != nullptr ? inner_->toLower(character) : Face::toLower(character);
+        return inner().toLower(character);
     }
-    [[nodiscard]] Date today() const override { return date; }
-    void letPendingEventsRun() override {
-        if (inner_ != nullptr)
-            inner_->letPendingEventsRun();
-    }
+    [[nodiscard]] Date today() const override { return date ? *date : inner().today(); }
+    void letPendingEventsRun() override { inner().letPendingEventsRun(); }
     void propertyChanged(std::string_view name) override {
         notices.emplace_back(name);
-        if (inner_ != nullptr)
-            inner_->propertyChanged(name);
+        inner().propertyChanged(name);
     }
     void setHostKeyPreview(bool preview) override {
         hostKeyPreview = preview;
-        if (inner_ != nullptr)
-            inner_->setHostKeyPreview(preview);
+        inner().setHostKeyPreview(preview);
     }
 
 private:
+    [[nodiscard]] Face &inner() { return inner_ != nullptr ? *inner_ : none_; }
+    [[nodiscard]] const Face &inner() const { return inner_ != nullptr ? *inner_ : none_; }
+
     Face *inner_ = nullptr;
+    Face none_;
 };
 
 } // namespace tablio::scenario
