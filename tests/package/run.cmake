@@ -1,8 +1,8 @@
 # Installs the build into a prefix of its own, moves that prefix elsewhere (the
 # package must hold no absolute path) and builds and runs tests/package/outside/
-# against it, as a host would.
+# against it, as a host would. Then the same host has Tablio as a subdirectory, tests/package/inside/.
 
-foreach(name BUILD_DIR WORK_DIR OUTSIDE_DIR GENERATOR CXX VERSION WITH_QT)
+foreach(name BUILD_DIR SOURCE_DIR WORK_DIR GENERATOR CXX VERSION WITH_QT)
     if(NOT DEFINED ${name})
         message(FATAL_ERROR "run.cmake: -D${name}=… is missing")
     endif()
@@ -28,15 +28,16 @@ file(MAKE_DIRECTORY "${WORK_DIR}")
 run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --config "${CONFIG}" --prefix "${WORK_DIR}/installed")
 file(RENAME "${WORK_DIR}/installed" "${WORK_DIR}/moved")
 
-set(configure "${CMAKE_COMMAND}" -G "${GENERATOR}" -S "${OUTSIDE_DIR}"
-    "-DCMAKE_PREFIX_PATH=${WORK_DIR}/moved"
-    "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}"
-    "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DTABLIO_VERSION=${VERSION}")
+set(toolchain -G "${GENERATOR}" "-DCMAKE_BUILD_TYPE=${CONFIG}"
+    "-DCMAKE_CXX_COMPILER=${CXX}" "-DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER}")
+set(configure "${CMAKE_COMMAND}" ${toolchain} -S "${CMAKE_CURRENT_LIST_DIR}/outside"
+    "-DCMAKE_PREFIX_PATH=${WORK_DIR}/moved" "-DTABLIO_VERSION=${VERSION}")
 
 # A host that asks for the core alone must not need Qt: hide it from this one.
 run(${configure} -B "${WORK_DIR}/core" -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON)
 run("${CMAKE_COMMAND}" --build "${WORK_DIR}/core" --config "${CONFIG}")
 run_and_expect("3" "${WORK_DIR}/core/bin/outside_core")
+run("${WORK_DIR}/core/bin/outside_scenarios" "${SOURCE_DIR}/tests/scenarios/rows/ticks.scenario")
 
 if(WITH_QT)
     run(${configure} -B "${WORK_DIR}/qt" -DOUTSIDE_QT=ON)
@@ -50,4 +51,23 @@ else()
     if(status EQUAL 0 OR NOT err MATCHES "Tablio")
         message(FATAL_ERROR "find_package(Tablio COMPONENTS Qt) should have failed: ${status}\n${err}")
     endif()
+endif()
+
+# As a subdirectory: with Qt, all that is defined fits together. The core is compiled against, and
+# neither tested nor installed with its host.
+set(inside "${WORK_DIR}/inside")
+set(configure "${CMAKE_COMMAND}" ${toolchain} -S "${CMAKE_CURRENT_LIST_DIR}/inside"
+    "-DTABLIO_DIR=${SOURCE_DIR}")
+if(WITH_QT)
+    run(${configure} -B "${inside}_qt")
+endif()
+run(${configure} -B "${inside}" -DTABLIO_BUILD_QT=OFF)
+run("${CMAKE_COMMAND}" --build "${inside}" --config "${CONFIG}" --target inside)
+run("${CMAKE_COMMAND}" --install "${inside}" --config "${CONFIG}" --prefix "${WORK_DIR}/host")
+if(EXISTS "${WORK_DIR}/host")
+    message(FATAL_ERROR "Tablio installed something with its host")
+endif()
+execute_process(COMMAND "${CMAKE_CTEST_COMMAND}" --test-dir "${inside}" -N OUTPUT_VARIABLE out)
+if(NOT out MATCHES "Total Tests: 0")
+    message(FATAL_ERROR "Tablio added tests to its host's:\n${out}")
 endif()
