@@ -1,52 +1,16 @@
 #!/usr/bin/env bash
 # The Designer program in a window: the widget is dragged from the widget box to a form, a double
 # click opens its property pages, OK is one step that undo takes back, saving keeps the settings.
-set -euo pipefail
-unset LC_ALL LANGUAGE
-export LANG=C.UTF-8
+# shellcheck source=tests/window/lib/session.sh
+source "$(dirname "${BASH_SOURCE[0]}")/../../window/lib/session.sh"
 
 : "${TABLIO_DESIGNER:?the path of Qt Designer}" "${QT_PLUGIN_PATH:?the directory of the plug-in}"
-work=$(mktemp -d)
-chmod 700 "$work"
 form="$work/form.ui"
-export HOME="$work" XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work"
-designer_pid=""
+export HOME="$work" XDG_CONFIG_HOME="$work/config"
 
-fail() {
-    echo "FAILED: $*" >&2
-    cat "$work/designer.log" >&2
-    if [[ -n ${TABLIO_SCREENSHOT:-} ]]; then import -window root "$TABLIO_SCREENSHOT-failed.png" || true; fi
-    exit 1
-}
-
-finish() {
-    [[ -z $designer_pid ]] || kill "$designer_pid" 2>/dev/null || true
-    rm -rf "$work"
-}
-trap finish EXIT
-
-# within SECONDS COMMAND…: until the command succeeds; fails when time is up.
-within() {
-    local deadline=$((SECONDS + $1))
-    shift
-    until "$@"; do
-        kill -0 "$designer_pid" 2>/dev/null || fail "Designer has ended"
-        ((SECONDS < deadline)) || return 1
-        sleep 0.1
-    done
-}
-
-window_named() {
-    window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1) && [[ -n $window ]]
-}
 no_window_named() { ! window_named "$1"; }
-is_active() { [[ $(xdotool getactivewindow 2>/dev/null) == "$1" ]]; }
 form_has() { grep -q "$1" "$form"; }
 form_lacks() { ! form_has "$1"; }
-# For a picture of what a user sees at this point.
-picture() {
-    [[ -z ${TABLIO_SCREENSHOT:-} ]] || { sleep 1; import -window root "$TABLIO_SCREENSHOT-$1.png"; }
-}
 save() {
     xdotool windowactivate "$form_window"
     within 10 is_active "$form_window" || fail "the form does not become active"
@@ -65,8 +29,7 @@ cat >"$form" <<'END'
 </ui>
 END
 
-"$TABLIO_DESIGNER" "$form" >"$work/designer.log" 2>&1 &
-designer_pid=$!
+start "$TABLIO_DESIGNER" "$form"
 within 60 window_named 'form.ui' || fail "Designer does not show the form"
 form_window=$window
 xdotool windowactivate "$form_window"

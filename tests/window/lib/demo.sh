@@ -1,69 +1,30 @@
 # shellcheck shell=bash
-# What the window tests share: the demo in a window, its keyboard, its file. Sourced, not run.
-set -euo pipefail
-unset LC_ALL LC_NUMERIC LANGUAGE
-export LANG=C.UTF-8
+# What the tests of the demo share: its window, its keyboard, its file. Sourced, not run.
+# shellcheck source=tests/window/lib/session.sh
+source "$(dirname "${BASH_SOURCE[0]}")/session.sh"
 
 : "${TABLIO_DEMO:?the path of tablio_demo}"
-work=$(mktemp -d)
 order="$work/order.sqlite"
-export XDG_RUNTIME_DIR="$work"
-demo_pid=""
-
-fail() {
-    echo "FAILED: $*" >&2
-    if [[ -s $work/demo.log ]]; then
-        echo "--- what the demo printed:" >&2
-        cat "$work/demo.log" >&2
-    fi
-    exit 1
-}
-
-finish() {
-    [[ -z $demo_pid ]] || kill "$demo_pid" 2>/dev/null || true
-    rm -rf "$work"
-}
-trap finish EXIT
-
-# within SECONDS COMMAND…: until the command succeeds; fails when time is up.
-within() {
-    local deadline=$((SECONDS + $1))
-    shift
-    until "$@"; do
-        ((SECONDS < deadline)) || return 1
-        sleep 0.1
-    done
-}
 
 # start_demo [ARGUMENT…]: the demo on $order, with the keyboard in its grid. Numbers are written as
 # in the United States, so that they are typed with a full stop and grouped as they grow.
 start_demo() {
-    env LC_NUMERIC=en_US.UTF-8 "$TABLIO_DEMO" --database "$order" "$@" >"$work/demo.log" 2>&1 &
-    demo_pid=$!
+    start env LC_NUMERIC=en_US.UTF-8 "$TABLIO_DEMO" --database "$order" "$@"
     within 20 has_focus || fail "the demo's window did not come up with the keyboard"
 }
 
-has_focus() {
-    kill -0 "$demo_pid" 2>/dev/null || fail "the demo has ended"
-    window=$(xdotool search --all --onlyvisible --pid "$demo_pid" --name 'Order entry' 2>/dev/null |
-        head -n 1) || return 1
-    [[ -n $window && $(xdotool getactivewindow 2>/dev/null) == "$window" ]]
-}
+has_focus() { window_named 'Order entry' && is_active "$window"; }
 
 # Closes the window as a user does; ends when the demo has.
 quit_demo() {
     xdotool key --clearmodifiers alt+F4
-    within 20 demo_has_ended || fail "the demo did not close"
-    local status=0
-    wait "$demo_pid" || status=$?
-    demo_pid=""
-    [[ $status -eq 0 ]] || fail "the demo ended with status $status"
+    within 20 has_ended || fail "the demo did not close"
+    wait "$program_pid" || fail "the demo ended with status $?"
+    program_pid=""
 }
 
-demo_has_ended() { ! kill -0 "$demo_pid" 2>/dev/null; }
-
 # Another window, such as a question, has the keyboard.
-is_asked() { [[ $(xdotool getactivewindow 2>/dev/null) != "$window" ]]; }
+is_asked() { ! is_active "$window"; }
 
 window_title() { xdotool getwindowname "$window"; }
 
@@ -92,11 +53,8 @@ expect_saved() {
 }
 
 saved_lines_are() {
-    demo_pid_alive || fail "the demo has ended"
     "$lines_as" >"$work/saved" && cmp -s "$1" "$work/saved"
 }
-
-demo_pid_alive() { [[ -z $demo_pid ]] || kill -0 "$demo_pid" 2>/dev/null; }
 
 # make_lines COUNT LENGTH: lines with as much variety as the columns take. $work/keys is what the
 # operator types (Enter after each cell), $work/expected what must be saved then. Descriptions get
