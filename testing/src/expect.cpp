@@ -42,11 +42,12 @@ void expectCell(Stage &stage, Words &words, const Line &line) {
     const CellAddress cell = words.cell();
     do {
         if (words.take("shows")) {
-            stage.check(line, "shown", quoted(words.text()), quoted(shownText(stage.core(), cell)));
+            stage.check(line, "shown", inQuotes(words.text()),
+                        inQuotes(shownText(stage.core(), cell)));
         } else {
             words.require("reads");
             const Value read = stage.driver.readMember("TextMatrix", {cell.row, cell.col});
-            stage.check(line, "read", quoted(words.text()), quoted(read.toText()));
+            stage.check(line, "read", inQuotes(words.text()), inQuotes(read.toText()));
         }
     } while (!words.atEnd());
 }
@@ -65,7 +66,7 @@ void expectEditor(Stage &stage, Words &words, const Line &line) {
     const std::optional<OpenEditor> editor = editorOf(stage.core());
     if (words.take("closed")) {
         if (editor)
-            stage.fail(line, "the editor is open and shows " + quoted(pictureOf(*editor)));
+            stage.fail(line, "the editor is open and shows " + inQuotes(pictureOf(*editor)));
         return;
     }
     if (!editor) {
@@ -75,11 +76,11 @@ void expectEditor(Stage &stage, Words &words, const Line &line) {
     }
     do {
         if (words.take("shows")) {
-            stage.check(line, "editor", quoted(words.text()), quoted(pictureOf(*editor)));
+            stage.check(line, "editor", inQuotes(words.text()), inQuotes(pictureOf(*editor)));
         } else if (words.take("over")) {
             stage.check(line, "place", textOf(cellNamed(stage, words)), textOf(editor->place));
         } else if (words.take("tag")) {
-            stage.check(line, "Tag", quoted(words.text()), quoted(editor->tag));
+            stage.check(line, "Tag", inQuotes(words.text()), inQuotes(editor->tag));
         } else if (words.take("max")) {
             stage.check(line, "MaxLength", std::to_string(words.number("a length")),
                         std::to_string(editor->maxLength));
@@ -253,7 +254,7 @@ constexpr Fact facts[] = {
          const std::optional<bool> preview = stage.driver.face.hostKeyPreview;
          return std::string(!preview ? "never set" : *preview ? "True" : "False");
      }},
-    {"clipboard", "", [](Stage &stage) { return quoted(stage.driver.face.clipboardText()); }},
+    {"clipboard", "", [](Stage &stage) { return inQuotes(stage.driver.face.clipboardText()); }},
     {"control", "",
      [](Stage &stage) {
          return std::string(stage.driver.core() != nullptr ? "still there" : "destroyed");
@@ -269,7 +270,7 @@ bool expectFact(Stage &stage, const std::string &name, Words &words, const Line 
     std::string expected;
     for (const Token &token : words.rest())
         expected +=
-            (expected.empty() ? "" : " ") + (token.quoted ? quoted(token.text) : token.text);
+            (expected.empty() ? "" : " ") + (token.quoted ? inQuotes(token.text) : token.text);
     stage.check(line, name, expected, fact->found(stage));
     return true;
 }

@@ -32,16 +32,16 @@ std::string characterText(std::int16_t keyAscii) {
         return std::to_string(keyAscii);
     std::string text;
     utf16::append(text, static_cast<std::uint16_t>(keyAscii));
-    return quoted(text);
+    return inQuotes(text);
 }
 
 /// The arguments but the row and the column, as scenarios write them.
 std::string detailsOf(std::string_view event, std::span<const Value> arguments) {
     const auto text = [&](std::size_t at) { return arguments[at].toText(); };
     if (event == "EditOnChange")
-        return " " + quoted(text(2));
+        return " " + inQuotes(text(2));
     if (event == "EditPostValidation")
-        return " Valid " + text(2) + " " + quoted(text(3)) + " -> " + quoted(text(4)) +
+        return " Valid " + text(2) + " " + inQuotes(text(3)) + " -> " + inQuotes(text(4)) +
                " LastKey " + text(5);
     if (event == "CellKeyPress")
         return " " + characterText(arguments[2].toInteger());
@@ -93,8 +93,12 @@ void ScenarioHost::event(MemberNumber number, std::span<Value> arguments) {
             arguments[place] = answerFor(event.arguments[place], rule->answer->second);
         }
         if (!rule->steps.empty()) {
-            const std::shared_ptr<void> done(nullptr, [rule](void *) { rule->running = false; });
+            const std::shared_ptr<void> done(nullptr, [this, rule](void *) {
+                rule->running = false;
+                --running_;
+            });
             rule->running = true;
+            ++running_;
             runSteps(rule->steps);
         }
         if (rule->error)

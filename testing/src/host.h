@@ -58,6 +58,8 @@ public:
     /// Throws ScriptError when no event has such a name or argument.
     void add(HostRule rule);
     void forgetRules() { rules_.clear(); }
+    /// Whether a rule's steps are being played.
+    [[nodiscard]] bool isRunning() const noexcept { return running_ > 0; }
     [[nodiscard]] std::vector<Entry> takeEvents() { return std::exchange(events_, {}); }
     /// Throws ScriptError for a name that no event has.
     static void checkEvent(std::string_view name);
@@ -65,6 +67,7 @@ public:
     void event(MemberNumber number, std::span<Value> arguments) override;
 
 private:
+    int running_ = 0;
     std::vector<Entry> events_;
     /// Shared, because a rule's steps may add rules or forget them all while it runs.
     std::vector<std::shared_ptr<HostRule>> rules_;

@@ -3,7 +3,6 @@
 #include "model/text/trim.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <utility>
 
@@ -121,15 +120,6 @@ ScenarioFile parseScenarios(std::string path, std::string_view text) {
     return file;
 }
 
-ScenarioFile readScenarioFile(const std::string &path) {
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream)
-        throw ScriptError(path + ": this file cannot be read");
-    const std::string text((std::istreambuf_iterator<char>(stream)),
-                           std::istreambuf_iterator<char>());
-    return parseScenarios(path, text);
-}
-
 Tokens tokensOf(std::string_view line) {
     Tokens tokens;
     for (line = trimmed(line); !line.empty(); line = trimmed(line)) {
@@ -144,7 +134,7 @@ Tokens tokensOf(std::string_view line) {
     return tokens;
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string result = "\"";
     for (const char character : text) {
         const auto *const escape =

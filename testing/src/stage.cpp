@@ -11,6 +11,13 @@ Tablio &Stage::core() const {
     return *core;
 }
 
+void Stage::forgetAll() {
+    static_cast<void>(host.takeEvents());
+    driver.face.notices.clear();
+    driver.face.warnings.clear();
+    driver.face.popUp.reset();
+}
+
 void Stage::fail(const Line &line, std::string message) {
     failures.push_back({line.number, line.text + "\n    " + std::move(message)});
 }
@@ -42,7 +49,7 @@ bool Words::take(std::string_view word) {
 void Words::require(std::string_view word) {
     if (!take(word))
         throw ScriptError("the word \"" + std::string(word) + "\" should stand before " +
-                          (atEnd() ? "the end" : quoted(tokens_[at_].text)));
+                          (atEnd() ? "the end" : inQuotes(tokens_[at_].text)));
 }
 
 Tokens Words::rest() {
@@ -60,7 +67,7 @@ Tokens Words::upTo(std::string_view word) {
 
 void Words::end() const {
     if (!atEnd())
-        throw ScriptError("nothing should follow before " + quoted(tokens_[at_].text));
+        throw ScriptError("nothing should follow before " + inQuotes(tokens_[at_].text));
 }
 
 } // namespace tablio::scenario

@@ -8,6 +8,7 @@
 
 #include <tablio/testing/player.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,8 @@ public:
     /// Throws ScriptError while there is no control.
     [[nodiscard]] Tablio &core() const;
 
+    /// What has been raised and told so far is nobody's business.
+    void forgetAll();
     void fail(const Line &line, std::string message);
     /// Fails unless the two are equal.
     void check(const Line &line, std::string_view what, const std::string &expected,
@@ -60,9 +63,13 @@ private:
     std::size_t at_ = 0;
 };
 
-/// Does what the line says; failed expectations are added to the stage. Throws ScriptError for a
-/// line that cannot be understood, and whatever the control throws.
-void runStep(Stage &stage, const Line &line);
+/// What a step does: a call of the driver each.
+using Action = std::function<void(Driver &)>;
+using Actions = std::vector<Action>;
+
+/// What the words of a step mean; what needs no user is done at once. Throws ScriptError for a line
+/// that cannot be understood, and whatever the control throws.
+[[nodiscard]] Actions actionsOf(Stage &stage, Tokens tokens, const Line &line);
 /// The part of a step behind the word "expect".
 void runExpectation(Stage &stage, Words &words, const Line &line);
 

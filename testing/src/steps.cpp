@@ -1,4 +1,4 @@
-/// The steps that do something. What a scenario expects stands in scenario_expect.cpp.
+/// The steps that do something. What a scenario expects stands in expect.cpp.
 
 #include "inside.h"
 #include "members.h"
@@ -49,83 +49,95 @@ void setUpColumn(Driver &driver, int index, const Line &line) {
         const ColumnWord *const found = findBy(columnWords, &ColumnWord::word, word.text);
         if (found == nullptr)
             throw ScriptError("line " + std::to_string(line.number) + ": a column has no setting " +
-                              quoted(word.text));
+                              inQuotes(word.text));
         const Token value =
             found->value.empty() ? words.next("a value") : Token{std::string(found->value)};
         setMember(driver, found->property, {{std::to_string(index)}, value});
     }
 }
 
-void columns(Stage &stage, Words & /*words*/, const Line &line) {
+Actions columns(Stage &stage, Words & /*words*/, const Line &line) {
     const int count = static_cast<int>(line.block.size());
     stage.driver.setMember("Cols", {}, count);
     for (int index = 0; index < count; ++index)
         setUpColumn(stage.driver, index, line.block[static_cast<std::size_t>(index)]);
+    return {};
 }
 
-void resize(Stage &stage, Words &words, const Line & /*line*/) {
+Actions resize(Stage & /*stage*/, Words &words, const Line & /*line*/) {
     words.require("to");
     const int width = words.number("a width");
-    stage.driver.resize(width, words.number("a height"));
+    const int height = words.number("a height");
+    return {[=](Driver &driver) { driver.resize(width, height); }};
 }
 
-void focus(Stage &stage, Words &words, const Line & /*line*/) {
-    if (words.take("enters")) {
-        stage.driver.enterFocus();
-    } else {
-        words.require("leaves");
-        stage.driver.leaveFocus();
-    }
+Actions focus(Stage & /*stage*/, Words &words, const Line & /*line*/) {
+    if (words.take("enters"))
+        return {[](Driver &driver) { driver.enterFocus(); }};
+    words.require("leaves");
+    return {[](Driver &driver) { driver.leaveFocus(); }};
 }
 
-void locale(Stage &stage, Words &words, const Line & /*line*/) {
+Actions locale(Stage &stage, Words &words, const Line & /*line*/) {
     NumberFormat format;
     words.require("decimal");
     format.decimalSign = words.text();
     words.require("group");
     format.groupSign = words.text();
     stage.driver.setLocale(format);
+    return {};
+}
+
+Actions today(Stage &stage, Words &words, const Line & /*line*/) {
+    words.require("is");
+    stage.driver.face.date = words.next<Date>("a date");
+    return {};
+}
+
+Actions clipboard(Stage &stage, Words &words, const Line & /*line*/) {
+    words.require("holds");
+    stage.driver.setClipboard(words.text());
+    return {};
 }
 
 // ---- the keyboard ------------------------------------------------------------
 
-void typeCharacter(Stage &stage, char32_t character) {
-    const KeyStroke stroke = keyStrokeFor(character);
-    if (stroke.key != 0) {
-        stage.driver.strike(stroke);
-        return;
-    }
-    std::string text;
-    utf16::append(text, character);
-    stage.driver.enterText(text);
-}
-
-void type(Stage &stage, Words &words, const Line & /*line*/) {
+Actions type(Stage & /*stage*/, Words &words, const Line & /*line*/) {
+    Actions actions;
     for (const char32_t character : utf16::characters(words.text())) {
-        static_cast<void>(stage.core());
-        typeCharacter(stage, character);
+        if (const KeyStroke stroke = keyStrokeFor(character); stroke.key != 0) {
+            actions.push_back([=](Driver &driver) { driver.strike(stroke); });
+        } else {
+            std::string text;
+            utf16::append(text, character);
+            actions.push_back([=](Driver &driver) { driver.enterText(text); });
+        }
     }
+    return actions;
 }
 
-void press(Stage &stage, Words &words, const Line & /*line*/) {
+Actions press(Stage & /*stage*/, Words &words, const Line & /*line*/) {
     const KeyStroke stroke = keyStrokeOf(words.next("a key").text);
     int count = 1;
     if (!words.atEnd()) {
         count = words.number("how often");
         words.require("times");
     }
-    for (; count > 0; --count) {
-        static_cast<void>(stage.core());
-        stage.driver.strike(stroke);
-    }
+    const Action once = [=](Driver &driver) { driver.strike(stroke); };
+    return Actions(static_cast<std::size_t>(count), once);
 }
 
-void settle(Stage &stage, Words &words, const Line & /*line*/) {
+Actions compose(Stage & /*stage*/, Words &words, const Line & /*line*/) {
+    return {[text = words.text()](Driver &driver) { driver.compose(text); }};
+}
+
+Actions settle(Stage & /*stage*/, Words &words, const Line & /*line*/) {
     const auto editor = words.next<WidgetId>("an editor");
     words.require("on");
     const std::string text = words.text();
     words.require("caret");
-    stage.driver.settle(editor, text, words.number("a position"));
+    const int caret = words.number("a position");
+    return {[=](Driver &driver) { driver.settle(editor, text, caret); }};
 }
 
 // ---- the mouse ---------------------------------------------------------------
@@ -153,70 +165,91 @@ Point pointOf(Stage &stage, Words &words) {
     return middle;
 }
 
-void clickAt(Stage &stage, MouseButton button, Point point) {
-    stage.driver.pressMouse(button, point.x, point.y);
-    // Whoever destroys the control while the button is down never hears of its release.
-    if (stage.driver.core() != nullptr)
-        stage.driver.releaseMouse(button, point.x, point.y);
+Actions clickAt(MouseButton button, Point at) {
+    return {[=](Driver &driver) { driver.pressMouse(button, at.x, at.y); },
+            [=](Driver &driver) { driver.releaseMouse(button, at.x, at.y); }};
 }
 
-void doubleClick(Stage &stage, Words &words, const Line & /*line*/) {
-    const Point point = pointOf(stage, words);
-    clickAt(stage, MouseButton::Left, point);
-    if (stage.driver.core() != nullptr)
-        stage.driver.doubleClick(point.x, point.y);
-    if (stage.driver.core() != nullptr)
-        stage.driver.releaseMouse(MouseButton::Left, point.x, point.y);
+Actions click(Stage &stage, Words &words, const Line & /*line*/) {
+    return clickAt(MouseButton::Left, pointOf(stage, words));
 }
 
-void drag(Stage &stage, Words &words, const Line & /*line*/) {
+Actions rightClick(Stage &stage, Words &words, const Line & /*line*/) {
+    return clickAt(MouseButton::Right, pointOf(stage, words));
+}
+
+Actions doubleClick(Stage &stage, Words &words, const Line & /*line*/) {
+    const Point at = pointOf(stage, words);
+    Actions actions = clickAt(MouseButton::Left, at);
+    const Action release = actions.back();
+    actions.push_back([=](Driver &driver) { driver.doubleClick(at.x, at.y); });
+    actions.push_back(release);
+    return actions;
+}
+
+Actions drag(Stage &stage, Words &words, const Line & /*line*/) {
     for (const char *const word : {"border", "of", "column"})
         words.require(word);
     const Rect header = placeOf(stage.core(), {0, words.number("a column")});
     words.require("by");
     const Twips distance = words.number("a distance");
-    const Twips y = header.top + header.height / 2;
-    stage.driver.pressMouse(MouseButton::Left, header.right(), y);
-    stage.driver.moveMouse(header.right() + distance / 2, y);
-    stage.driver.moveMouse(header.right() + distance, y);
-    stage.driver.releaseMouse(MouseButton::Left, header.right() + distance, y);
+    const Point from{header.right(), header.top + header.height / 2};
+    const Twips to = from.x + distance;
+    return {[=](Driver &driver) { driver.pressMouse(MouseButton::Left, from.x, from.y); },
+            [=](Driver &driver) { driver.moveMouse(from.x + distance / 2, from.y); },
+            [=](Driver &driver) { driver.moveMouse(to, from.y); },
+            [=](Driver &driver) { driver.releaseMouse(MouseButton::Left, to, from.y); }};
 }
 
-void scroll(Stage &stage, Words &words, const Line & /*line*/) {
-    const auto now = [&](std::string_view name) {
-        return static_cast<int>(insideValue(stage.core(), name)->second.toLong());
-    };
+Actions scroll(Stage &stage, Words &words, const Line & /*line*/) {
     words.require("to");
     const bool isRow = words.take("row");
     if (!isRow)
         words.require("column");
     const int index = words.number("a row or column");
-    stage.driver.scrollTo(isRow ? index : now("TopRow"), isRow ? now("LeftCol") : index);
+    const auto other = insideValue(stage.core(), isRow ? "LeftCol" : "TopRow");
+    const int kept = other->second.toLong();
+    return {[=](Driver &driver) { driver.scrollTo(isRow ? index : kept, isRow ? kept : index); }};
 }
 
-void push(Stage &stage, Words &words, const Line & /*line*/) {
+Actions push(Stage &stage, Words &words, const Line & /*line*/) {
     const auto button = words.next<WidgetId>("a button");
     if (!widgetOf(stage.core(), button).isVisible)
         throw ScriptError("the button is not to be seen");
-    stage.driver.pushButton(button);
+    return {[=](Driver &driver) { driver.pushButton(button); }};
 }
 
-void choose(Stage &stage, Words &words, const Line & /*line*/) {
-    if (words.take("item"))
-        stage.driver.chooseItem(words.number("the item's position"));
-    else
-        stage.driver.chooseMenuEntry(words.next<MenuEntry>("a menu entry"));
+Actions choose(Stage & /*stage*/, Words &words, const Line & /*line*/) {
+    if (words.take("item")) {
+        const int index = words.number("the item's position");
+        return {[=](Driver &driver) { driver.chooseItem(index); }};
+    }
+    const auto entry = words.next<MenuEntry>("a menu entry");
+    return {[=](Driver &driver) { driver.chooseMenuEntry(entry); }};
 }
 
-void pick(Stage &stage, Words &words, const Line & /*line*/) {
+Actions pick(Stage &stage, Words &words, const Line & /*line*/) {
     if (!widgetOf(stage.core(), WidgetId::mvCalender).isVisible)
         throw ScriptError("the calendar is not to be seen");
-    stage.driver.pickDay(words.next<Date>("a day"));
+    const Date day = words.next<Date>("a day");
+    return {[=](Driver &driver) { driver.pickDay(day); }};
 }
 
 // ---- the host ----------------------------------------------------------------
 
-void addRule(Stage &stage, Words &words, const Line &line, bool once) {
+Actions call(Stage &stage, Words &words, const Line & /*line*/) {
+    const std::string name = words.next("a method").text;
+    callMember(stage.driver, name, words.rest());
+    return {};
+}
+
+Actions set(Stage &stage, Words &words, const Line & /*line*/) {
+    const std::string name = words.next("a property").text;
+    setMember(stage.driver, name, words.rest());
+    return {};
+}
+
+Actions addRule(Stage &stage, Words &words, const Line &line, bool once) {
     HostRule rule;
     rule.once = once;
     rule.event = words.next("an event").text;
@@ -241,9 +274,10 @@ void addRule(Stage &stage, Words &words, const Line &line, bool once) {
             throw ScriptError("a step should follow");
     }
     stage.host.add(std::move(rule));
+    return {};
 }
 
-void forget(Stage &stage, Words &words, const Line & /*line*/) {
+Actions forget(Stage &stage, Words &words, const Line & /*line*/) {
     if (words.take("answers")) {
         stage.host.forgetRules();
     } else if (words.take("events")) {
@@ -252,57 +286,46 @@ void forget(Stage &stage, Words &words, const Line & /*line*/) {
         words.require("notices");
         stage.driver.face.notices.clear();
     }
+    return {};
 }
 
 // ---- dispatch ----------------------------------------------------------------
 
-using Step = void (*)(Stage &, Words &, const Line &);
+using Step = Actions (*)(Stage &, Words &, const Line &);
 
 constexpr std::pair<std::string_view, Step> steps[] = {
     {"columns", columns},
-    {"show", [](Stage &s, Words &, const Line &) { s.driver.show(); }},
-    {"destroy", [](Stage &s, Words &, const Line &) { s.driver.destroy(); }},
+    {"show",
+     [](Stage &, Words &, const Line &) -> Actions { return {[](Driver &d) { d.show(); }}; }},
+    {"destroy",
+     [](Stage &, Words &, const Line &) -> Actions { return {[](Driver &d) { d.destroy(); }}; }},
     {"resize", resize},
     {"focus", focus},
     {"locale", locale},
-    {"today",
-     [](Stage &s, Words &words, const Line &) {
-         words.require("is");
-         s.driver.face.date = words.next<Date>("a date");
-     }},
-    {"clipboard",
-     [](Stage &s, Words &words, const Line &) {
-         words.require("holds");
-         s.driver.setClipboard(words.text());
-     }},
+    {"today", today},
+    {"clipboard", clipboard},
     {"type", type},
     {"press", press},
-    {"compose", [](Stage &s, Words &words, const Line &) { s.driver.compose(words.text()); }},
+    {"compose", compose},
     {"settle", settle},
-    {"click", [](Stage &s, Words &words,
-                 const Line &) { clickAt(s, MouseButton::Left, pointOf(s, words)); }},
-    {"right-click", [](Stage &s, Words &words,
-                       const Line &) { clickAt(s, MouseButton::Right, pointOf(s, words)); }},
+    {"click", click},
+    {"right-click", rightClick},
     {"double-click", doubleClick},
     {"drag", drag},
     {"scroll", scroll},
     {"push", push},
     {"choose", choose},
     {"pick", pick},
-    {"call",
-     [](Stage &s, Words &words, const Line &) {
-         const std::string name = words.next("a method").text;
-         callMember(s.driver, name, words.rest());
-     }},
-    {"set",
-     [](Stage &s, Words &words, const Line &) {
-         const std::string name = words.next("a property").text;
-         setMember(s.driver, name, words.rest());
-     }},
-    {"when", [](Stage &s, Words &words, const Line &line) { addRule(s, words, line, false); }},
-    {"once", [](Stage &s, Words &words, const Line &line) { addRule(s, words, line, true); }},
+    {"call", call},
+    {"set", set},
+    {"when", [](Stage &s, Words &w, const Line &line) { return addRule(s, w, line, false); }},
+    {"once", [](Stage &s, Words &w, const Line &line) { return addRule(s, w, line, true); }},
     {"forget", forget},
-    {"expect", runExpectation},
+    {"expect",
+     [](Stage &stage, Words &words, const Line &line) -> Actions {
+         runExpectation(stage, words, line);
+         return {};
+     }},
 };
 
 /// Blocks belong to steps that say so; elsewhere an indented line is a mistake.
@@ -311,76 +334,22 @@ bool takesBlock(const Line &line, const Token &verb) {
            line.text.ends_with(" raises");
 }
 
-void runTokens(Stage &stage, Tokens tokens, const Line &line) {
+} // namespace
+
+Actions actionsOf(Stage &stage, Tokens tokens, const Line &line) {
     const Token verb = tokens.front();
     tokens.erase(tokens.begin());
     if (!line.block.empty() && !takesBlock(line, verb))
         throw ScriptError("the lines below this step are indented too far");
     const auto *const step = findBy(steps, &std::pair<std::string_view, Step>::first, verb.text);
     if (step == nullptr)
-        throw ScriptError("there is no step " + quoted(verb.text));
+        throw ScriptError("there is no step " + inQuotes(verb.text));
     if (!verb.is("expect"))
         static_cast<void>(stage.core());
     Words words(std::move(tokens));
-    step->second(stage, words, line);
+    Actions actions = step->second(stage, words, line);
     words.end();
-}
-
-/// Expectations may stand behind a step: `fails "…"`, what the editor `shows "…"`, where the cursor
-/// `ends at ROW COL`, what the step `writes "…"` to the cell where the cursor stood, and that it
-/// `raises` just the events below. Steps that prepare answers keep theirs.
-bool takeBehind(Tokens &tokens, std::string_view word, std::size_t count, Tokens &behind) {
-    const std::size_t size = tokens.size();
-    if (size < count + 2 || !tokens[size - count - 1].is(word) || tokens.front().is("when") ||
-        tokens.front().is("once") || (tokens.front().is("expect") && word != "fails"))
-        return false;
-    behind.assign(tokens.end() - static_cast<std::ptrdiff_t>(count), tokens.end());
-    tokens.resize(size - count - 1);
-    return true;
-}
-
-} // namespace
-
-void runStep(Stage &stage, const Line &line) {
-    Tokens tokens = tokensOf(line.text);
-    Tokens behind;
-    if (tokens.size() > 3 && tokens[0].is("at")) {
-        static_cast<void>(stage.core());
-        callMember(stage.driver, "CellFocus", {tokens[1], tokens[2]});
-        tokens.erase(tokens.begin(), tokens.begin() + 3);
-    }
-    if (takeBehind(tokens, "fails", 1, behind)) {
-        const std::string error = quoted(behind[0].text);
-        try {
-            runTokens(stage, std::move(tokens), line);
-            stage.fail(line, "expected an error with " + error + ", there was none");
-        } catch (const ScriptError &) {
-            throw;
-        } catch (const std::exception &found) {
-            if (std::string_view(found.what()).find(behind[0].text) == std::string_view::npos)
-                stage.fail(line,
-                           "expected an error with " + error + ", found " + quoted(found.what()));
-        }
-        return;
-    }
-    if (takeBehind(tokens, "shows", 1, behind)) {
-        behind.insert(behind.begin(), {{"editor"}, {"shows"}});
-    } else if (takeBehind(tokens, "ends", 3, behind)) {
-        behind.insert(behind.begin(), {"cursor"});
-    } else if (takeBehind(tokens, "writes", 1, behind) || takeBehind(tokens, "writes", 3, behind)) {
-        const CellAddress cell = cursorOf(stage.core());
-        behind.insert(
-            behind.begin(),
-            {{"cell"}, {std::to_string(cell.row)}, {std::to_string(cell.col)}, {"shows"}});
-    } else if (takeBehind(tokens, "raises", 0, behind)) {
-        behind = {{"events"}};
-        static_cast<void>(stage.host.takeEvents());
-    }
-    runTokens(stage, std::move(tokens), line);
-    if (!behind.empty()) {
-        Words words(std::move(behind));
-        runExpectation(stage, words, line);
-    }
+    return actions;
 }
 
 } // namespace tablio::scenario

@@ -59,7 +59,7 @@ constexpr Name<MenuEntry> menuNames[] = {{"mnuMarkRow", MenuEntry::mnuMarkRow},
                                          {"mnuTableClear", MenuEntry::mnuTableClear}};
 
 [[noreturn]] void fail(std::string_view what, std::string_view text) {
-    throw ScriptError(std::string(what) + " expected, not " + quoted(text));
+    throw ScriptError(std::string(what) + " expected, not " + inQuotes(text));
 }
 
 template <typename T> bool parseWhole(std::string_view text, T &value, int base = 10) {
@@ -256,7 +256,7 @@ Value valueFor(MemberType type, const Token &token) {
 
 std::string shown(MemberType type, const Value &value) {
     if (type == MemberType::String)
-        return quoted(value.toText());
+        return inQuotes(value.toText());
     if (type != MemberType::Colour)
         return value.toText();
     std::array<char, 16> text{};

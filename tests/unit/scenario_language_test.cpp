@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tablio::scenario {
@@ -57,7 +59,7 @@ TEST(ScenarioLanguage, WhatIsNotAsExpectedIsReportedWithBoth) {
         {"expect table\n    | Code | Qty |\n    |  | |\n    | | |", "found:"},
         {"expect control destroyed", "still there"},
         {"call CellFocus 9 0", "this throws"},
-        {"call CellFocus 9 0 fails \"column\"", "expected an error with \"column\""},
+        {"call CellFocus 9 0 fails \"column\"", "expected one with \"column\""},
     };
     for (const auto &each : cases) {
         const std::string report = reportOf(each.step);
@@ -97,6 +99,45 @@ TEST(ScenarioLanguage, WhatMakesNoSenseOrFailsInAHandlerIsReported) {
     } catch (const ScriptError &error) {
         EXPECT_NE(std::string(error.what()).find("test:4: a section is"), std::string::npos);
     }
+}
+
+/// Keeps a key until somebody outside lets it go down.
+class OutsideDriver final : public CoreDriver {
+public:
+    void strike(const KeyStroke &stroke) override { held = stroke; }
+    std::string letGo() {
+        try {
+            if (const auto stroke = std::exchange(held, std::nullopt))
+                CoreDriver::strike(*stroke);
+        } catch (const std::exception &error) {
+            return error.what();
+        }
+        return {};
+    }
+    std::optional<KeyStroke> held;
+};
+
+TEST(ScenarioLanguage, InputMayComeFromOutsideBetweenTwoSteps) {
+    const ScenarioFile file = parseScenarios("test", std::string(background) + R"(
+  type "AB" shows "AB|"
+  when EditPostValidation throw "no"
+  press Enter fails "no"
+  type "C\n"
+  expect Rows is 0
+)");
+    OutsideDriver driver;
+    Player player(driver);
+    std::string played;
+    player.begin(file, file.scenarios.front());
+    for (std::string failure; player.advance(failure); failure = driver.letGo()) {
+        if (driver.held)
+            played += std::to_string(player.next()->number) + " ";
+    }
+    EXPECT_EQ(played, "12 12 14 15 15 ");
+    const std::vector<Failure> failures = player.finish();
+    ASSERT_EQ(failures.size(), 1U) << "the scenario ends with the error";
+    EXPECT_EQ(failures[0].line, 15);
+    EXPECT_NE(failures[0].message.find("this throws \"no\""), std::string::npos);
 }
 
 } // namespace

@@ -46,13 +46,12 @@ public:
 };
 
 /// Throws ScriptError with the path and the line in its message.
-[[nodiscard]] ScenarioFile readScenarioFile(const std::string &path);
 [[nodiscard]] ScenarioFile parseScenarios(std::string path, std::string_view text);
 
 /// The words and quoted texts of a line. In quotes \n, \t, \" and \\ are written as in C.
 [[nodiscard]] Tokens tokensOf(std::string_view line);
-/// The text as it would stand in quotes.
-[[nodiscard]] std::string quoted(std::string_view text);
+/// The text as it stands in a step.
+[[nodiscard]] std::string inQuotes(std::string_view text);
 /// The trimmed cells of a line such as "| a | b |".
 [[nodiscard]] std::vector<std::string> cellsOf(std::string_view line);
 
