@@ -17,6 +17,11 @@ foreach(component IN ITEMS Core Testing Qt)
     endif()
 endforeach()
 
+if(TARGET Tablio::Testing)
+    install(DIRECTORY tests/scenarios/ DESTINATION "${CMAKE_INSTALL_DATADIR}/tablio/scenarios"
+        FILES_MATCHING PATTERN "*.scenario")
+endif()
+
 configure_package_config_file(
     "${CMAKE_CURRENT_LIST_DIR}/TablioConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/TablioConfig.cmake"

@@ -37,7 +37,8 @@ set(configure "${CMAKE_COMMAND}" ${toolchain} -S "${CMAKE_CURRENT_LIST_DIR}/outs
 run(${configure} -B "${WORK_DIR}/core" -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON)
 run("${CMAKE_COMMAND}" --build "${WORK_DIR}/core" --config "${CONFIG}")
 run_and_expect("3" "${WORK_DIR}/core/bin/outside_core")
-run("${WORK_DIR}/core/bin/outside_scenarios" "${SOURCE_DIR}/tests/scenarios/rows/ticks.scenario")
+file(GLOB scenarios "${WORK_DIR}/moved/*/tablio/scenarios/*/*.scenario")
+run("${WORK_DIR}/core/bin/outside_scenarios" ${scenarios})
 
 if(WITH_QT)
     run(${configure} -B "${WORK_DIR}/qt" -DOUTSIDE_QT=ON)
