@@ -16,7 +16,6 @@ namespace tablio {
 
 class Tablio;
 
-using MemberNumber = std::int32_t;
 using Values = std::vector<Value>;
 
 /// Names are compared without regard to case. Arguments are converted to their declared types

@@ -33,10 +33,13 @@ class Face {
 public:
     virtual ~Face() = default;
 
-    /// The widget's retained model changed: show it as it is now.
-    virtual void widgetChanged(WidgetId /*widget*/) {}
-    /// The keyboard belongs to this widget from now on.
-    virtual void focusChanged(WidgetId /*owner*/) {}
+    /// Something that is shown besides the cells has changed since this was last called: an editor,
+    /// a button, a list, the calendar, the menu, whose the keyboard is. Show them as they are now.
+    /// Comes once at the end of a call into the control, and before the host hears an event. It may
+    /// come again while the face is still in it, when what the face does calls the control.
+    virtual void shown() {}
+    /// The keyboard is wanted inside the control: take the platform's, if it is elsewhere.
+    virtual void takeFocus() {}
     /// An area of the grid has to be painted again.
     virtual void areaChanged(const Rect & /*area*/) {}
     /// The grid has scrolled, or its scroll range is another. After a scroll all of the grid has to
@@ -59,8 +62,8 @@ public:
     /// Lets the user interface breathe during a long scan. It may come very often; the face
     /// decides how seldom it really does something.
     virtual void letPendingEventsRun() {}
-    /// A property has another value.
-    virtual void propertyChanged(std::string_view /*name*/) {}
+    /// A property has another value; findMember() of `tablio/members.h` knows its name.
+    virtual void propertyChanged(MemberNumber /*number*/) {}
     /// Whether the host's form may see keys before the control does.
     virtual void setHostKeyPreview(bool /*preview*/) {}
 };

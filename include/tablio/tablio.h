@@ -17,7 +17,6 @@
 
 namespace tablio {
 
-struct GridLook;
 struct Inside;
 class PropertyBag;
 
@@ -222,8 +221,6 @@ public:
 
 private:
     friend struct Inside;
-    void changeColour(Colour GridLook::*member, Colour colour, std::string_view property);
-
     std::shared_ptr<Control> control_;
     Input input_;
 };

@@ -151,6 +151,9 @@ inline constexpr ShiftState Ctrl = 2;
 inline constexpr ShiftState Alt = 4;
 } // namespace Shift
 
+/// Tells a property, a method or an event from all others, for ever: compiled hosts hold it.
+using MemberNumber = std::int32_t;
+
 enum class MouseButton : std::int16_t { Left = 1, Right = 2, Middle = 4 };
 
 } // namespace tablio

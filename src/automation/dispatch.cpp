@@ -1,9 +1,9 @@
 #include <tablio/dispatch.h>
 
-#include "automation/member_table.h"
 #include "automation/value_as.h"
 #include "control/control.h"
 #include "model/text/decimal_text.h"
+#include <tablio/members.h>
 
 #include <tablio/errors.h>
 #include <tablio/tablio.h>

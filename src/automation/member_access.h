@@ -4,8 +4,8 @@
 /// `HostEvents`. The accessor is made from the function's own signature, and a row whose declared
 /// arguments do not match that signature does not compile.
 
-#include "automation/member_table.h"
 #include "automation/value_as.h"
+#include <tablio/members.h>
 
 #include <tablio/tablio.h>
 

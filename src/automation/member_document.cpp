@@ -1,6 +1,6 @@
 #include "automation/member_document.h"
 
-#include "automation/member_table.h"
+#include <tablio/members.h>
 
 namespace tablio {
 

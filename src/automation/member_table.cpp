@@ -1,4 +1,4 @@
-#include "automation/member_table.h"
+#include <tablio/members.h>
 
 #include "automation/member_access.h"
 
@@ -68,7 +68,7 @@ constexpr std::array memberTable{
     property<&Tablio::WithFixedColumn, &Tablio::setWithFixedColumn>("WithFixedColumn", 0x6803001A, Type::Boolean),
     property<&Tablio::ColDataAlignment, &Tablio::setColDataAlignment>("ColDataAlignment", 0x68030019, Type::ColumnAlignment, index32),
     property<&Tablio::ColHeaderAlignment, &Tablio::setColHeaderAlignment>("ColHeaderAlignment", 0x68030018, Type::ColumnAlignment, index32),
-    property<&Tablio::ColWidth, &Tablio::setColWidth>("ColWidth", 0x68030017, Type::Long, index32),
+    property<&Tablio::ColWidth, &Tablio::setColWidth>("ColWidth", Number::ColWidth, Type::Long, index32),
     property<&Tablio::ColTextHeader, &Tablio::setColTextHeader>("ColTextHeader", 0x68030016, Type::String, index16),
     property<&Tablio::HeaderRowHeight, &Tablio::setHeaderRowHeight>("HeaderRowHeight", 0x68030015, Type::Long),
     property<&Tablio::CheckBoxes, &Tablio::setCheckBoxes>("CheckBoxes", 0x68030014, Type::Integer),
@@ -85,7 +85,7 @@ constexpr std::array memberTable{
     property<&Tablio::ColCalcStyle, &Tablio::setColCalcStyle>("ColCalcStyle", 0x68030009, Type::CalcStyle, index16),
     property<&Tablio::ColFormat, &Tablio::setColFormat>("ColFormat", 0x68030008, Type::String, index16),
     property<&Tablio::ColMaxLength, &Tablio::setColMaxLength>("ColMaxLength", 0x68030007, Type::Integer, index16),
-    property<&Tablio::TextMatrix, &Tablio::setTextMatrix>("TextMatrix", 0x68030006, Type::String, cell16),
+    property<&Tablio::TextMatrix, &Tablio::setTextMatrix>("TextMatrix", Number::TextMatrix, Type::String, cell16),
     writeOnly<&Tablio::setLookupResult>("LookupResult", 0x68030005, Type::String, cell16),
     method<&Tablio::ComboClear>("ComboClear", 0x60030050),
     method<&Tablio::ComboAddItem>("ComboAddItem", 0x60030051, newItem),

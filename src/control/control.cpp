@@ -1,5 +1,7 @@
 #include "control/control.h"
 
+#include <tablio/members.h>
+
 namespace tablio {
 
 Control::Control()
@@ -22,7 +24,10 @@ Control::Control()
     });
     state.focus.onLost = [this](WidgetId widget) { focusLost(widget); };
     state.focus.onGot = [this](WidgetId widget) { focusGot(widget); };
-    state.focus.onMoved = [this](WidgetId widget) { state.link.face().focusChanged(widget); };
+    state.focus.onMoved = [this] {
+        state.link.markChanged();
+        state.link.takeFocus();
+    };
     state.columns.start();
 }
 
@@ -61,7 +66,12 @@ void Control::gridScroll() {
 
 void Control::gridAreaChanged(const Rect &area) { state.link.face().areaChanged(area); }
 
-void Control::widgetChanged(WidgetId widget) { state.link.face().widgetChanged(widget); }
+void Control::widgetChanged(WidgetId /*widget*/) { state.link.markChanged(); }
+
+void Control::notify(std::string_view property) {
+    if (state.link.hasFace())
+        state.link.propertyChanged(findMember(property).number);
+}
 
 void Control::chooseMenu(MenuEntry entry) {
     const TableMenu &menu = state.menu;
@@ -91,6 +101,7 @@ CellEditor *Control::editorOf(WidgetId widget) noexcept {
 }
 
 void Control::focusLost(WidgetId widget) {
+    state.link.markChanged();
     if (widget == WidgetId::Grid)
         state.grid.setFocusRect(0);
     else if (widget == WidgetId::mvCalender)

@@ -49,7 +49,7 @@ public:
     /// Does what an entry of the pop-up menu says; a disabled entry does nothing.
     void chooseMenu(MenuEntry entry);
     /// Tells the face that a property has another value.
-    void notify(std::string_view property) { state.link.face().propertyChanged(property); }
+    void notify(std::string_view property);
 
 private:
     void gridEnterCell() override;

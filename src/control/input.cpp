@@ -1,6 +1,6 @@
 #include <tablio/input.h>
 
-#include "control/control.h"
+#include "control/call.h"
 
 #include "model/text/number_text.h"
 #include "model/text/utf16.h"
@@ -9,10 +9,8 @@
 
 namespace tablio {
 
-// Each function holds the control while it runs: a handler may destroy its owner.
-
 Dealt Input::keyDown(KeyCode key, ShiftState shift) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     ControlState &state = control->state;
     state.keyIsDecimal = key == Key::Decimal;
     const bool editorWasVisible = state.widgets.txtEdit.Visible();
@@ -29,7 +27,7 @@ Dealt Input::keyDown(KeyCode key, ShiftState shift) {
 }
 
 Dealt Input::keyPress(char32_t character) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     ControlState &state = control->state;
     if (state.keyIsDecimal)
         character = static_cast<std::uint16_t>(decimalKey(state.link.face().numberFormat()));
@@ -45,7 +43,7 @@ Dealt Input::keyPress(char32_t character) {
 }
 
 void Input::typeText(std::string_view text) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     for (const char32_t character : utf16::characters(text)) {
         if (control->state.link.isClosed())
             return;
@@ -55,7 +53,7 @@ void Input::typeText(std::string_view text) {
 }
 
 Dealt Input::beginComposition() {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     const ControlState &state = control->state;
     const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
     if (owner == WidgetId::Grid && state.gridEnabled())
@@ -64,26 +62,23 @@ Dealt Input::beginComposition() {
 }
 
 void Input::mouseDown(MouseButton button, Twips x, Twips y) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     // A click beside the calendar closes it and then counts as any click.
     control->dateEditor.dismissCalendar();
     if (control->state.gridEnabled())
         control->gridInput.mouseDown(button, x, y);
 }
 
-void Input::mouseMove(Twips x, Twips /*y*/) {
-    const std::shared_ptr<Control> control = control_;
-    control->gridInput.mouseMove(x);
-}
+void Input::mouseMove(Twips x, Twips /*y*/) { Call(control_)->gridInput.mouseMove(x); }
 
 void Input::mouseUp(MouseButton button, Twips x, Twips y) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     if (control->state.gridEnabled())
         control->gridInput.mouseUp(button, x, y);
 }
 
 void Input::doubleClick(Twips x, Twips y) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     if (control->state.gridEnabled())
         control->gridInput.doubleClick(x, y);
 }
@@ -96,7 +91,7 @@ void Input::scrollBy(int rows, int cols) {
 }
 
 void Input::scrollTo(int topRow, int leftCol) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     FlexGrid &grid = control->state.grid;
     if (grid.table.Rows() > 0)
         grid.view.setTopRow(std::clamp(topRow, 0, grid.table.Rows() - 1));
@@ -105,20 +100,20 @@ void Input::scrollTo(int topRow, int leftCol) {
 }
 
 void Input::focusEntered() {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     control->state.link.face().setHostKeyPreview(false);
     if (!control->state.focus.owner())
         control->state.focus.set(WidgetId::Grid);
 }
 
 void Input::focusLeft() {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     control->state.link.face().setHostKeyPreview(true);
     control->state.focus.leave();
 }
 
 void Input::buttonPressed(WidgetId button) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     if (!control->session.isOpen())
         return;
     // A button that is pressed with the mouse takes the focus first, which ends a text edit.
@@ -129,7 +124,7 @@ void Input::buttonPressed(WidgetId button) {
 }
 
 void Input::textSettled(WidgetId editor, std::string_view text, int selStart, int selLength) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     Widgets &widgets = control->state.widgets;
     if (!control->session.isOpen())
         return;
@@ -142,40 +137,30 @@ void Input::textSettled(WidgetId editor, std::string_view text, int selStart, in
 }
 
 void Input::comboDropped(bool dropped) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.widgets.cboEdit.setDroppedDown(dropped);
+    Call(control_)->state.widgets.cboEdit.setDroppedDown(dropped);
 }
 
 void Input::comboItemChosen(int index) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     control->state.widgets.cboEdit.setDroppedDown(false);
     if (control->session.isOpen())
         control->state.widgets.cboEdit.setListIndex(index);
 }
 
 void Input::calendarSized(Twips width, Twips height) {
-    const std::shared_ptr<Control> control = control_;
-    control->dateEditor.setCalendarSize(width, height);
+    Call(control_)->dateEditor.setCalendarSize(width, height);
 }
 
 void Input::calendarMoved(const Date &day) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.widgets.mvCalender.setValue(day);
+    Call(control_)->state.widgets.mvCalender.setValue(day);
 }
 
-void Input::calendarPicked(const Date &day) {
-    const std::shared_ptr<Control> control = control_;
-    control->dateEditor.pick(day);
-}
+void Input::calendarPicked(const Date &day) { Call(control_)->dateEditor.pick(day); }
 
-void Input::menuChosen(MenuEntry entry) {
-    const std::shared_ptr<Control> control = control_;
-    control->chooseMenu(entry);
-}
+void Input::menuChosen(MenuEntry entry) { Call(control_)->chooseMenu(entry); }
 
 void Input::resized(Twips width, Twips height) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.grid.view.setSize(width, height);
+    Call(control_)->state.grid.view.setSize(width, height);
 }
 
 } // namespace tablio

@@ -1,13 +1,10 @@
 #include <tablio/tablio.h>
 
-#include "control/control.h"
+#include "control/call.h"
 
 #include <utility>
 
 namespace tablio {
-
-// Each function that can reach the host holds the control while it runs: a handler may destroy
-// this object.
 
 Tablio::Tablio() : control_(std::make_shared<Control>()), input_(control_) {}
 
@@ -20,7 +17,7 @@ void Tablio::setHost(HostEvents *host) { control_->state.link.setHost(host); }
 void Tablio::InitProperties() { control_->state.settings = Settings{}; }
 
 void Tablio::Show() {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     ControlState &state = control->state;
     ControlState::PageEditing = false;
     state.SetStatusCell = true;
@@ -33,64 +30,62 @@ void Tablio::Show() {
 int Tablio::Rows() const { return control_->state.grid.table.Rows(); }
 
 void Tablio::setRows(int count) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.grid.table.setRows(count);
-    control->notify("Rows");
+    setProperty(control_, "Rows",
+                [&](Control &control) { control.state.grid.table.setRows(count); });
 }
 
 int Tablio::FixedRows() const { return control_->state.grid.table.FixedRows(); }
 
 void Tablio::setFixedRows(int count) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.grid.table.setFixedRows(count);
-    control->notify("FixedRows");
+    setProperty(control_, "FixedRows",
+                [&](Control &control) { control.state.grid.table.setFixedRows(count); });
 }
 
 int Tablio::FixedCols() const { return control_->state.grid.table.FixedCols(); }
 
 void Tablio::setFixedCols(int count) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.grid.table.setFixedCols(count);
-    control->notify("FixedCols");
+    setProperty(control_, "FixedCols",
+                [&](Control &control) { control.state.grid.table.setFixedCols(count); });
 }
 
 bool Tablio::WithFixedColumn() const { return control_->state.settings.WithFixedColumn; }
 
 void Tablio::setWithFixedColumn(bool fixed) {
-    control_->state.settings.WithFixedColumn = fixed;
-    control_->notify("WithFixedColumn");
+    setProperty(control_, "WithFixedColumn",
+                [&](Control &control) { control.state.settings.WithFixedColumn = fixed; });
 }
 
 int Tablio::PrimaryColumn() const { return control_->state.settings.PrimaryColumn; }
 
 void Tablio::setPrimaryColumn(int col) {
-    control_->state.settings.PrimaryColumn = col;
-    control_->notify("PrimaryColumn");
+    setProperty(control_, "PrimaryColumn",
+                [&](Control &control) { control.state.settings.PrimaryColumn = col; });
 }
 
 int Tablio::CheckBoxes() const { return control_->state.settings.CheckBoxes; }
 
 void Tablio::setCheckBoxes(int checkBoxes) {
-    control_->state.settings.CheckBoxes = to16Bit(checkBoxes, "CheckBoxes");
-    control_->notify("CheckBoxes");
+    setProperty(control_, "CheckBoxes", [&](Control &control) {
+        control.state.settings.CheckBoxes = to16Bit(checkBoxes, "CheckBoxes");
+    });
 }
 
 bool Tablio::GridPopUpMenu() const { return control_->state.settings.GridPopUpMenu; }
 
 void Tablio::setGridPopUpMenu(bool offered) {
-    control_->state.settings.GridPopUpMenu = offered;
-    control_->notify("GridPopUpMenu");
+    setProperty(control_, "GridPopUpMenu",
+                [&](Control &control) { control.state.settings.GridPopUpMenu = offered; });
 }
 
 bool Tablio::Enabled() const { return control_->state.gridEnabled(); }
 
 void Tablio::setEnabled(bool enabled) {
-    const std::shared_ptr<Control> control = control_;
-    if (!enabled)
-        control->session.end();
-    control->state.Enabled = enabled;
-    control->state.grid.view.invalidateAll();
-    control->notify("Enabled");
+    setProperty(control_, "Enabled", [&](Control &control) {
+        if (!enabled)
+            control.session.end();
+        control.state.Enabled = enabled;
+        control.state.grid.view.invalidateAll();
+    });
 }
 
 std::string Tablio::TextMatrix(int Row, int Col) const {
@@ -110,25 +105,25 @@ void Tablio::setCellTag(std::shared_ptr<TMatrix> tags) {
 Twips Tablio::RowMinHeight() const { return control_->state.grid.table.RowHeightMin(); }
 
 void Tablio::setRowMinHeight(Twips height) {
-    control_->state.grid.table.setRowHeightMin(height);
-    control_->notify("RowMinHeight");
+    setProperty(control_, "RowMinHeight",
+                [&](Control &control) { control.state.grid.table.setRowHeightMin(height); });
 }
 
 Twips Tablio::RowHeight(int Row) const { return control_->state.grid.table.RowHeight(Row); }
 
 void Tablio::setRowHeight(int Row, Twips height) {
-    control_->state.grid.table.setRowHeight(Row, height);
+    Call(control_)->state.grid.table.setRowHeight(Row, height);
 }
 
 Twips Tablio::HeaderRowHeight() const { return RowHeight(0); }
 
 void Tablio::setHeaderRowHeight(Twips height) {
-    setRowHeight(0, height);
-    control_->notify("HeaderRowHeight");
+    setProperty(control_, "HeaderRowHeight",
+                [&](Control &control) { control.state.grid.table.setRowHeight(0, height); });
 }
 
 bool Tablio::SetStatusCell() const { return control_->state.SetStatusCell; }
 
-void Tablio::setSetStatusCell(bool status) { control_->state.setStatusCell(status); }
+void Tablio::setSetStatusCell(bool status) { Call(control_)->state.setStatusCell(status); }
 
 } // namespace tablio

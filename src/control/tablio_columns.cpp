@@ -2,7 +2,7 @@
 
 #include <tablio/tablio.h>
 
-#include "control/control.h"
+#include "control/call.h"
 
 namespace tablio {
 
@@ -15,11 +15,11 @@ int index16(int index) { return to16Bit(index, "column index"); }
 int Tablio::Cols() const { return control_->state.grid.table.Cols(); }
 
 void Tablio::setCols(int count) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.grid.table.setCols(count);
-    if (control->state.columns.followColumnCount())
-        control->rows.RenumberFixedColumns();
-    control->notify("Cols");
+    setProperty(control_, "Cols", [&](Control &control) {
+        control.state.grid.table.setCols(count);
+        if (control.state.columns.followColumnCount())
+            control.rows.RenumberFixedColumns();
+    });
 }
 
 TColumnStyle Tablio::ColStyle(int Index) const {
@@ -27,12 +27,12 @@ TColumnStyle Tablio::ColStyle(int Index) const {
 }
 
 void Tablio::setColStyle(int Index, TColumnStyle style) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.columns.setNumber(ColumnSettings::Style, index16(Index),
-                                     static_cast<std::int32_t>(style));
-    if (style == TColumnStyle::ColumnFixedWithAutoNumber || ControlState::PageEditing)
-        control->rows.RenumberFixedColumns();
-    control->notify("ColStyle");
+    setProperty(control_, "ColStyle", [&](Control &control) {
+        control.state.columns.setNumber(ColumnSettings::Style, index16(Index),
+                                        static_cast<std::int32_t>(style));
+        if (style == TColumnStyle::ColumnFixedWithAutoNumber || ControlState::PageEditing)
+            control.rows.RenumberFixedColumns();
+    });
 }
 
 TColumnType Tablio::ColEditType(int Index) const {
@@ -40,9 +40,10 @@ TColumnType Tablio::ColEditType(int Index) const {
 }
 
 void Tablio::setColEditType(int Index, TColumnType type) {
-    control_->state.columns.setNumber(ColumnSettings::EditType, index16(Index),
-                                      static_cast<std::int32_t>(type));
-    control_->notify("ColEditType");
+    setProperty(control_, "ColEditType", [&](Control &control) {
+        control.state.columns.setNumber(ColumnSettings::EditType, index16(Index),
+                                        static_cast<std::int32_t>(type));
+    });
 }
 
 std::string Tablio::ColFormat(int Index) const {
@@ -50,8 +51,9 @@ std::string Tablio::ColFormat(int Index) const {
 }
 
 void Tablio::setColFormat(int Index, std::string_view format) {
-    control_->state.columns.setText(ColumnSettings::Format, index16(Index), std::string(format));
-    control_->notify("ColFormat");
+    setProperty(control_, "ColFormat", [&](Control &control) {
+        control.state.columns.setText(ColumnSettings::Format, index16(Index), std::string(format));
+    });
 }
 
 int Tablio::ColMaxLength(int Index) const {
@@ -59,9 +61,10 @@ int Tablio::ColMaxLength(int Index) const {
 }
 
 void Tablio::setColMaxLength(int Index, int length) {
-    control_->state.columns.setNumber(ColumnSettings::MaxLength, index16(Index),
-                                      to16Bit(length, "ColMaxLength"));
-    control_->notify("ColMaxLength");
+    setProperty(control_, "ColMaxLength", [&](Control &control) {
+        control.state.columns.setNumber(ColumnSettings::MaxLength, index16(Index),
+                                        to16Bit(length, "ColMaxLength"));
+    });
 }
 
 TDataType Tablio::ColDataType(int Index) const {
@@ -69,9 +72,10 @@ TDataType Tablio::ColDataType(int Index) const {
 }
 
 void Tablio::setColDataType(int Index, TDataType type) {
-    control_->state.columns.setNumber(ColumnSettings::DataType, index16(Index),
-                                      static_cast<std::int32_t>(type));
-    control_->notify("ColDataType");
+    setProperty(control_, "ColDataType", [&](Control &control) {
+        control.state.columns.setNumber(ColumnSettings::DataType, index16(Index),
+                                        static_cast<std::int32_t>(type));
+    });
 }
 
 TCalcStyle Tablio::ColCalcStyle(int Index) const {
@@ -79,9 +83,10 @@ TCalcStyle Tablio::ColCalcStyle(int Index) const {
 }
 
 void Tablio::setColCalcStyle(int Index, TCalcStyle style) {
-    control_->state.columns.setNumber(ColumnSettings::CalcStyle, index16(Index),
-                                      static_cast<std::int32_t>(style));
-    control_->notify("ColCalcStyle");
+    setProperty(control_, "ColCalcStyle", [&](Control &control) {
+        control.state.columns.setNumber(ColumnSettings::CalcStyle, index16(Index),
+                                        static_cast<std::int32_t>(style));
+    });
 }
 
 std::string Tablio::ColTextHeader(int Index) const {
@@ -89,16 +94,16 @@ std::string Tablio::ColTextHeader(int Index) const {
 }
 
 void Tablio::setColTextHeader(int Index, std::string_view header) {
-    control_->state.grid.table.setTextMatrix(0, index16(Index), header);
-    control_->notify("ColTextHeader");
+    setProperty(control_, "ColTextHeader", [&](Control &control) {
+        control.state.grid.table.setTextMatrix(0, index16(Index), header);
+    });
 }
 
 Twips Tablio::ColWidth(int Index) const { return control_->state.grid.table.ColWidth(Index); }
 
 void Tablio::setColWidth(int Index, Twips width) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.grid.table.setColWidth(Index, width);
-    control->notify("ColWidth");
+    setProperty(control_, "ColWidth",
+                [&](Control &control) { control.state.grid.table.setColWidth(Index, width); });
 }
 
 TColumnAlignment Tablio::ColDataAlignment(int Index) const {
@@ -106,9 +111,10 @@ TColumnAlignment Tablio::ColDataAlignment(int Index) const {
 }
 
 void Tablio::setColDataAlignment(int Index, TColumnAlignment alignment) {
-    control_->state.grid.table.setColAlignment(
-        Index, to16Bit(static_cast<int>(alignment), "ColDataAlignment"));
-    control_->notify("ColDataAlignment");
+    setProperty(control_, "ColDataAlignment", [&](Control &control) {
+        control.state.grid.table.setColAlignment(
+            Index, to16Bit(static_cast<int>(alignment), "ColDataAlignment"));
+    });
 }
 
 TColumnAlignment Tablio::ColHeaderAlignment(int Index) const {
@@ -116,9 +122,10 @@ TColumnAlignment Tablio::ColHeaderAlignment(int Index) const {
 }
 
 void Tablio::setColHeaderAlignment(int Index, TColumnAlignment alignment) {
-    control_->state.grid.table.setFixedAlignment(
-        Index, to16Bit(static_cast<int>(alignment), "ColHeaderAlignment"));
-    control_->notify("ColHeaderAlignment");
+    setProperty(control_, "ColHeaderAlignment", [&](Control &control) {
+        control.state.grid.table.setFixedAlignment(
+            Index, to16Bit(static_cast<int>(alignment), "ColHeaderAlignment"));
+    });
 }
 
 void Tablio::SetColProperty(int ColIndex, std::string_view NewColTextHeader, Twips NewColWidth,

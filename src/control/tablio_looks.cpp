@@ -2,7 +2,7 @@
 
 #include <tablio/tablio.h>
 
-#include "control/control.h"
+#include "control/call.h"
 
 #include <tablio/value.h>
 
@@ -14,72 +14,74 @@ CellAddress cell16(int row, int col) {
     return {to16Bit(row, "cell row"), to16Bit(col, "cell column")};
 }
 
-} // namespace
-
-void Tablio::changeColour(Colour GridLook::*member, Colour colour, std::string_view property) {
-    const std::shared_ptr<Control> control = control_;
-    control->appearance.changeLook([&](GridLook &look) { look.*member = colour; });
-    control->notify(property);
+template <typename Value>
+void setLook(const std::shared_ptr<Control> &owned, std::string_view name, Value GridLook::*member,
+             const Value &value) {
+    setProperty(owned, name, [&](Control &control) {
+        control.appearance.changeLook([&](GridLook &look) { look.*member = value; });
+    });
 }
+
+} // namespace
 
 Colour Tablio::BackColor() const { return control_->state.grid.table.look().BackColorBkg; }
 
 void Tablio::setBackColor(Colour colour) {
-    changeColour(&GridLook::BackColorBkg, colour, "BackColor");
+    setLook(control_, "BackColor", &GridLook::BackColorBkg, colour);
 }
 
 Colour Tablio::BackColorData() const { return control_->state.grid.table.look().BackColor; }
 
 void Tablio::setBackColorData(Colour colour) {
-    changeColour(&GridLook::BackColor, colour, "BackColorData");
+    setLook(control_, "BackColorData", &GridLook::BackColor, colour);
 }
 
 Colour Tablio::ForeColorData() const { return control_->state.grid.table.look().ForeColor; }
 
 void Tablio::setForeColorData(Colour colour) {
-    changeColour(&GridLook::ForeColor, colour, "ForeColorData");
+    setLook(control_, "ForeColorData", &GridLook::ForeColor, colour);
 }
 
 Colour Tablio::BackColorFixed() const { return control_->state.grid.table.look().BackColorFixed; }
 
 void Tablio::setBackColorFixed(Colour colour) {
-    changeColour(&GridLook::BackColorFixed, colour, "BackColorFixed");
+    setLook(control_, "BackColorFixed", &GridLook::BackColorFixed, colour);
 }
 
 Colour Tablio::ForeColorFixed() const { return control_->state.grid.table.look().ForeColorFixed; }
 
 void Tablio::setForeColorFixed(Colour colour) {
-    changeColour(&GridLook::ForeColorFixed, colour, "ForeColorFixed");
+    setLook(control_, "ForeColorFixed", &GridLook::ForeColorFixed, colour);
 }
 
 Colour Tablio::GridColorData() const { return control_->state.grid.table.look().GridColor; }
 
 void Tablio::setGridColorData(Colour colour) {
-    changeColour(&GridLook::GridColor, colour, "GridColorData");
+    setLook(control_, "GridColorData", &GridLook::GridColor, colour);
 }
 
 Colour Tablio::GridColorFixed() const { return control_->state.grid.table.look().GridColorFixed; }
 
 void Tablio::setGridColorFixed(Colour colour) {
-    changeColour(&GridLook::GridColorFixed, colour, "GridColorFixed");
+    setLook(control_, "GridColorFixed", &GridLook::GridColorFixed, colour);
 }
 
 Colour Tablio::BackColorMarkRow() const { return control_->state.grid.table.look().BackColorSel; }
 
 void Tablio::setBackColorMarkRow(Colour colour) {
-    changeColour(&GridLook::BackColorSel, colour, "BackColorMarkRow");
+    setLook(control_, "BackColorMarkRow", &GridLook::BackColorSel, colour);
 }
 
 Colour Tablio::ForeColorMarkRow() const { return control_->state.grid.table.look().ForeColorSel; }
 
 void Tablio::setForeColorMarkRow(Colour colour) {
-    changeColour(&GridLook::ForeColorSel, colour, "ForeColorMarkRow");
+    setLook(control_, "ForeColorMarkRow", &GridLook::ForeColorSel, colour);
 }
 
 Colour Tablio::StripeColor() const { return control_->state.settings.StripeColor; }
 
 void Tablio::setStripeColor(Colour colour) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     control->state.settings.StripeColor = colour;
     control->notify("StripeColor");
     control->appearance.PaintStripes();
@@ -88,99 +90,96 @@ void Tablio::setStripeColor(Colour colour) {
 Colour Tablio::CheckBoxColor() const { return control_->state.settings.CheckBoxColor; }
 
 void Tablio::setCheckBoxColor(Colour colour) {
-    control_->state.settings.CheckBoxColor = colour;
-    control_->notify("CheckBoxColor");
+    setProperty(control_, "CheckBoxColor",
+                [&](Control &control) { control.state.settings.CheckBoxColor = colour; });
 }
 
 bool Tablio::HeaderFontBold() const { return control_->state.settings.HeaderFontBold; }
 
 void Tablio::setHeaderFontBold(bool bold) {
-    const std::shared_ptr<Control> control = control_;
-    control->appearance.setHeaderFontBold(bold);
+    const Call control(control_);
+    control->state.settings.HeaderFontBold = bold;
+    control->notify("HeaderFontBold");
+    control->appearance.showHeaderFontBold();
 }
 
 bool Tablio::WordWrap() const { return control_->state.grid.table.look().WordWrap; }
 
-void Tablio::setWordWrap(bool wrap) {
-    const std::shared_ptr<Control> control = control_;
-    control->appearance.changeLook([wrap](GridLook &look) { look.WordWrap = wrap; });
-    control->notify("WordWrap");
-}
+void Tablio::setWordWrap(bool wrap) { setLook(control_, "WordWrap", &GridLook::WordWrap, wrap); }
 
 Font Tablio::Font() const { return control_->state.grid.table.look().Font; }
 
-void Tablio::setFont(const tablio::Font &font) {
-    const std::shared_ptr<Control> control = control_;
-    control->appearance.changeLook([&](GridLook &look) { look.Font = font; });
-    control->notify("Font");
-}
+void Tablio::setFont(const tablio::Font &font) { setLook(control_, "Font", &GridLook::Font, font); }
 
 std::string Tablio::CellFont(int Row, int Col) {
-    control_->appearance.visit({Row, Col});
+    Call(control_)->appearance.visit({Row, Col});
     return control_->state.grid.CellFont().name;
 }
 
 void Tablio::setCellFont(int Row, int Col, std::string_view name) {
-    control_->appearance.styleFont({Row, Col}, [name](CellStyle &style) { style.fontName = name; });
+    Call(control_)->appearance.styleFont({Row, Col},
+                                         [name](CellStyle &style) { style.fontName = name; });
 }
 
 bool Tablio::CellFontBold(int Row, int Col) {
-    control_->appearance.visit({Row, Col});
+    Call(control_)->appearance.visit({Row, Col});
     return control_->state.grid.CellFont().bold;
 }
 
 void Tablio::setCellFontBold(int Row, int Col, bool bold) {
-    control_->appearance.styleFont({Row, Col}, [bold](CellStyle &style) { style.fontBold = bold; });
+    Call(control_)->appearance.styleFont({Row, Col},
+                                         [bold](CellStyle &style) { style.fontBold = bold; });
 }
 
 bool Tablio::CellFontItalic(int Row, int Col) {
-    control_->appearance.visit({Row, Col});
+    Call(control_)->appearance.visit({Row, Col});
     return control_->state.grid.CellFont().italic;
 }
 
 void Tablio::setCellFontItalic(int Row, int Col, bool italic) {
-    control_->appearance.styleFont({Row, Col},
-                                   [italic](CellStyle &style) { style.fontItalic = italic; });
+    Call(control_)->appearance.styleFont({Row, Col},
+                                         [italic](CellStyle &style) { style.fontItalic = italic; });
 }
 
 int Tablio::CellFontSize(int Row, int Col) {
-    control_->appearance.visit({Row, Col});
+    Call(control_)->appearance.visit({Row, Col});
     return Value(static_cast<double>(control_->state.grid.CellFont().size)).toInteger();
 }
 
 void Tablio::setCellFontSize(int Row, int Col, int points) {
     const auto size = static_cast<float>(to16Bit(points, "CellFontSize"));
-    control_->appearance.styleFont({Row, Col}, [size](CellStyle &style) { style.fontSize = size; });
+    Call(control_)->appearance.styleFont({Row, Col},
+                                         [size](CellStyle &style) { style.fontSize = size; });
 }
 
 Colour Tablio::CellBackColor(int Row, int Col) {
-    control_->appearance.visit(cell16(Row, Col));
+    Call(control_)->appearance.visit(cell16(Row, Col));
     return control_->state.grid.CellBackColor();
 }
 
 void Tablio::setCellBackColor(int Row, int Col, Colour colour) {
-    control_->appearance.styleColour(cell16(Row, Col),
-                                     [colour](CellStyle &style) { style.backColor = colour; });
+    Call(control_)->appearance.styleColour(
+        cell16(Row, Col), [colour](CellStyle &style) { style.backColor = colour; });
 }
 
 Colour Tablio::CellForeColor(int Row, int Col) {
-    control_->appearance.visit(cell16(Row, Col));
+    Call(control_)->appearance.visit(cell16(Row, Col));
     return control_->state.grid.CellForeColor();
 }
 
 void Tablio::setCellForeColor(int Row, int Col, Colour colour) {
-    control_->appearance.styleColour(cell16(Row, Col),
-                                     [colour](CellStyle &style) { style.foreColor = colour; });
+    Call(control_)->appearance.styleColour(
+        cell16(Row, Col), [colour](CellStyle &style) { style.foreColor = colour; });
 }
 
 void Tablio::SetHeaderBackColor(int Col, Colour NewColor) {
-    control_->appearance.styleHeader(cell16(0, Col).col,
-                                     [NewColor](CellStyle &style) { style.backColor = NewColor; });
+    Call(control_)->appearance.styleHeader(
+        cell16(0, Col).col, [NewColor](CellStyle &style) { style.backColor = NewColor; });
 }
 
 void Tablio::SetHeaderForeColor(int Col, Colour NewColor) {
-    control_->appearance.styleHeader(cell16(0, Col).col,
-                                     [NewColor](CellStyle &style) { style.foreColor = NewColor; });
+    Call(control_)->appearance.styleHeader(
+        cell16(0, Col).col, [NewColor](CellStyle &style) { style.foreColor = NewColor; });
 }
 
 } // namespace tablio

@@ -2,7 +2,7 @@
 
 #include <tablio/tablio.h>
 
-#include "control/control.h"
+#include "control/call.h"
 
 namespace tablio {
 
@@ -20,42 +20,30 @@ void enterRow(Control &control, int row, std::string_view operation) {
 
 } // namespace
 
-void Tablio::AddRow() {
-    const std::shared_ptr<Control> control = control_;
-    control->rows.add();
-}
+void Tablio::AddRow() { Call(control_)->rows.add(); }
 
 void Tablio::InsertRow(int Row) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     enterRow(*control, Row, "InsertRow");
     control->rows.insertAtMark();
     control->appearance.repaintStripes();
 }
 
 void Tablio::RemoveRow(int Row) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     enterRow(*control, Row, "RemoveRow");
     control->rows.removeMarked();
     control->appearance.repaintStripes();
 }
 
-void Tablio::ResetRow(int Row) {
-    const std::shared_ptr<Control> control = control_;
-    control->rows.reset(to16Bit(Row, "ResetRow"));
-}
+void Tablio::ResetRow(int Row) { Call(control_)->rows.reset(to16Bit(Row, "ResetRow")); }
 
-void Tablio::TableClear() {
-    const std::shared_ptr<Control> control = control_;
-    control->rows.clear();
-}
+void Tablio::TableClear() { Call(control_)->rows.clear(); }
 
-int Tablio::DataCount() const {
-    const std::shared_ptr<Control> control = control_;
-    return control->rows.dataCount();
-}
+int Tablio::DataCount() const { return Call(control_)->rows.dataCount(); }
 
 void Tablio::CellFocus(int nRow, int nCol) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     FlexGrid &grid = control->state.grid;
     grid.table.checkRow(to16Bit(nRow, "CellFocus row"), "CellFocus");
     grid.table.checkCol(to16Bit(nCol, "CellFocus column"), "CellFocus");
@@ -68,8 +56,7 @@ void Tablio::CellFocus(int nRow, int nCol) {
 }
 
 int Tablio::FindDuplicatePrimaryColumn(int Row) const {
-    const std::shared_ptr<Control> control = control_;
-    return control->duplicates.find(to16Bit(Row, "FindDuplicatePrimaryColumn"));
+    return Call(control_)->duplicates.find(to16Bit(Row, "FindDuplicatePrimaryColumn"));
 }
 
 int Tablio::MarkRow() const { return control_->state.MarkRow; }
@@ -78,37 +65,27 @@ void Tablio::setMarkRow(int row) { control_->state.MarkRow = to16Bit(row, "MarkR
 
 bool Tablio::MarkStatus() const { return control_->marker.isMarked(); }
 
-void Tablio::MarkActiveRow() {
-    const std::shared_ptr<Control> control = control_;
-    control->marker.toggle();
-}
+void Tablio::MarkActiveRow() { Call(control_)->marker.toggle(); }
 
 void Tablio::Check(int Row, bool Checked) {
-    const std::shared_ptr<Control> control = control_;
-    control->checks.check(to16Bit(Row, "Check"), Checked);
+    Call(control_)->checks.check(to16Bit(Row, "Check"), Checked);
 }
 
 bool Tablio::Checked(int Row) const { return control_->checks.isChecked(to16Bit(Row, "Checked")); }
 
-void Tablio::ComboClear() {
-    const std::shared_ptr<Control> control = control_;
-    control->state.widgets.cboEdit.clearItems();
-}
+void Tablio::ComboClear() { Call(control_)->state.widgets.cboEdit.clearItems(); }
 
 void Tablio::ComboAddItem(std::string_view NewItem) {
-    const std::shared_ptr<Control> control = control_;
-    control->state.widgets.cboEdit.addItem(std::string(NewItem));
+    Call(control_)->state.widgets.cboEdit.addItem(std::string(NewItem));
 }
 
 int Tablio::ListIndex(int Row, int Col) {
-    const std::shared_ptr<Control> control = control_;
-    return control->comboEditor.listIndexOf(
+    return Call(control_)->comboEditor.listIndexOf(
         {to16Bit(Row, "ListIndex row"), to16Bit(Col, "ListIndex column")});
 }
 
 void Tablio::setLookupResult(int Row, int Col, std::string_view Value) {
-    const std::shared_ptr<Control> control = control_;
-    control->lookup.setResult(
+    Call(control_)->lookup.setResult(
         {to16Bit(Row, "LookupResult row"), to16Bit(Col, "LookupResult column")},
         std::string(Value));
 }

@@ -159,6 +159,7 @@ void EditSession::setMenuEnabled(bool enabled) {
     state_.menu.mnuMarkRow.enabled = enabled;
     state_.menu.mnuAddRow.enabled = enabled && !state_.menu.mnuMarkRow.checked;
     state_.menu.mnuTableClear.enabled = enabled;
+    state_.link.markChanged();
 }
 
 } // namespace tablio

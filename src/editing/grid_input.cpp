@@ -1,5 +1,7 @@
 #include "editing/grid_input.h"
 
+#include <tablio/members.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -135,7 +137,7 @@ void GridInput::mouseMove(Twips x) {
 void GridInput::mouseUp(MouseButton button, Twips x, Twips y) {
     if (drag_) {
         drag_.reset();
-        state_.link.face().propertyChanged("ColWidth");
+        state_.link.propertyChanged(Number::ColWidth);
         return;
     }
     if (button == MouseButton::Right && state_.settings.GridPopUpMenu)

@@ -3,7 +3,7 @@
 #include <tablio/property_bag.h>
 #include <tablio/tablio.h>
 
-#include "control/control.h"
+#include "control/call.h"
 #include "model/text/number_text.h"
 #include "persistence/stored_keys.h"
 
@@ -121,13 +121,13 @@ private:
 } // namespace
 
 void Tablio::ReadProperties(const PropertyBag &bag) {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     attempt([&] { control->session.end(); });
     Reader(*control, bag).read();
 }
 
 void Tablio::WriteProperties(PropertyBag &bag) const {
-    const std::shared_ptr<Control> control = control_;
+    const Call control(control_);
     const ControlState &state = control->state;
     for (const GeneralKey &key : generalKeys())
         attempt([&] { bag.writeProperty(key.name, key.source(state), key.writeDefault); });

@@ -73,6 +73,7 @@ void Marker::setMenu(bool marked) {
     menu.mnuAddRow.enabled = !marked;
     menu.mnuInsertRow.enabled = marked;
     menu.mnuRemoveRow.enabled = marked;
+    state_.link.markChanged();
 }
 
 } // namespace tablio

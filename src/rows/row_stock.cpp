@@ -168,7 +168,7 @@ int RowStock::dataCount() const {
         const int col = state_.settings.PrimaryColumn;
         if (table.hasCell(row, col) && !trimmed(table.TextMatrix(row, col)).empty())
             result = row;
-        state_.link.face().letPendingEventsRun();
+        state_.link.letPendingEventsRun();
     }
     return result;
 }

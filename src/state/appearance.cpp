@@ -23,16 +23,14 @@ void Appearance::repaintStripes() {
         PaintStripes();
 }
 
-void Appearance::setHeaderFontBold(bool bold) {
-    state_.settings.HeaderFontBold = bold;
-    state_.link.face().propertyChanged("HeaderFontBold");
+void Appearance::showHeaderFontBold() {
     const StatusOff statusOff(state_);
     GridTable &table = state_.grid.table;
     if (table.look().Font.bold || table.Rows() == 0)
         return;
     for (int col = 0; col < table.Cols(); ++col) {
         CellStyle style = table.cellStyle(0, col);
-        style.fontBold = bold;
+        style.fontBold = state_.settings.HeaderFontBold;
         table.setCellStyle(0, col, style);
     }
 }

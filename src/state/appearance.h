@@ -19,8 +19,8 @@ public:
     void PaintStripes();
     /// Stripes that cannot be seen are not painted.
     void repaintStripes();
-    /// Bold or plain header cells, unless the whole grid is bold.
-    void setHeaderFontBold(bool bold);
+    /// Bold or plain header cells as the setting says, unless the whole grid is bold.
+    void showHeaderFontBold();
 
     /// Styles one cell. Font changes leave the grid's current cell there, colour changes put it
     /// back to the cell last entered.

@@ -4,6 +4,8 @@
 #include "model/text/number_picture.h"
 #include "model/text/number_text.h"
 
+#include <tablio/members.h>
+
 namespace tablio {
 
 std::string CellText::read(int row, int col) const {
@@ -26,7 +28,7 @@ void CellText::write(int row, int col, std::string_view value) {
         table.setTextMatrix(row, col, formatted(col, given));
         table.setUnformatted(row, col, given);
     }
-    state_.link.face().propertyChanged("TextMatrix");
+    state_.link.propertyChanged(Number::TextMatrix);
 }
 
 CellContent CellText::content(CellAddress cell) const {

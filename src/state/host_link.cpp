@@ -26,19 +26,34 @@ void HostLink::close() noexcept {
     face_ = &noFace_;
 }
 
+void HostLink::takeFocus() {
+    const Outside outside(*this);
+    face_->takeFocus();
+}
+
+void HostLink::letPendingEventsRun() {
+    const Outside outside(*this);
+    report();
+    face_->letPendingEventsRun();
+}
+
+void HostLink::propertyChangedInside(MemberNumber number) {
+    const Outside outside(*this);
+    report();
+    face_->propertyChanged(number);
+}
+
 bool HostLink::EditPreValidation(CellAddress cell) {
     EventCell at(cell);
     bool cancel = false;
-    if (host_ != nullptr)
-        host_->EditPreValidation(at.row, at.col, cancel);
+    raise(&HostEvents::EditPreValidation, at.row, at.col, cancel);
     return cancel;
 }
 
 void HostLink::EditOnChange(CellAddress cell, std::string_view onEdit) {
     EventCell at(cell);
     std::string text(onEdit);
-    if (host_ != nullptr)
-        host_->EditOnChange(at.row, at.col, text);
+    raise(&HostEvents::EditOnChange, at.row, at.col, text);
 }
 
 bool HostLink::EditPostValidation(CellAddress cell, bool valid, std::string_view oldData,
@@ -46,53 +61,43 @@ bool HostLink::EditPostValidation(CellAddress cell, bool valid, std::string_view
     EventCell at(cell);
     std::string oldText(oldData);
     std::string newText(newData);
-    if (host_ != nullptr)
-        host_->EditPostValidation(at.row, at.col, valid, oldText, newText, lastKey);
+    raise(&HostEvents::EditPostValidation, at.row, at.col, valid, oldText, newText, lastKey);
     return valid;
 }
 
 void HostLink::EditLookup(CellAddress cell) {
     EventCell at(cell);
-    if (host_ != nullptr)
-        host_->EditLookup(at.row, at.col);
+    raise(&HostEvents::EditLookup, at.row, at.col);
 }
 
 void HostLink::CellFocus(CellAddress cell) {
     EventCell at(cell);
-    if (host_ != nullptr)
-        host_->CellFocus(at.row, at.col);
+    raise(&HostEvents::CellFocus, at.row, at.col);
 }
 
 std::int16_t HostLink::CellKeyPress(CellAddress cell, std::int16_t keyAscii) {
     EventCell at(cell);
-    if (host_ != nullptr)
-        host_->CellKeyPress(at.row, at.col, keyAscii);
+    raise(&HostEvents::CellKeyPress, at.row, at.col, keyAscii);
     return keyAscii;
 }
 
-void HostLink::TableChange() {
-    if (host_ != nullptr)
-        host_->TableChange();
-}
+void HostLink::TableChange() { raise(&HostEvents::TableChange); }
 
 KeyCode HostLink::TableKeyDown(KeyCode key, ShiftState shift, CellAddress cell) {
     EventCell at(cell);
-    if (host_ != nullptr)
-        host_->TableKeyDown(key, shift, at.row, at.col);
+    raise(&HostEvents::TableKeyDown, key, shift, at.row, at.col);
     return key;
 }
 
 void HostLink::TableRowChange(int oldRow, int newRow) {
     std::int16_t from = to16Bit(oldRow, "row");
     std::int16_t to = to16Bit(newRow, "row");
-    if (host_ != nullptr)
-        host_->TableRowChange(from, to);
+    raise(&HostEvents::TableRowChange, from, to);
 }
 
 void HostLink::DoubleClick(CellAddress cell) {
     EventCell at(cell);
-    if (host_ != nullptr)
-        host_->DoubleClick(at.row, at.col);
+    raise(&HostEvents::DoubleClick, at.row, at.col);
 }
 
 } // namespace tablio

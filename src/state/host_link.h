@@ -2,7 +2,8 @@
 
 /// The control's two partners: the host that hears events and the face that shows. Everything that
 /// is raised or asked goes through here, so that a control which is being destroyed under a running
-/// handler falls silent at once and the handler's caller can finish safely.
+/// handler falls silent at once and the handler's caller can finish safely. It also knows when the
+/// face has to hear that something changed: once for each outermost call.
 
 #include <tablio/face.h>
 #include <tablio/host_events.h>
@@ -10,18 +11,44 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tablio {
 
 class HostLink {
 public:
     [[nodiscard]] Face &face() const noexcept { return *face_; }
+    [[nodiscard]] bool hasFace() const noexcept { return face_ != &noFace_; }
     /// Null for a control without a face.
     void setFace(Face *face) noexcept { face_ = face != nullptr ? face : &noFace_; }
     void setHost(HostEvents *host) noexcept { host_ = host; }
     /// The control's owner is gone: nobody is told anything from now on.
     void close() noexcept;
     [[nodiscard]] bool isClosed() const noexcept { return closed_; }
+
+    /// What a face shows besides the cells is another. Outside of any call the face hears it now.
+    void markChanged() {
+        isChanged_ = true;
+        if (depth_ == 0)
+            report();
+    }
+    /// Around each call into the control.
+    void enter() noexcept { ++depth_; }
+    void leave() {
+        if (--depth_ == 0)
+            report();
+    }
+
+    // What may run a host's code in the platform's own way.
+    void takeFocus();
+    void letPendingEventsRun();
+    /// In line, since it comes for each cell that a host fills.
+    void propertyChanged(MemberNumber number) {
+        if (depth_ == 0)
+            face_->propertyChanged(number);
+        else
+            propertyChangedInside(number);
+    }
 
     /// Raise an event; rows and columns beyond 16 bits throw OverflowError before the host hears
     /// anything. What the host may change is answered.
@@ -38,9 +65,41 @@ public:
     void DoubleClick(CellAddress cell);
 
 private:
+    /// While it lives a host's code may run, with an event loop of its own: its calls count as
+    /// outermost ones.
+    class Outside {
+    public:
+        explicit Outside(HostLink &link) : link_(link), depth_(std::exchange(link.depth_, 0)) {}
+        ~Outside() { link_.depth_ = depth_; }
+        Outside(const Outside &) = delete;
+        Outside &operator=(const Outside &) = delete;
+
+    private:
+        HostLink &link_;
+        int depth_;
+    };
+
+    void report() {
+        if (std::exchange(isChanged_, false))
+            face_->shown();
+    }
+    void propertyChangedInside(MemberNumber number);
+    /// Raises an event that takes these arguments.
+    template <typename... Arguments>
+    void raise(void (HostEvents::*event)(Arguments &...), Arguments &...arguments) {
+        if (host_ == nullptr)
+            return;
+        const Outside outside(*this);
+        report();
+        if (host_ != nullptr)
+            (host_->*event)(arguments...);
+    }
+
     Face noFace_;
     Face *face_ = &noFace_;
     HostEvents *host_ = nullptr;
+    int depth_ = 0;
+    bool isChanged_ = false;
     bool closed_ = false;
 };
 

@@ -15,7 +15,7 @@ public:
     std::function<void(WidgetId)> onLost;
     std::function<void(WidgetId)> onGot;
     /// A widget of the control wants the keyboard: the face moves the platform's focus.
-    std::function<void(WidgetId)> onMoved;
+    std::function<void()> onMoved;
 
     /// Nobody while the keyboard is outside the control.
     [[nodiscard]] std::optional<WidgetId> owner() const noexcept { return owner_; }
@@ -27,7 +27,7 @@ public:
             return;
         change(widget);
         if (onMoved && owner_ == widget)
-            onMoved(widget);
+            onMoved();
         if (owner_ == widget && onGot)
             onGot(widget);
     }

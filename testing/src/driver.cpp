@@ -1,6 +1,6 @@
 #include <tablio/testing/driver.h>
 
-#include "automation/member_table.h"
+#include <tablio/members.h>
 
 #include <variant>
 

@@ -2,10 +2,10 @@
 
 #include "values.h"
 
-#include "automation/member_table.h"
 #include "model/text/utf16.h"
 
 #include <tablio/errors.h>
+#include <tablio/members.h>
 
 namespace tablio::scenario {
 

@@ -4,11 +4,9 @@
 /// widgets, the menu. The one source of the player that looks behind the control's public headers;
 /// it changes nothing.
 
-#include <tablio/testing/script.h>
-
-#include "automation/member_table.h"
-
+#include <tablio/members.h>
 #include <tablio/tablio.h>
+#include <tablio/testing/script.h>
 
 #include <optional>
 #include <string>

@@ -1,10 +1,10 @@
 #include "members.h"
 
-#include "automation/member_table.h"
 #include "inside.h"
 #include "values.h"
 
 #include <tablio/errors.h>
+#include <tablio/members.h>
 
 namespace tablio::scenario {
 

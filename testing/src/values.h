@@ -3,8 +3,7 @@
 /// How keys, enumerations and other values are written in scenarios. Texts are read into values
 /// and values are shown as texts; an unknown name throws ScriptError.
 
-#include "automation/member_table.h"
-
+#include <tablio/members.h>
 #include <tablio/testing/driver.h>
 #include <tablio/testing/script.h>
 

@@ -1,8 +1,8 @@
 #include "automation/member_document.h"
-#include "automation/member_table.h"
 
 #include <tablio/dispatch.h>
 #include <tablio/errors.h>
+#include <tablio/members.h>
 #include <tablio/tablio.h>
 #include <tablio/text_bag.h>
 
@@ -21,7 +21,7 @@ namespace {
 class GermanFace final : public Face {
 public:
     [[nodiscard]] NumberFormat numberFormat() const override { return {",", ".", 3}; }
-    void propertyChanged(std::string_view name) override { notices.append(name); }
+    void propertyChanged(MemberNumber number) override { notices.append(findMember(number).name); }
     std::string notices;
 };
 

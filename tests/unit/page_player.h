@@ -4,6 +4,7 @@
 /// the members of the control that they edit. What belongs to one page alone, a test reaches
 /// through `pages`.
 
+#include <tablio/members.h>
 #include <tablio/pages/property_pages.h>
 #include <tablio/tablio.h>
 
@@ -27,7 +28,9 @@ protected:
         // Page editing is a matter of all controls; other tests expect it off.
         Tablio().Show();
     }
-    void propertyChanged(std::string_view name) override { notices.append(name).append(" "); }
+    void propertyChanged(MemberNumber number) override {
+        notices.append(findMember(number).name).append(" ");
+    }
     void focusMoved(const PageControl &control) override { focus = control.name(); }
 
     void reopen() { pages = std::make_unique<PropertyPages>(table, *this); }

@@ -60,8 +60,13 @@ void NativeTextBox::place(const ShownEditor &editor) {
 
     const int covered = parts_.coveredByButtons(inner.x() + width);
     const int side = textMargin - ownMargin;
-    setTextMargins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + covered, 0);
-    setAlignment((editor.alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    const QMargins margins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + covered, 0);
+    if (textMargins() != margins)
+        setTextMargins(margins);
+    const Qt::Alignment alignment =
+        (editor.alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    if (this->alignment() != alignment)
+        setAlignment(alignment);
     if (moved)
         tellPlace();
 }

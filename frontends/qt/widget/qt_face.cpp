@@ -1,12 +1,12 @@
 #include "widget/qt_face.h"
 
-#include "editors/native_calendar.h"
-#include "editors/native_combo.h"
 #include "editors/native_text_box.h"
 #include "grid/grid_canvas.h"
 #include "widget/qt_text.h"
 #include "widget/table_menu.h"
 #include "widget/tablio_widget_p.h"
+
+#include <tablio/members.h>
 
 #include <QApplication>
 #include <QClipboard>
@@ -30,34 +30,9 @@ constexpr unsigned callsPerLook = 64;
 
 } // namespace
 
-void QtFace::widgetChanged(WidgetId widget) {
-    switch (widget) {
-    case WidgetId::picText:
-    case WidgetId::txtEdit:
-        parts_.textBox->mirror();
-        break;
-    case WidgetId::picEdit:
-    case WidgetId::cboEdit:
-        parts_.combo->mirror();
-        parts_.textBox->mirror();
-        break;
-    case WidgetId::txtDateEdit:
-        parts_.textBox->mirror();
-        break;
-    case WidgetId::cmdLookup:
-    case WidgetId::cmdCalender:
-        parts_.showButtons();
-        break;
-    case WidgetId::picDate:
-    case WidgetId::mvCalender:
-        parts_.calendar->mirror();
-        break;
-    case WidgetId::Grid:
-        break;
-    }
-}
+void QtFace::shown() { parts_.mirror(); }
 
-void QtFace::focusChanged(WidgetId /*owner*/) { parts_.textBox->takeFocus(); }
+void QtFace::takeFocus() { parts_.textBox->takeFocus(); }
 
 void QtFace::areaChanged(const Rect &area) { parts_.canvas->showArea(area); }
 
@@ -119,13 +94,13 @@ void QtFace::letPendingEventsRun() {
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void QtFace::propertyChanged(std::string_view name) {
+void QtFace::propertyChanged(MemberNumber number) {
     // Filling a table changes the same property for each cell, and mostly nobody listens. The names
     // stay: a slot may change another property while it reads this one's name, or delete all this.
-    static std::map<std::string, QString, std::less<>> names;
-    static const std::pair<const std::string, QString> *last = nullptr;
-    if (last == nullptr || last->first != name)
-        last = &*names.try_emplace(std::string(name), toQString(name)).first;
+    static std::map<MemberNumber, QString> names;
+    static const std::pair<const MemberNumber, QString> *last = nullptr;
+    if (last == nullptr || last->first != number)
+        last = &*names.try_emplace(number, toQString(findMember(number).name)).first;
     Q_EMIT parts_.widget.propertyChanged(last->second);
 }
 

@@ -17,8 +17,8 @@ class QtFace final : public Face {
 public:
     explicit QtFace(TablioWidgetPrivate &parts) : parts_(parts) {}
 
-    void widgetChanged(WidgetId widget) override;
-    void focusChanged(WidgetId owner) override;
+    void shown() override;
+    void takeFocus() override;
     void areaChanged(const Rect &area) override;
     void scrolled() override;
     void popUpMenu(Twips x, Twips y) override;
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] Date today() const override;
 
     void letPendingEventsRun() override;
-    void propertyChanged(std::string_view name) override;
+    void propertyChanged(MemberNumber number) override;
     void setHostKeyPreview(bool preview) override { hostKeyPreview_ = preview; }
     [[nodiscard]] bool hostKeyPreview() const noexcept { return hostKeyPreview_; }
 

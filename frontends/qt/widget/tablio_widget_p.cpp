@@ -190,13 +190,15 @@ void TablioWidgetPrivate::showButtons() {
     const DevicePixels dots = pixels();
     const int line = dots.lineWidth();
     const auto show = [&](QToolButton &button, const PlainWidget &model) {
-        button.setGeometry(dots.inside(dots.rect(model.place()).adjusted(0, 0, -line, -line)));
+        const bool appears = model.Visible() && button.isHidden();
+        if (model.Visible())
+            button.setGeometry(dots.inside(dots.rect(model.place()).adjusted(0, 0, -line, -line)));
         button.setVisible(model.Visible());
-        button.raise();
+        if (appears)
+            button.raise();
     };
     show(*lookupButton, state().widgets.cmdLookup);
     show(*calendarButton, state().widgets.cmdCalender);
-    textBox->mirror();
 }
 
 int TablioWidgetPrivate::coveredByButtons(int right) const {
@@ -208,14 +210,22 @@ int TablioWidgetPrivate::coveredByButtons(int right) const {
     return covered;
 }
 
+void TablioWidgetPrivate::mirror() {
+    // Hiding a list moves the native focus, and a host that hears of it may delete the widget.
+    const QPointer<TablioWidget> alive(&widget);
+    showButtons();
+    combo->mirror();
+    if (alive)
+        textBox->mirror();
+    if (alive)
+        calendar->mirror();
+}
+
 void TablioWidgetPrivate::showAnew() {
     canvas->forgetFonts();
     textBox->forgetLook();
     arrange();
-    textBox->mirror();
-    showButtons();
-    combo->mirror();
-    calendar->mirror();
+    mirror();
     canvas->update();
 }
 

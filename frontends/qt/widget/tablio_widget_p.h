@@ -84,7 +84,8 @@ public:
     void arrange();
     /// Shows the grid's scroll position and range.
     void showScrollPosition();
-    void showButtons();
+    /// Shows the open editor, its buttons, list and calendar; little work when they are the same.
+    void mirror();
     /// How far the buttons over the cell reach into a text that ends here, in pixels.
     [[nodiscard]] int coveredByButtons(int right) const;
     /// Font, palette or screen are others: shows everything anew.
@@ -99,6 +100,7 @@ public:
 
 private:
     void makeChildren();
+    void showButtons();
     [[nodiscard]] QToolButton *makeButton(WidgetId id, const char *name, const QString &tip);
     [[nodiscard]] bool rowsFit(Twips height) const;
     [[nodiscard]] bool colsFit(Twips width) const;

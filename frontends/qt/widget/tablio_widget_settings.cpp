@@ -58,7 +58,7 @@ void TablioWidgetPrivate::readSettings(const TextBag &bag) {
     }
     core.setEnabled(widget.isEnabled());
     // Loading sets the switches; what they do to cells has to be done again.
-    control.appearance.setHeaderFontBold(core.HeaderFontBold());
+    control.appearance.showHeaderFontBold();
     if (hadStripes || hasStripes())
         control.appearance.PaintStripes();
     showAnew();

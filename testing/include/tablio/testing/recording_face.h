@@ -5,6 +5,7 @@
 /// front end's own face goes on showing everything.
 
 #include <tablio/face.h>
+#include <tablio/members.h>
 
 #include <optional>
 #include <string>
@@ -29,8 +30,8 @@ public:
     std::optional<Date> date = Date{2024, 5, 17};
     std::optional<std::string> clipboard = "";
 
-    void widgetChanged(WidgetId widget) override { inner().widgetChanged(widget); }
-    void focusChanged(WidgetId owner) override { inner().focusChanged(owner); }
+    void shown() override { inner().shown(); }
+    void takeFocus() override { inner().takeFocus(); }
     void areaChanged(const Rect &area) override { inner().areaChanged(area); }
     void scrolled() override { inner().scrolled(); }
     void popUpMenu(Twips x, Twips y) override {
@@ -60,9 +61,9 @@ public:
     }
     [[nodiscard]] Date today() const override { return date ? *date : inner().today(); }
     void letPendingEventsRun() override { inner().letPendingEventsRun(); }
-    void propertyChanged(std::string_view name) override {
-        notices.emplace_back(name);
-        inner().propertyChanged(name);
+    void propertyChanged(MemberNumber number) override {
+        notices.emplace_back(findMember(number).name);
+        inner().propertyChanged(number);
     }
     void setHostKeyPreview(bool preview) override {
         hostKeyPreview = preview;

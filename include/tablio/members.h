@@ -44,6 +44,12 @@ struct Argument {
     [[nodiscard]] Value defaultValue() const;
 };
 
+/// Properties that change often: a face that nobody asks need not look their names up.
+namespace Number {
+inline constexpr MemberNumber TextMatrix = 0x68030006;
+inline constexpr MemberNumber ColWidth = 0x68030017;
+} // namespace Number
+
 enum class MemberKind { Property, Method };
 
 /// Calls the typed function. The arguments have their declared types, none is missing; a writer
