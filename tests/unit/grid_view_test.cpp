@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <random>
 #include <vector>
 
 namespace tablio {
@@ -65,6 +66,31 @@ TEST_F(GridViewTest, CellsStandWhereTheScrollPositionPutsThem) {
     EXPECT_EQ(view.cellRect(4, 2), (Rect{1000, -300, 1000, 300}));
     EXPECT_LE(view.cellRect(1, 2).bottom(), 0);
     EXPECT_EQ(view.cellRect(5, 1), (Rect{-1000, 300, 1000, 300}));
+}
+
+/// Rows come and go, grow and shrink; the places of far rows are not found by walking there.
+TEST_F(GridViewTest, ARowStandsBehindAllRowsBeforeIt) {
+    std::mt19937 random(5);
+    const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
+    for (int step = 0; step < 400; ++step) {
+        const int row = 1 + below(table.Rows() - 1);
+        const int what = below(8);
+        if (what == 0 && table.Rows() < 40)
+            table.AddItem("", row);
+        else if (what == 1 && table.Rows() > 5)
+            table.RemoveItem(row);
+        else if (what == 2)
+            table.setRows(5 + below(30));
+        else if (what == 3)
+            table.setRowHeightMin(below(3) * 200);
+        else
+            table.setRowHeight(row, 100 * below(7) - 100);
+        Twips top = 0;
+        for (int next = 0; next < table.Rows(); ++next) {
+            ASSERT_EQ(table.heightOfRows(0, next), top) << next << " after step " << step;
+            top += table.RowHeight(next);
+        }
+    }
 }
 
 TEST_F(GridViewTest, ListsWhatIsVisibleInPartsToo) {

@@ -1,8 +1,8 @@
 #pragma once
 
 /// The cells of the table, row by row: the text that is shown, the unformatted value where it
-/// differs from that text, the look, and the row's own height. Rows cost nothing until something
-/// is written into them. Indexes are trusted here; the grid table checks them.
+/// differs from that text, and the look. Rows cost nothing until something is written into them.
+/// Indexes are trusted here; the grid table checks them.
 
 #include "model/grid/cell_style.h"
 #include "model/grid/compact_text.h"
@@ -27,7 +27,7 @@ public:
     /// Inserts a blank row that will have this index, or takes the row with this index away.
     void insertRow(int row);
     void removeRow(int row);
-    /// Wipes all texts, values and looks; rows, columns and heights stay.
+    /// Wipes all texts, values and looks; rows and columns stay.
     void clear();
 
     [[nodiscard]] std::string_view text(int row, int col) const noexcept;
@@ -51,10 +51,6 @@ public:
         at(row).styles = std::move(styles);
     }
 
-    /// The height given to the row, in twips; -1 where none was.
-    [[nodiscard]] Twips height(int row) const noexcept { return at(row).height; }
-    void setHeight(int row, Twips height) { at(row).height = height; }
-
 private:
     using Texts = std::vector<CompactText>;
     struct Row {
@@ -62,7 +58,6 @@ private:
         /// Only where a row has some; empty where the text says it all.
         std::unique_ptr<Texts> values;
         std::shared_ptr<RowStyles> styles;
-        Twips height = -1;
     };
 
     [[nodiscard]] Row &at(int row) { return rows_[static_cast<std::size_t>(row)]; }

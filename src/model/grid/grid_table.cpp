@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace tablio {
 
@@ -39,6 +40,7 @@ GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
 void GridTable::setRows(int count) {
     checkCount("Rows", count, 0, maxRows);
     store_.setRows(count);
+    heights_.cut(count);
     fixedRows_ = std::min(fixedRows_, count);
     observer_.tableChanged();
 }
@@ -78,6 +80,7 @@ void GridTable::AddItem(std::string_view Item, int Index) {
     if (Index < Rows())
         ++shiftStamp_;
     store_.insertRow(Index);
+    heights_.insertRow(Index);
     for (int col = 0; !Item.empty() && col < Cols(); ++col) {
         const std::size_t tab = std::min(Item.find('\t'), Item.size());
         store_.setText(Index, col, Item.substr(0, tab));
@@ -90,6 +93,7 @@ void GridTable::RemoveItem(int Index) {
     if (Index < fixedRows_ || Index >= Rows())
         throw GridError(outside("RemoveItem", "row", Index, fixedRows_, Rows() - 1));
     store_.removeRow(Index);
+    heights_.removeRow(Index);
     ++shiftStamp_;
     observer_.tableChanged();
 }
@@ -187,20 +191,24 @@ std::shared_ptr<RowStyles> GridTable::painted(const std::shared_ptr<RowStyles> &
 
 Twips GridTable::RowHeight(int row) const {
     checkRow(row, "RowHeight");
-    const Twips own = store_.height(row);
-    return std::max(own < 0 ? defaultRowHeight : own, rowHeightMin_);
+    return heights_.of(row);
+}
+
+Twips GridTable::heightOfRows(int from, int to) const {
+    constexpr std::int64_t most = std::numeric_limits<Twips>::max() / 2;
+    return static_cast<Twips>(std::clamp(heights_.before(to) - heights_.before(from), -most, most));
 }
 
 void GridTable::setRowHeight(int row, Twips height) {
     checkRow(row, "RowHeight");
-    store_.setHeight(row, std::max(height, -1));
+    heights_.set(row, height);
     observer_.tableChanged();
 }
 
 void GridTable::setRowHeightMin(Twips height) {
     if (height < 0)
         throw GridError("RowHeightMin: " + std::to_string(height) + " twips is below 0");
-    rowHeightMin_ = height;
+    heights_.setMinimum(height);
     observer_.tableChanged();
 }
 

@@ -6,6 +6,7 @@
 
 #include "model/grid/cell_store.h"
 #include "model/grid/grid_look.h"
+#include "model/grid/row_heights.h"
 
 #include <cstdint>
 #include <memory>
@@ -33,7 +34,7 @@ class GridTable {
 public:
     static constexpr int maxRows = 32768;
     static constexpr int maxCols = 32767;
-    static constexpr Twips defaultRowHeight = 300;
+    static constexpr Twips defaultRowHeight = RowHeights::defaultHeight;
     static constexpr Twips defaultColWidth = 960;
 
     explicit GridTable(GridTableObserver &observer);
@@ -72,7 +73,9 @@ public:
 
     [[nodiscard]] Twips RowHeight(int row) const;
     void setRowHeight(int row, Twips height);
-    [[nodiscard]] Twips RowHeightMin() const noexcept { return rowHeightMin_; }
+    /// Of the rows from one up to another together; negative where the second comes first.
+    [[nodiscard]] Twips heightOfRows(int from, int to) const;
+    [[nodiscard]] Twips RowHeightMin() const noexcept { return heights_.minimum(); }
     void setRowHeightMin(Twips height);
     [[nodiscard]] Twips ColWidth(int col) const;
     /// A negative width is the default one, 0 hides the column.
@@ -119,11 +122,11 @@ private:
     GridTableObserver &observer_;
     CellStore store_;
     StyleTable styles_;
+    RowHeights heights_;
     std::vector<Column> columns_;
     GridLook look_;
     int fixedRows_ = 1;
     int fixedCols_ = 0;
-    Twips rowHeightMin_ = 0;
     std::uint64_t shiftStamp_ = 0;
 };
 

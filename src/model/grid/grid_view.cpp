@@ -18,6 +18,8 @@ struct Axis {
         return isRows ? table.RowHeight(index) : table.ColWidth(index);
     }
     [[nodiscard]] Twips length(int from, int to) const {
+        if (isRows)
+            return table.heightOfRows(from, to);
         Twips sum = 0;
         for (int index = from; index < to; ++index)
             sum += size(index);
