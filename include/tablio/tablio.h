@@ -8,6 +8,7 @@
 #include <tablio/face.h>
 #include <tablio/host_events.h>
 #include <tablio/input.h>
+#include <tablio/screen.h>
 #include <tablio/tmatrix.h>
 #include <tablio/types.h>
 
@@ -37,6 +38,8 @@ public:
     void setHost(HostEvents *host);
     /// What a face tells the control.
     [[nodiscard]] Input &input() noexcept { return input_; }
+    /// What a face shows.
+    [[nodiscard]] const Screen &screen() const noexcept { return screen_; }
     /// The models that a face mirrors; front ends include "control/control.h" for them.
     [[nodiscard]] Control &control() noexcept { return *control_; }
 
@@ -223,6 +226,7 @@ private:
     friend struct Inside;
     std::shared_ptr<Control> control_;
     Input input_;
+    Screen screen_;
 };
 
 } // namespace tablio

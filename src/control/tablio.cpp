@@ -6,7 +6,7 @@
 
 namespace tablio {
 
-Tablio::Tablio() : control_(std::make_shared<Control>()), input_(control_) {}
+Tablio::Tablio() : control_(std::make_shared<Control>()), input_(control_), screen_(*control_) {}
 
 Tablio::~Tablio() { control_->state.link.close(); }
 

@@ -43,13 +43,13 @@ bool CheckColumn::toggleCurrent() {
 
 void CheckColumn::tickCurrent() {
     state_.grid.changeCellStyle([this](CellStyle &style) {
-        style.fontName = "Wingdings 2";
+        style.fontName = tickFont;
         style.fontSize = 12.0F;
         style.fontBold = true;
         style.foreColor = state_.settings.CheckBoxColor;
         style.alignment = 4;
     });
-    state_.grid.setText("P");
+    state_.grid.setText(tick);
 }
 
 } // namespace tablio

@@ -1,9 +1,12 @@
 #pragma once
 
 /// The tick column: the grid's last one while check boxes are on. A ticked cell holds "P" in the
-/// font "Wingdings 2", where that character is a tick; a face may draw the tick its own way.
+/// font "Wingdings 2", where that character is a tick; few machines have the font, so a tick is
+/// painted as a shape.
 
 #include "state/control_state.h"
+
+#include <string_view>
 
 namespace tablio {
 
@@ -16,8 +19,15 @@ public:
     [[nodiscard]] bool isChecked(int row) const;
     /// Ticks or clears the current cell, if it is a tick cell. Answers whether it is.
     bool toggleCurrent();
+    /// Whether a cell of this look and text shows a tick.
+    [[nodiscard]] static bool isTick(const CellStyle &style, std::string_view text) {
+        return style.fontName == tickFont && text == tick;
+    }
 
 private:
+    static constexpr std::string_view tickFont = "Wingdings 2";
+    static constexpr std::string_view tick = "P";
+
     [[nodiscard]] bool isOn() const noexcept {
         return state_.isCheckCell({0, state_.grid.table.Cols() - 1});
     }

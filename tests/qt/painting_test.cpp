@@ -1,8 +1,8 @@
 /// What the grid looks like, read from its pixels at several scales, and how little is painted when
 /// little has changed.
 
-#include "grid/palette_colours.h"
 #include "grid_window.h"
+#include "widget/qt_look.h"
 
 #include <gtest/gtest.h>
 
@@ -81,8 +81,7 @@ TEST_P(PaintingAtScale, LinesAreSharpAndEvenlyThick) {
     const qreal ratio = GetParam();
     const QImage image = picture(*w.grid, ratio);
     const QColor base = w.grid->palette().color(QPalette::Base);
-    const QColor line = tablio::qt::PaletteColours(w.grid->palette(), QPalette::Active)
-                            .of(tablio::SystemColour::ButtonShadow);
+    const QColor line = w.grid->gridColorData();
     const int width = std::max(1, qRound(ratio));
     const int middle = devicePlace(w, 3, 0, ratio).center().y();
     for (int col = 0; col < 4; ++col) {
@@ -166,7 +165,7 @@ TEST(Painting, APaletteChangeIsFollowedAndTextStaysReadable) {
               80);
     // The header's line is told from the header in the dark, too.
     const QColor line = image.pixelColor(devicePlace(w, 0, 0, 1).topRight());
-    EXPECT_GT(tablio::qt::contrast(line, QColor(55, 55, 58)), 1.2);
+    EXPECT_GT(tablio::contrast(tablio::qt::fromQColor(line), tablio::Colour{0x003A3737}), 1.2);
 }
 
 TEST(Painting, AStyleSheetColoursTheCells) {

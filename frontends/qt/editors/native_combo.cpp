@@ -2,6 +2,7 @@
 
 #include "widget/guarded.h"
 #include "widget/key_translation.h"
+#include "widget/qt_look.h"
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"
 
@@ -46,11 +47,8 @@ void NativeCombo::mirror() {
         return;
     }
     const DevicePixels pixels = parts_.pixels();
-    const int line = pixels.lineWidth();
-    frame->setGeometry(
-        pixels.inside(pixels.rect(widgets.picEdit.place()).adjusted(0, 0, -line, -line)));
-    const QRect place = pixels.around(pixels.rect(combo.place()));
-    setGeometry(place);
+    frame->setGeometry(toQRect(pixels.inside(pixels.withoutLines(widgets.picEdit.place()))));
+    setGeometry(toQRect(pixels.around(pixels.rect(combo.place()))));
     setFont(completedFont(combo.look().Font, parts_.widget));
     view()->setFont(font());
     mirrorItems();

@@ -5,6 +5,7 @@
 
 #include "grid/grid_canvas.h"
 #include "widget/guarded.h"
+#include "widget/qt_look.h"
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"
 
@@ -98,7 +99,8 @@ QVariant NativeTextBox::inputMethodQuery(Qt::InputMethodQuery query) const {
         const CellAddress cell = grid.current();
         if (grid.table.hasCell(cell.row, cell.col)) {
             const DevicePixels pixels = parts_.pixels();
-            const QRect place = pixels.around(pixels.rect(grid.view.cellRect(cell.row, cell.col)));
+            const QRect place =
+                toQRect(pixels.around(pixels.rect(grid.view.cellRect(cell.row, cell.col))));
             return QRect(mapFrom(parts_.canvas, place.topLeft()), QSize(1, place.height()));
         }
     }

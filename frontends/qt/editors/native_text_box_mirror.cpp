@@ -3,6 +3,7 @@
 #include "editors/native_text_box.h"
 
 #include "grid/grid_canvas.h"
+#include "widget/qt_look.h"
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"
 
@@ -41,8 +42,7 @@ void NativeTextBox::mirror() {
 
 void NativeTextBox::place(const ShownEditor &editor) {
     const DevicePixels pixels = parts_.pixels();
-    const int line = pixels.lineWidth();
-    const QRect inner = pixels.inside(pixels.rect(editor.frame).adjusted(0, 0, -line, -line));
+    const QRect inner = toQRect(pixels.inside(pixels.withoutLines(editor.frame)));
     // A right-aligned editor reaches to the cell's end, so that its margin alone decides where the
     // text ends: exactly where the grid paints it.
     const int width = editor.alignsRight
@@ -78,8 +78,9 @@ void NativeTextBox::setLook(const ShownEditor &editor) {
     setFont(completedFont(editor.look.Font, parts_.widget));
     const PaletteColours colours = parts_.colours();
     QPalette palette = parts_.widget.palette();
-    palette.setColor(QPalette::Base, colours.of(editor.look.BackColor));
-    palette.setColor(QPalette::Text, colours.text(editor.look.ForeColor, editor.look.BackColor));
+    palette.setColor(QPalette::Base, toQColor(colours.of(editor.look.BackColor)));
+    palette.setColor(QPalette::Text,
+                     toQColor(colours.text(editor.look.ForeColor, editor.look.BackColor)));
     setPalette(palette);
 }
 

@@ -3,6 +3,7 @@
 #include "editors/native_text_box.h"
 #include "grid/grid_painter.h"
 #include "widget/guarded.h"
+#include "widget/qt_look.h"
 #include "widget/tablio_widget_p.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@
 #include <cmath>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace tablio::qt {
 
@@ -49,13 +51,15 @@ GridCanvas::GridCanvas(TablioWidgetPrivate &parts, QWidget *parent)
 
 void GridCanvas::showArea(const Rect &area) {
     const DevicePixels pixels = parts_.pixels();
-    update(pixels.around(pixels.rect(area)));
+    update(toQRect(pixels.around(pixels.rect(area))));
 }
 
 void GridCanvas::showFramed(const Rect &area) {
     const DevicePixels pixels = parts_.pixels();
     const int line = pixels.lineWidth();
-    update(pixels.around(pixels.rect(area).adjusted(-line, -line, 0, 0)));
+    const PixelRect place = pixels.rect(area);
+    update(toQRect(pixels.around(
+        {place.left - line, place.top - line, place.width + line, place.height + line})));
 }
 
 void GridCanvas::showScrolled() {
@@ -99,23 +103,20 @@ void GridCanvas::paintEvent(QPaintEvent *event) {
     // itself may begin between two device pixels; the grid begins on the nearest one.
     const QTransform toDevice = painter.deviceTransform();
     const qreal ratio = toDevice.m11() > 0 ? toDevice.m11() : devicePixelRatioF();
-    const DevicePixels pixels(ratio);
     painter.scale(1 / ratio, 1 / ratio);
     painter.translate(std::round(toDevice.dx()) - toDevice.dx(),
                       std::round(toDevice.dy()) - toDevice.dy());
-    QRegion region;
+    std::vector<PixelRect> areas;
     for (const QRect &part : event->region()) {
         const auto device = [ratio](int pixel) { return pixel * ratio; };
-        region +=
+        areas.push_back(fromQRect(
             QRectF(device(part.x()), device(part.y()), device(part.width()), device(part.height()))
-                .toAlignedRect();
+                .toAlignedRect()));
     }
     fonts_.setRatio(ratio);
-    GridScene scene{parts_.state(), parts_.colours(),     pixels,
-                    parts_.widget,  parts_.hasKeyboard(), std::nullopt};
-    if (const OpenEdit *edit = parts_.control.session.open())
-        scene.edited = edit->cell;
-    GridPainter(painter, scene, fonts_).paint(region);
+    GridPainter scene(painter, parts_.widget, fonts_);
+    parts_.core.screen().paint(
+        areas, {parts_.palette(), ratio, parts_.hasKeyboard(), parts_.widget.isEnabled()}, scene);
 }
 
 void GridCanvas::mousePressEvent(QMouseEvent *event) {

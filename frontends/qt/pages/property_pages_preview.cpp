@@ -1,10 +1,10 @@
 #include "pages/property_pages_preview.h"
 
-#include "grid/device_pixels.h"
 #include "widget/qt_text.h"
 
 #include "control/control.h"
 
+#include <tablio/pixels.h>
 #include <tablio/text_bag.h>
 
 #include <QLocale>

@@ -85,7 +85,7 @@ void TablioWidget::paintEvent(QPaintEvent * /*event*/) {
     option.initFrom(this);
     style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
     const QRect outline = contentsRect().adjusted(-1, -1, 1, 1);
-    painter.fillRect(outline, d_->colours().of(d_->state().grid.table.look().GridColorFixed));
+    painter.fillRect(outline, d_->colour(d_->state().grid.table.look().GridColorFixed));
 }
 
 void TablioWidget::resizeEvent(QResizeEvent * /*event*/) { d_->arrange(); }

@@ -1,17 +1,12 @@
 /// The colours of `TablioWidget` and the looks of its cells.
 
+#include "widget/qt_look.h"
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"
 
 namespace tablio::qt {
 
 namespace {
-
-Colour fromQColor(const QColor &colour) {
-    return Colour{static_cast<std::uint32_t>(colour.red()) |
-                  static_cast<std::uint32_t>(colour.green()) << 8U |
-                  static_cast<std::uint32_t>(colour.blue()) << 16U};
-}
 
 /// An invalid colour stands for the one that a new widget has.
 Colour colourOr(const QColor &colour, Colour start) {
@@ -20,71 +15,67 @@ Colour colourOr(const QColor &colour, Colour start) {
 
 } // namespace
 
-QColor TablioWidget::backColor() const { return d_->colours().of(d_->core.BackColor()); }
+QColor TablioWidget::backColor() const { return d_->colour(d_->core.BackColor()); }
 
 void TablioWidget::setBackColor(const QColor &colour) {
     d_->core.setBackColor(colourOr(colour, d_->startLook.BackColorBkg));
 }
 
-QColor TablioWidget::backColorData() const { return d_->colours().of(d_->core.BackColorData()); }
+QColor TablioWidget::backColorData() const { return d_->colour(d_->core.BackColorData()); }
 
 void TablioWidget::setBackColorData(const QColor &colour) {
     d_->core.setBackColorData(colourOr(colour, d_->startLook.BackColor));
 }
 
-QColor TablioWidget::foreColorData() const { return d_->colours().of(d_->core.ForeColorData()); }
+QColor TablioWidget::foreColorData() const { return d_->colour(d_->core.ForeColorData()); }
 
 void TablioWidget::setForeColorData(const QColor &colour) {
     d_->core.setForeColorData(colourOr(colour, d_->startLook.ForeColor));
 }
 
-QColor TablioWidget::backColorFixed() const { return d_->colours().of(d_->core.BackColorFixed()); }
+QColor TablioWidget::backColorFixed() const { return d_->colour(d_->core.BackColorFixed()); }
 
 void TablioWidget::setBackColorFixed(const QColor &colour) {
     d_->core.setBackColorFixed(colourOr(colour, d_->startLook.BackColorFixed));
 }
 
-QColor TablioWidget::foreColorFixed() const { return d_->colours().of(d_->core.ForeColorFixed()); }
+QColor TablioWidget::foreColorFixed() const { return d_->colour(d_->core.ForeColorFixed()); }
 
 void TablioWidget::setForeColorFixed(const QColor &colour) {
     d_->core.setForeColorFixed(colourOr(colour, d_->startLook.ForeColorFixed));
 }
 
-QColor TablioWidget::gridColorData() const { return d_->colours().of(d_->core.GridColorData()); }
+QColor TablioWidget::gridColorData() const { return d_->colour(d_->core.GridColorData()); }
 
 void TablioWidget::setGridColorData(const QColor &colour) {
     d_->core.setGridColorData(colourOr(colour, d_->startLook.GridColor));
 }
 
-QColor TablioWidget::gridColorFixed() const { return d_->colours().of(d_->core.GridColorFixed()); }
+QColor TablioWidget::gridColorFixed() const { return d_->colour(d_->core.GridColorFixed()); }
 
 void TablioWidget::setGridColorFixed(const QColor &colour) {
     d_->core.setGridColorFixed(colourOr(colour, d_->startLook.GridColorFixed));
 }
 
-QColor TablioWidget::backColorMarkRow() const {
-    return d_->colours().of(d_->core.BackColorMarkRow());
-}
+QColor TablioWidget::backColorMarkRow() const { return d_->colour(d_->core.BackColorMarkRow()); }
 
 void TablioWidget::setBackColorMarkRow(const QColor &colour) {
     d_->core.setBackColorMarkRow(colourOr(colour, d_->startLook.BackColorSel));
 }
 
-QColor TablioWidget::foreColorMarkRow() const {
-    return d_->colours().of(d_->core.ForeColorMarkRow());
-}
+QColor TablioWidget::foreColorMarkRow() const { return d_->colour(d_->core.ForeColorMarkRow()); }
 
 void TablioWidget::setForeColorMarkRow(const QColor &colour) {
     d_->core.setForeColorMarkRow(colourOr(colour, d_->startLook.ForeColorSel));
 }
 
-QColor TablioWidget::stripeColor() const { return d_->colours().of(d_->core.StripeColor()); }
+QColor TablioWidget::stripeColor() const { return d_->colour(d_->core.StripeColor()); }
 
 void TablioWidget::setStripeColor(const QColor &colour) {
     d_->core.setStripeColor(colourOr(colour, d_->startSettings.StripeColor));
 }
 
-QColor TablioWidget::checkBoxColor() const { return d_->colours().of(d_->core.CheckBoxColor()); }
+QColor TablioWidget::checkBoxColor() const { return d_->colour(d_->core.CheckBoxColor()); }
 
 void TablioWidget::setCheckBoxColor(const QColor &colour) {
     d_->core.setCheckBoxColor(colourOr(colour, d_->startSettings.CheckBoxColor));
@@ -119,7 +110,7 @@ void TablioWidget::setCellFontSize(int row, int col, int points) {
 }
 
 QColor TablioWidget::cellBackColor(int row, int col) {
-    return d_->colours().of(d_->core.CellBackColor(row, col));
+    return d_->colour(d_->core.CellBackColor(row, col));
 }
 
 void TablioWidget::setCellBackColor(int row, int col, const QColor &colour) {
@@ -127,7 +118,7 @@ void TablioWidget::setCellBackColor(int row, int col, const QColor &colour) {
 }
 
 QColor TablioWidget::cellForeColor(int row, int col) {
-    return d_->colours().of(d_->core.CellForeColor(row, col));
+    return d_->colour(d_->core.CellForeColor(row, col));
 }
 
 void TablioWidget::setCellForeColor(int row, int col, const QColor &colour) {

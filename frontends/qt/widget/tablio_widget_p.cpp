@@ -5,6 +5,7 @@
 #include "editors/native_text_box.h"
 #include "grid/grid_canvas.h"
 #include "widget/guarded.h"
+#include "widget/qt_look.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -105,12 +106,14 @@ DevicePixels TablioWidgetPrivate::pixels() const {
     return DevicePixels(widget.devicePixelRatioF());
 }
 
-PaletteColours TablioWidgetPrivate::colours() const {
+Palette TablioWidgetPrivate::palette() const {
     const QPalette::ColorGroup group = !widget.isEnabled()       ? QPalette::Disabled
                                        : widget.isActiveWindow() ? QPalette::Active
                                                                  : QPalette::Inactive;
-    return {widget.palette(), group};
+    return toPalette(widget.palette(), group);
 }
+
+QColor TablioWidgetPrivate::colour(Colour colour) const { return toQColor(colours().of(colour)); }
 
 bool TablioWidgetPrivate::hasKeyboard() const { return textBox->hasFocus(); }
 
@@ -188,11 +191,10 @@ void TablioWidgetPrivate::showScrollPosition() {
 
 void TablioWidgetPrivate::showButtons() {
     const DevicePixels dots = pixels();
-    const int line = dots.lineWidth();
     const auto show = [&](QToolButton &button, const PlainWidget &model) {
         const bool appears = model.Visible() && button.isHidden();
         if (model.Visible())
-            button.setGeometry(dots.inside(dots.rect(model.place()).adjusted(0, 0, -line, -line)));
+            button.setGeometry(toQRect(dots.inside(dots.withoutLines(model.place()))));
         button.setVisible(model.Visible());
         if (appears)
             button.raise();

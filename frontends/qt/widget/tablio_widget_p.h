@@ -3,13 +3,13 @@
 /// What a `TablioWidget` is made of: the core, the two partners that the core talks to, and the
 /// native child widgets. The parts know each other through it; it holds no rule of its own.
 
-#include "grid/device_pixels.h"
-#include "grid/palette_colours.h"
 #include "widget/host_signals.h"
 #include "widget/qt_face.h"
 
 #include "control/control.h"
 
+#include <tablio/palette.h>
+#include <tablio/pixels.h>
 #include <tablio/qt/tablio_widget.h>
 
 #include <QEvent>
@@ -68,7 +68,9 @@ public:
     /// The screen's pixels, for placing native children.
     [[nodiscard]] DevicePixels pixels() const;
     /// The palette as the widget shows it now: disabled, inactive or active.
-    [[nodiscard]] PaletteColours colours() const;
+    [[nodiscard]] Palette palette() const;
+    [[nodiscard]] PaletteColours colours() const { return {palette(), widget.isEnabled()}; }
+    [[nodiscard]] QColor colour(Colour colour) const;
     [[nodiscard]] bool hasKeyboard() const;
 
     /// The native focus has come: tells the core, unless it knows.

@@ -26,6 +26,14 @@ std::size_t StyleTable::Hash::operator()(const CellStyle &style) const noexcept 
     return hash;
 }
 
+void CellStyle::dress(Font &font) const {
+    if (fontName)
+        font.name = *fontName;
+    font.size = fontSize.value_or(font.size);
+    font.bold = fontBold.value_or(font.bold);
+    font.italic = fontItalic.value_or(font.italic);
+}
+
 StyleId StyleTable::intern(const CellStyle &style) {
     if (style == CellStyle{})
         return plainStyle;

@@ -24,6 +24,9 @@ struct CellStyle {
     std::optional<bool> fontItalic;
     std::optional<std::int16_t> alignment;
 
+    /// Changes in the grid's font what the cell has of its own.
+    void dress(Font &font) const;
+
     friend bool operator==(const CellStyle &, const CellStyle &) = default;
 };
 

@@ -86,10 +86,9 @@ Colour FlexGrid::foreColorOf(int row, int col) const {
 }
 
 Font FlexGrid::fontOf(int row, int col) const {
-    const Font &font = table.look().Font;
-    const CellStyle &style = table.cellStyle(row, col);
-    return {style.fontName.value_or(font.name), style.fontSize.value_or(font.size),
-            style.fontBold.value_or(font.bold), style.fontItalic.value_or(font.italic)};
+    Font font = table.look().Font;
+    table.cellStyle(row, col).dress(font);
+    return font;
 }
 
 int FlexGrid::alignmentOf(int row, int col) const {

@@ -49,19 +49,22 @@ struct CharacterSize {
     return offset;
 }
 
-/// The characters of a text; a stray byte reads as the replacement character.
+/// The character that begins here; a stray byte reads as the replacement character.
+[[nodiscard]] inline char32_t decoded(std::string_view text, std::size_t offset) noexcept {
+    const std::size_t bytes = characterAt(text, offset).bytes;
+    const auto lead = static_cast<unsigned char>(text[offset]);
+    if (bytes == 1)
+        return lead < 0x80 ? lead : U'\uFFFD';
+    char32_t character = lead & (0x7FU >> bytes);
+    for (std::size_t next = 1; next < bytes; ++next)
+        character = (character << 6U) | (static_cast<unsigned char>(text[offset + next]) & 0x3FU);
+    return character;
+}
+
 [[nodiscard]] inline std::u32string characters(std::string_view text) {
     std::u32string result;
-    for (std::size_t offset = 0; offset < text.size();) {
-        const std::size_t bytes = characterAt(text, offset).bytes;
-        const auto lead = static_cast<unsigned char>(text[offset]);
-        char32_t character = bytes == 1 ? lead : lead & (0x7FU >> bytes);
-        for (std::size_t next = 1; next < bytes; ++next)
-            character =
-                (character << 6U) | (static_cast<unsigned char>(text[offset + next]) & 0x3FU);
-        result += bytes == 1 && lead >= 0x80 ? U'\uFFFD' : character;
-        offset += bytes;
-    }
+    for (std::size_t offset = 0; offset < text.size(); offset += characterAt(text, offset).bytes)
+        result += decoded(text, offset);
     return result;
 }
 
