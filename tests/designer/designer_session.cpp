@@ -70,12 +70,10 @@ QDesignerFormWindowInterface *DesignerSession::openForm(const QString &contents,
     return form;
 }
 
-QString DesignerSession::checkedInForm() { return textOf(QStringLiteral(TABLIO_FORM)); }
-
-QString DesignerSession::textOf(const QString &name) {
-    QFile file(name);
+QString DesignerSession::demoForm() {
+    QFile file(QStringLiteral(TABLIO_DEMO_FORM));
     if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error(name.toStdString() + " cannot be read");
+        throw std::runtime_error("the demo's form cannot be read");
     return QString::fromUtf8(file.readAll());
 }
 

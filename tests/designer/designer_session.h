@@ -22,9 +22,8 @@ public:
     QDesignerFormWindowInterface *newForm();
     /// A form with such a widget.
     QDesignerFormWindowInterface *openForm(const QString &contents, const char *name = "tablio");
-    /// The text of the checked-in form.
-    [[nodiscard]] static QString checkedInForm();
-    [[nodiscard]] static QString textOf(const QString &file);
+    /// The text of the form that the demo is made from; its widget is `grid`.
+    [[nodiscard]] static QString demoForm();
 
     [[nodiscard]] QDesignerFormEditorInterface &designer() const { return *designer_; }
     /// What a copy, paste or preview command of the menu does.
