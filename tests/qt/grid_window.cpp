@@ -1,5 +1,6 @@
 #include "grid_window.h"
 
+#include <QInputMethodEvent>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QWindow>
@@ -54,6 +55,12 @@ void GridWindow::wheel(int notches, Qt::KeyboardModifiers modifiers) {
     QWheelEvent event(at, window.mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton, modifiers,
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window.windowHandle(), &event);
+}
+
+void GridWindow::compose(const QString &preedit, const QString &commit) {
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
 }
 
 QString GridWindow::cell(int row, int col) const {

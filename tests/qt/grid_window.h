@@ -30,6 +30,9 @@ public:
     void doubleClick(int row, int col);
     void wheel(int notches, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+    /// What an input method sends to what has the keyboard.
+    static void compose(const QString &preedit, const QString &commit = {});
+
     /// The text that the cell shows.
     [[nodiscard]] QString cell(int row, int col) const;
     /// The cursor, such as "1,0", with a "!" behind it while an edit is open.

@@ -5,32 +5,20 @@
 
 #include <gtest/gtest.h>
 
-#include <QInputMethodEvent>
-
 using tablio::qt::TablioWidget;
-
-namespace {
-
-void compose(const QString &preedit, const QString &commit = {}) {
-    QInputMethodEvent event(preedit, {});
-    event.setCommitString(commit);
-    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
-}
-
-} // namespace
 
 TEST(InputMethod, CompositionStartsAnEditAndItsResultIsTyped) {
     GridWindow w;
     int keys = 0;
     QObject::connect(w.grid, &TablioWidget::cellKeyPress, [&] { ++keys; });
-    compose(u"に"_qs);
+    w.compose(u"に"_qs);
     EXPECT_EQ(w.cursor(), "1,0!");
     EXPECT_EQ(w.box()->text(), "") << "what is composed is not in the text yet";
-    compose(u"にほ"_qs);
+    w.compose(u"にほ"_qs);
     // Enter picks a candidate; it must not end the edit.
     w.key(Qt::Key_Return);
     EXPECT_EQ(w.cursor(), "1,0!");
-    compose({}, u"日本"_qs);
+    w.compose({}, u"日本"_qs);
     EXPECT_EQ(w.box()->text(), u"日本"_qs);
     EXPECT_EQ(keys, 2);
     w.key(Qt::Key_Return);
@@ -42,9 +30,9 @@ TEST(InputMethod, ACompositionReplacesTheSelection) {
     GridWindow w;
     w.type("one two");
     w.key(Qt::Key_Home, Qt::ShiftModifier);
-    compose(u"に"_qs);
+    w.compose(u"に"_qs);
     EXPECT_EQ(w.state().widgets.txtEdit.Text(), "");
-    compose({}, u"日"_qs);
+    w.compose({}, u"日"_qs);
     w.type("!\n");
     EXPECT_EQ(w.cell(1, 0), u"日!"_qs);
 }
@@ -53,20 +41,20 @@ TEST(InputMethod, AVetoLeavesNothingBehind) {
     GridWindow w;
     QObject::connect(w.grid, &TablioWidget::editPreValidation,
                      [](int &, int &, bool &cancel) { cancel = true; });
-    compose(u"に"_qs);
+    w.compose(u"に"_qs);
     EXPECT_EQ(w.cursor(), "1,0");
-    compose({}, u"日"_qs);
+    w.compose({}, u"日"_qs);
     EXPECT_EQ(w.box()->text(), "");
     EXPECT_EQ(w.cell(1, 0), "");
 }
 
 TEST(InputMethod, WhatIsBeingComposedIsKept) {
     GridWindow w;
-    compose(u"かな"_qs);
+    w.compose(u"かな"_qs);
     w.click(3, 0);
     EXPECT_EQ(w.cell(1, 0), u"かな"_qs) << "by a click elsewhere";
     EXPECT_EQ(w.cursor(), "3,0");
-    compose(u"abc"_qs);
+    w.compose(u"abc"_qs);
     w.after->setFocus();
     EXPECT_EQ(w.cell(3, 0), "abc") << "by the focus going away";
 }
