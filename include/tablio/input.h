@@ -7,6 +7,7 @@
 #include <tablio/types.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -59,22 +60,39 @@ public:
     /// another program's window).
     void focusEntered();
     void focusLeft();
+    [[nodiscard]] bool hasKeyboard() const noexcept;
+    /// Whether the control takes this key before any shortcut of its host's window may; a key that
+    /// types a text is not a command of somebody else's.
+    [[nodiscard]] bool wantsKey(KeyCode key, ShiftState shift, bool typesText) const noexcept;
+    /// For a face whose clipboard comes with an event: what Ctrl+V, Ctrl+C and Ctrl+X do, in place
+    /// of the key. Copying and cutting answer the text for the clipboard, nothing where there is
+    /// none.
+    Dealt paste(std::string_view text);
+    std::optional<std::string> copy();
+    std::optional<std::string> cut();
     /// The user pressed this button of the control: `cmdLookup` or `cmdCalender`.
     void buttonPressed(WidgetId button);
-    /// The native box has edited by itself: its text and its selection in UTF-16 units.
-    void textSettled(WidgetId editor, std::string_view text, int selStart, int selLength);
+
+    // What native editors report carries the edit that they showed; a report for any other than the
+    // open edit is dropped, and one that says nothing new changes nothing.
+    /// The native box has edited by itself: its text, where its selection began and its caret, in
+    /// UTF-16 units. Without a selection both are the same.
+    void textSettled(EditNumber edit, std::string_view text, int anchor, int caret);
     /// The user opened or closed the combo's list, or chose an item of it with the mouse.
-    void comboDropped(bool dropped);
-    void comboItemChosen(int index);
-    /// The native calendar has this size; the user went to another day, or picked one.
+    void comboDropped(EditNumber edit, bool dropped);
+    void comboItemChosen(EditNumber edit, int index);
+    /// The user went to another day of the calendar, or picked one.
+    void calendarMoved(EditNumber edit, const Date &day);
+    void calendarPicked(EditNumber edit, const Date &day);
+    /// The native calendar has this size.
     void calendarSized(Twips width, Twips height);
-    void calendarMoved(const Date &day);
-    void calendarPicked(const Date &day);
     /// The user chose an entry of the pop-up menu.
     void menuChosen(MenuEntry entry);
     void resized(Twips width, Twips height);
 
 private:
+    Dealt clipboardKey(KeyCode key, std::optional<std::string> &clipboard);
+
     std::shared_ptr<Control> control_;
 };
 

@@ -154,6 +154,11 @@ inline constexpr ShiftState Alt = 4;
 /// Tells a property, a method or an event from all others, for ever: compiled hosts hold it.
 using MemberNumber = std::int32_t;
 
+/// Tells one edit from every other edit of a control's life; 0 is no edit. A face gives back with
+/// each report of a native editor the number of the edit that the editor showed, so that a report
+/// which comes late is not taken for news of the next cell.
+using EditNumber = std::uint64_t;
+
 enum class MouseButton : std::int16_t { Left = 1, Right = 2, Middle = 4 };
 
 } // namespace tablio

@@ -112,6 +112,64 @@ void Input::focusLeft() {
     control->state.focus.leave();
 }
 
+bool Input::hasKeyboard() const noexcept { return control_->state.focus.owner().has_value(); }
+
+bool Input::wantsKey(KeyCode key, ShiftState shift, bool typesText) const noexcept {
+    const bool isEditing = control_->session.isOpen();
+    switch (key) {
+    case Key::Escape:
+    case Key::Back:
+        return isEditing;
+    case Key::C:
+    case Key::V:
+        return shift == Shift::Ctrl || typesText;
+    case Key::A:
+    case Key::X:
+    case Key::Z:
+        return (shift & Shift::Ctrl) != 0 ? isEditing : typesText;
+    case Key::F2:
+    case Key::F10:
+        return shift == Shift::None;
+    case Key::Enter:
+    case Key::PageUp:
+    case Key::PageDown:
+    case Key::End:
+    case Key::Home:
+    case Key::Left:
+    case Key::Up:
+    case Key::Right:
+    case Key::Down:
+    case Key::Insert:
+    case Key::Delete:
+        return (shift & Shift::Alt) == 0;
+    default:
+        return typesText;
+    }
+}
+
+Dealt Input::paste(std::string_view text) {
+    std::optional<std::string> clipboard(text);
+    return clipboardKey(Key::V, clipboard);
+}
+
+std::optional<std::string> Input::copy() {
+    std::optional<std::string> clipboard;
+    clipboardKey(Key::C, clipboard);
+    return clipboard;
+}
+
+std::optional<std::string> Input::cut() {
+    std::optional<std::string> clipboard;
+    clipboardKey(Key::X, clipboard);
+    return clipboard;
+}
+
+Dealt Input::clipboardKey(KeyCode key, std::optional<std::string> &clipboard) {
+    const Call control(control_);
+    const HostLink::OtherClipboard other(control->state.link, clipboard);
+    return keyDown(key, Shift::Ctrl);
+}
+
 void Input::buttonPressed(WidgetId button) {
     const Call control(control_);
     if (!control->session.isOpen())
@@ -123,39 +181,49 @@ void Input::buttonPressed(WidgetId button) {
         control->dateEditor.pressButton();
 }
 
-void Input::textSettled(WidgetId editor, std::string_view text, int selStart, int selLength) {
+void Input::textSettled(EditNumber edit, std::string_view text, int anchor, int caret) {
     const Call control(control_);
     Widgets &widgets = control->state.widgets;
-    if (!control->session.isOpen())
+    if (!control->session.isOpen(edit))
         return;
-    if (editor == WidgetId::txtEdit)
-        widgets.txtEdit.settle(std::string(text), selStart, selLength);
-    else if (editor == WidgetId::cboEdit)
-        widgets.cboEdit.settle(std::string(text), selStart, selLength);
-    else if (editor == WidgetId::txtDateEdit)
-        widgets.txtDateEdit.settle(text, selStart, selLength);
+    const CellEditor *editor = control->session.open()->editor;
+    if (editor == &control->textEditor)
+        widgets.txtEdit.settle(std::string(text), anchor, caret);
+    else if (editor == &control->comboEditor)
+        widgets.cboEdit.settle(std::string(text), anchor, caret);
+    else
+        widgets.txtDateEdit.settle(text, anchor, caret);
 }
 
-void Input::comboDropped(bool dropped) {
-    Call(control_)->state.widgets.cboEdit.setDroppedDown(dropped);
-}
-
-void Input::comboItemChosen(int index) {
+void Input::comboDropped(EditNumber edit, bool dropped) {
     const Call control(control_);
+    if (control->session.isOpen(edit))
+        control->state.widgets.cboEdit.setDroppedDown(dropped);
+}
+
+void Input::comboItemChosen(EditNumber edit, int index) {
+    const Call control(control_);
+    if (!control->session.isOpen(edit))
+        return;
     control->state.widgets.cboEdit.setDroppedDown(false);
-    if (control->session.isOpen())
-        control->state.widgets.cboEdit.setListIndex(index);
+    control->state.widgets.cboEdit.setListIndex(index);
 }
 
 void Input::calendarSized(Twips width, Twips height) {
     Call(control_)->dateEditor.setCalendarSize(width, height);
 }
 
-void Input::calendarMoved(const Date &day) {
-    Call(control_)->state.widgets.mvCalender.setValue(day);
+void Input::calendarMoved(EditNumber edit, const Date &day) {
+    const Call control(control_);
+    if (control->session.isOpen(edit))
+        control->state.widgets.mvCalender.setValue(day);
 }
 
-void Input::calendarPicked(const Date &day) { Call(control_)->dateEditor.pick(day); }
+void Input::calendarPicked(EditNumber edit, const Date &day) {
+    const Call control(control_);
+    if (control->session.isOpen(edit))
+        control->dateEditor.pick(day);
+}
 
 void Input::menuChosen(MenuEntry entry) { Call(control_)->chooseMenu(entry); }
 

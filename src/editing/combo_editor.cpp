@@ -48,7 +48,7 @@ bool ComboEditor::keyDown(KeyCode key, ShiftState shift) {
     if ((shift & (Shift::Ctrl | Shift::Alt)) != 0) {
         if (shift != Shift::Ctrl || key != Key::V)
             return box_.keyDown(key, shift);
-        paste(state_.link.face().clipboardText());
+        paste(state_.link.clipboardText());
         return true;
     }
     switch (key) {

@@ -73,11 +73,11 @@ bool DateEditor::keyDown(KeyCode key, ShiftState shift) {
         return true;
     }
     if ((ctrl && key == Key::V) || (shift == Shift::Shift && key == Key::Insert)) {
-        paste(state_.link.face().clipboardText());
+        paste(state_.link.clipboardText());
         return true;
     }
     if (ctrl && (key == Key::C || key == Key::Insert || key == Key::X)) {
-        state_.link.face().setClipboardText(box_.Text());
+        state_.link.setClipboardText(box_.Text());
         if (key == Key::X)
             box_.setText(MaskedBox::blankText);
         return true;

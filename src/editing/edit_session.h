@@ -15,7 +15,7 @@ namespace tablio {
 
 /// What an open edit remembers. Its number tells it from every other edit of the control's life.
 struct OpenEdit {
-    std::uint64_t number = 0;
+    EditNumber number = 0;
     CellEditor *editor = nullptr;
     CellAddress cell;
     /// The cell as it was, for putting it back to the letter.
@@ -57,7 +57,7 @@ public:
     void begin(const EditStart &start);
 
     [[nodiscard]] bool isOpen() const noexcept { return open_.has_value(); }
-    [[nodiscard]] bool isOpen(std::uint64_t number) const noexcept {
+    [[nodiscard]] bool isOpen(EditNumber number) const noexcept {
         return open_ && open_->number == number;
     }
     /// Null while no edit is open.

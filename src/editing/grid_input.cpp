@@ -94,14 +94,14 @@ void GridInput::clearCell() {
 void GridInput::copy() {
     const CellAddress cell = state_.grid.current();
     if (isDataCell(cell))
-        state_.link.face().setClipboardText(state_.grid.Text());
+        state_.link.setClipboardText(state_.grid.Text());
 }
 
 void GridInput::paste() {
     const CellAddress cell = state_.grid.current();
     if (!isEditable(cell))
         return;
-    const std::string text = state_.link.face().clipboardText();
+    const std::string text = state_.link.clipboardText();
     if (CellReplacement::isBlock(text)) {
         replacement_.pasteBlock(text, services_.appendRow);
         return;

@@ -125,13 +125,13 @@ bool TextEditor::clipboardKey(KeyCode key, ShiftState shift) {
     const bool pasting = (ctrl && key == Key::V) || (shift == Shift::Shift && key == Key::Insert);
     const bool cutting = (ctrl && key == Key::X) || (shift == Shift::Shift && key == Key::Delete);
     if (pasting) {
-        paste(state_.link.face().clipboardText());
+        paste(state_.link.clipboardText());
         return true;
     }
     if (!cutting && !(ctrl && (key == Key::C || key == Key::Insert)))
         return false;
     if (box_.SelLength() > 0) {
-        state_.link.face().setClipboardText(box_.SelText());
+        state_.link.setClipboardText(box_.SelText());
         if (cutting)
             box_.insert({});
     }

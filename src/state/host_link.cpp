@@ -43,6 +43,17 @@ void HostLink::propertyChangedInside(MemberNumber number) {
     face_->propertyChanged(number);
 }
 
+std::string HostLink::clipboardText() {
+    return clipboard_ != nullptr ? clipboard_->value_or(std::string()) : face_->clipboardText();
+}
+
+void HostLink::setClipboardText(std::string_view text) {
+    if (clipboard_ != nullptr)
+        clipboard_->emplace(text);
+    else
+        face_->setClipboardText(text);
+}
+
 bool HostLink::EditPreValidation(CellAddress cell) {
     EventCell at(cell);
     bool cancel = false;

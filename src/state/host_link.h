@@ -9,6 +9,7 @@
 #include <tablio/host_events.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -49,6 +50,22 @@ public:
         else
             propertyChangedInside(number);
     }
+    [[nodiscard]] std::string clipboardText();
+    void setClipboardText(std::string_view text);
+    /// While it lives, this text stands for the platform's clipboard, for a face that gets and
+    /// gives the clipboard with an event.
+    class OtherClipboard {
+    public:
+        OtherClipboard(HostLink &link, std::optional<std::string> &text)
+            : link_(link), before_(std::exchange(link.clipboard_, &text)) {}
+        ~OtherClipboard() { link_.clipboard_ = before_; }
+        OtherClipboard(const OtherClipboard &) = delete;
+        OtherClipboard &operator=(const OtherClipboard &) = delete;
+
+    private:
+        HostLink &link_;
+        std::optional<std::string> *before_;
+    };
 
     /// Raise an event; rows and columns beyond 16 bits throw OverflowError before the host hears
     /// anything. What the host may change is answered.
@@ -100,6 +117,7 @@ private:
     HostEvents *host_ = nullptr;
     int depth_ = 0;
     bool isChanged_ = false;
+    std::optional<std::string> *clipboard_ = nullptr;
     bool closed_ = false;
 };
 

@@ -150,8 +150,11 @@ void ComboBox::step(int by) {
         setListIndex(std::clamp(listIndex_ + by, 0, static_cast<int>(items_.size()) - 1));
 }
 
-void ComboBox::settle(std::string text, int selStart, int selLength) {
-    put(std::move(text), selStart, selLength);
+void ComboBox::settle(std::string text, int anchor, int caret) {
+    const int start = std::min(anchor, caret);
+    const int length = std::max(anchor, caret) - start;
+    if (text != text_ || start != selStart_ || length != selLength_)
+        put(std::move(text), start, length);
 }
 
 } // namespace tablio

@@ -52,7 +52,7 @@ public:
     /// open and close it. Answers whether the key is one of those.
     bool keyDown(KeyCode key, ShiftState shift);
     /// Takes over what a face's native box holds after it has edited by itself.
-    void settle(std::string text, int selStart, int selLength);
+    void settle(std::string text, int anchor, int caret);
 
 private:
     void put(std::string text, int selStart, int selLength);

@@ -128,13 +128,12 @@ bool MaskedBox::keyDown(KeyCode key, ShiftState shift) {
         return key == Key::A;
     }
     const int end = selStart_ + selLength_;
-    const int caret = anchor_ == selStart_ ? end : selStart_;
     switch (key) {
     case Key::Left:
-        moveCaret(selLength_ > 0 && !selecting ? selStart_ : caret - 1, selecting);
+        moveCaret(selLength_ > 0 && !selecting ? selStart_ : caret() - 1, selecting);
         return true;
     case Key::Right:
-        moveCaret(selLength_ > 0 && !selecting ? end : caret + 1, selecting);
+        moveCaret(selLength_ > 0 && !selecting ? end : caret() + 1, selecting);
         return true;
     case Key::Home:
         moveCaret(0, selecting);
@@ -170,13 +169,14 @@ void MaskedBox::paste(std::string_view text) {
     }
 }
 
-void MaskedBox::settle(std::string_view text, int selStart, int selLength) {
+void MaskedBox::settle(std::string_view text, int anchor, int caret) {
     if (text == text_) {
-        select(selStart, selLength);
+        anchor_ = std::clamp(anchor, 0, length);
+        moveCaret(caret, true);
         return;
     }
     if (hasShape(text))
-        put(std::string(text), selStart);
+        put(std::string(text), std::clamp(caret, 0, length));
     else if (std::optional<std::string> date = shaped(text))
         put(std::move(*date), length);
     else

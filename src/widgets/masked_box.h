@@ -47,7 +47,12 @@ public:
 
     /// Takes over what a face's native box holds after it has edited by itself; a text that breaks
     /// the shape is taken like a pasted one.
-    void settle(std::string_view text, int selStart, int selLength);
+    void settle(std::string_view text, int anchor, int caret);
+    /// Where the selection began, and its other end, which keys move.
+    [[nodiscard]] int anchor() const noexcept { return anchor_; }
+    [[nodiscard]] int caret() const noexcept {
+        return anchor_ == selStart_ ? selStart_ + selLength_ : selStart_;
+    }
     /// A pasted text as day, month and year in the mask's shape; nothing where it is no such text.
     [[nodiscard]] static std::optional<std::string> shaped(std::string_view text);
 

@@ -100,12 +100,11 @@ bool TextBox::keyDown(KeyCode key, ShiftState shift) {
             undo();
         return key == Key::A || key == Key::Z;
     }
-    const int caret = anchor_ == selStart_ ? selStart_ + selLength_ : selStart_;
     const auto edge = [&](int direction) {
         const bool collapses = selLength_ > 0 && !selecting;
         if (collapses)
             return direction < 0 ? selStart_ : selStart_ + selLength_;
-        return stepped(text_, caret, direction);
+        return stepped(text_, caret(), direction);
     };
     switch (key) {
     case Key::Left:
@@ -150,10 +149,12 @@ void TextBox::undo() {
         onChange();
 }
 
-void TextBox::settle(std::string text, int selStart, int selLength) {
+void TextBox::settle(std::string text, int anchor, int caret) {
     const bool isOther = text != text_;
     text_ = std::move(text);
-    select(selStart, selLength);
+    const int end = length();
+    anchor_ = std::clamp(anchor, 0, end);
+    moveCaret(std::clamp(caret, 0, end), true);
     if (isOther && onChange)
         onChange();
 }

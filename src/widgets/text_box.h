@@ -55,7 +55,12 @@ public:
     /// the key is one of those.
     bool keyDown(KeyCode key, ShiftState shift);
     /// Takes over what a face's native box holds after it has edited by itself.
-    void settle(std::string text, int selStart, int selLength);
+    void settle(std::string text, int anchor, int caret);
+    /// Where the selection began, and its other end, which keys move.
+    [[nodiscard]] int anchor() const noexcept { return anchor_; }
+    [[nodiscard]] int caret() const noexcept {
+        return anchor_ == selStart_ ? selStart_ + selLength_ : selStart_;
+    }
 
 private:
     void replace(std::size_t from, std::size_t to, std::string_view text);

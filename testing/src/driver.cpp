@@ -1,5 +1,7 @@
 #include <tablio/testing/driver.h>
 
+#include "inside.h"
+
 #include <tablio/members.h>
 
 #include <variant>
@@ -39,5 +41,7 @@ Value Driver::readMember(std::string_view name, const Values &index) {
         return std::get<std::string>(core()->CellTag()->Text(index[0].toLong(), index[1].toLong()));
     return member.read(*core(), index);
 }
+
+EditNumber Driver::openEdit() { return openEditOf(*core()); }
 
 } // namespace tablio::scenario

@@ -75,6 +75,11 @@ std::optional<OpenEditor> editorOf(Tablio &core) {
     return std::nullopt;
 }
 
+EditNumber openEditOf(Tablio &core) {
+    const OpenEdit *edit = Inside::of(core).session.open();
+    return edit != nullptr ? edit->number : 0;
+}
+
 WidgetView widgetOf(Tablio &core, WidgetId id) {
     const Widgets &widgets = stateOf(core).widgets;
     const Widget *const all[] = {&widgets.picText,     &widgets.txtEdit,     &widgets.picEdit,

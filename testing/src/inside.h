@@ -36,6 +36,8 @@ struct OpenEditor {
     bool isRightAligned = false;
 };
 [[nodiscard]] std::optional<OpenEditor> editorOf(Tablio &core);
+/// 0 for no edit.
+[[nodiscard]] EditNumber openEditOf(Tablio &core);
 
 struct WidgetView {
     Rect place;

@@ -130,7 +130,7 @@ TEST_F(TextBoxTest, SelectionsOutsideTheTextAreMovedToItsEnds) {
         load("abc", each.start, each.length);
         EXPECT_EQ(picture(), each.expected);
     }
-    box.settle("x", 7, 7);
+    box.settle("x", 7, 14);
     EXPECT_EQ(picture(), "x|");
 }
 
@@ -139,10 +139,10 @@ TEST_F(TextBoxTest, TellsEachChangeOfTheTextAndNoOther) {
     box.load("other");
     box.reshape("oth,er");
     box.setText("oth,er");
-    box.settle("oth,er", 2, 0);
+    box.settle("oth,er", 2, 2);
     EXPECT_EQ(changes, 0);
     box.setText("new");
-    box.settle("newer", 5, 0);
+    box.settle("newer", 5, 5);
     EXPECT_EQ(changes, 2);
 }
 

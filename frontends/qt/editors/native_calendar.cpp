@@ -35,12 +35,14 @@ NativeCalendar::NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent)
         child->setFocusPolicy(Qt::NoFocus);
     hide();
     // Qt goes on with the calendar after this signal, and a host's handler may delete it.
-    connect(
-        calendar_, &QCalendarWidget::clicked, this,
-        [this](const QDate &day) {
-            guarded([&] { parts_.input().calendarPicked(fromQDate(day)); });
-        },
-        Qt::QueuedConnection);
+    connect(calendar_, &QCalendarWidget::clicked, this, [this](const QDate &day) {
+        QMetaObject::invokeMethod(
+            this,
+            [this, edit = edit_, day] {
+                guarded([&] { parts_.input().calendarPicked(edit, fromQDate(day)); });
+            },
+            Qt::QueuedConnection);
+    });
     connect(calendar_, &QCalendarWidget::currentPageChanged, this, &NativeCalendar::turnedTo);
 }
 
@@ -53,6 +55,7 @@ void NativeCalendar::mirror() {
         hide();
         return;
     }
+    edit_ = parts_.openEdit();
     calendar_->setLocale(parts_.widget.locale());
     calendar_->setFirstDayOfWeek(parts_.widget.locale().firstDayOfWeek());
     // The style's own header can be white on white in a dark palette.
@@ -81,7 +84,7 @@ void NativeCalendar::turnedTo(int year, int month) {
     const Date now = parts_.state().widgets.mvCalender.Value();
     const Date day{year, month, std::min(now.day, daysInMonth(year, month))};
     const QPointer<NativeCalendar> alive(this);
-    guarded([&] { parts_.input().calendarMoved(day); });
+    guarded([&] { parts_.input().calendarMoved(edit_, day); });
     // The year is typed into a box of the calendar's own, which gives the keyboard back here.
     if (alive)
         parts_.textBox->takeFocus();

@@ -3,6 +3,8 @@
 /// The native month calendar of a date cell, inside the control. It never has the keyboard: keys
 /// go through the text box to the core, which moves the day; the mouse picks days and turns pages.
 
+#include <tablio/types.h>
+
 #include <QFrame>
 
 class QCalendarWidget;
@@ -25,6 +27,8 @@ private:
 
     TablioWidgetPrivate &parts_;
     QCalendarWidget *calendar_;
+    /// The edit that is shown.
+    EditNumber edit_ = 0;
     bool mirroring_ = false;
 };
 

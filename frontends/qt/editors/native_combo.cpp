@@ -25,10 +25,14 @@ NativeCombo::NativeCombo(TablioWidgetPrivate &parts, QWidget *frame)
     lineEdit()->setReadOnly(true);
     view()->installEventFilter(this);
     // Qt goes on with the combo after this signal, and a host's handler may delete it.
-    connect(
-        this, &QComboBox::activated, this,
-        [this](int index) { guarded([&] { parts_.input().comboItemChosen(index); }); },
-        Qt::QueuedConnection);
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        QMetaObject::invokeMethod(
+            this,
+            [this, edit = edit_, index] {
+                guarded([&] { parts_.input().comboItemChosen(edit, index); });
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 bool NativeCombo::isDown() const { return view()->isVisible(); }
@@ -46,6 +50,7 @@ void NativeCombo::mirror() {
         frame->hide();
         return;
     }
+    edit_ = parts_.openEdit();
     const DevicePixels pixels = parts_.pixels();
     frame->setGeometry(toQRect(pixels.inside(pixels.withoutLines(widgets.picEdit.place()))));
     setGeometry(toQRect(pixels.around(pixels.rect(combo.place()))));
@@ -78,14 +83,14 @@ void NativeCombo::mirrorItems() {
 void NativeCombo::showPopup() {
     QComboBox::showPopup();
     if (!mirroring_)
-        guarded([this] { parts_.input().comboDropped(true); });
+        guarded([this] { parts_.input().comboDropped(edit_, true); });
 }
 
 void NativeCombo::hidePopup() {
     const QPointer<NativeCombo> alive(this);
     QComboBox::hidePopup();
     if (alive && !mirroring_)
-        guarded([this] { parts_.input().comboDropped(false); });
+        guarded([this] { parts_.input().comboDropped(edit_, false); });
 }
 
 /// The list has the native keyboard while it is down; the core goes on deciding what a key does.

@@ -4,6 +4,8 @@
 /// list. The text itself is typed into the one native text box, which covers the combo's edit
 /// field, so that no key is lost on a change of focus. Keys that reach the list go to the core.
 
+#include <tablio/types.h>
+
 #include <QComboBox>
 #include <QWheelEvent>
 
@@ -34,6 +36,8 @@ private:
     [[nodiscard]] bool isDown() const;
 
     TablioWidgetPrivate &parts_;
+    /// The edit that is shown.
+    EditNumber edit_ = 0;
     bool mirroring_ = false;
 };
 

@@ -57,8 +57,7 @@ void NativeTextBox::natively(const std::function<void()> &action) {
 bool NativeTextBox::event(QEvent *event) {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        event->setAccepted(isComposing() ||
-                           isEditingKey(static_cast<QKeyEvent &>(*event), isEditing()));
+        event->setAccepted(isComposing() || wantsKey(static_cast<QKeyEvent &>(*event)));
         return true;
     case QEvent::KeyPress:
         return keyPressed(static_cast<QKeyEvent &>(*event));
@@ -87,6 +86,11 @@ bool NativeTextBox::event(QEvent *event) {
     default:
         return QLineEdit::event(event);
     }
+}
+
+bool NativeTextBox::wantsKey(const QKeyEvent &event) const {
+    const Keystroke stroke = keystroke(event);
+    return parts_.input().wantsKey(stroke.code, stroke.shift, !stroke.characters.empty());
 }
 
 bool NativeTextBox::keyPressed(QKeyEvent &event) {
@@ -133,12 +137,11 @@ void NativeTextBox::settle() {
     if (mirroring_ || !editor)
         return;
     const QString now = text();
-    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
-    const int length = hasSelectedText() ? selectionLength() : 0;
-    if (now == toQString(editor->text) && start == editor->selStart && length == editor->selLength)
-        return;
-    const WidgetId id = editor->id;
-    guarded([&] { parts_.input().textSettled(id, fromQString(now), start, length); });
+    const int caret = cursorPosition();
+    const int anchor = !hasSelectedText()          ? caret
+                       : selectionStart() == caret ? selectionEnd()
+                                                   : selectionStart();
+    guarded([&] { parts_.input().textSettled(edit_, fromQString(now), anchor, caret); });
 }
 
 void NativeTextBox::focusLeft(const QFocusEvent &event) {

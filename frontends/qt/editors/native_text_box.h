@@ -44,6 +44,7 @@ protected:
 
 private:
     [[nodiscard]] bool isEditing() const;
+    [[nodiscard]] bool wantsKey(const QKeyEvent &event) const;
     bool keyPressed(QKeyEvent &event);
     /// What the box does by itself, followed by a report of what came out.
     void natively(const std::function<void()> &action);
@@ -68,6 +69,8 @@ private:
     std::optional<EditorLook> look_;
     /// Where the grid shows that an edit is open, in twips.
     Rect framed_;
+    /// The edit that the box shows.
+    EditNumber edit_ = 0;
     QString preedit_;
     /// The box is being set to what the core holds: its changes are no news.
     bool mirroring_ = false;

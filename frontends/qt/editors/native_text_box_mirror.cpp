@@ -12,6 +12,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tablio::qt {
 
@@ -33,6 +34,7 @@ void NativeTextBox::mirror() {
         park();
         return;
     }
+    edit_ = parts_.openEdit();
     place(*editor);
     setLook(*editor);
     // Setting a text would end a composition.
@@ -88,13 +90,18 @@ void NativeTextBox::setContent(const ShownEditor &editor) {
     const QString wanted = toQString(editor.text);
     if (text() != wanted)
         setText(wanted);
-    if (editor.selLength > 0) {
-        if (selectionStart() != editor.selStart || selectionLength() != editor.selLength)
-            setSelection(editor.selStart, editor.selLength);
-    } else if (hasSelectedText() || cursorPosition() != editor.selStart) {
-        deselect();
-        setCursorPosition(editor.selStart);
-    }
+    const int length = std::abs(editor.caret - editor.anchor);
+    const bool isSelected =
+        selectionLength() == length &&
+        (length == 0 || selectionStart() == std::min(editor.anchor, editor.caret));
+    if (isSelected && cursorPosition() == editor.caret)
+        return;
+    deselect();
+    // The length may be negative, so that the caret stands where the selection does not begin.
+    if (length > 0)
+        setSelection(editor.anchor, editor.caret - editor.anchor);
+    else
+        setCursorPosition(editor.caret);
 }
 
 void NativeTextBox::park() {

@@ -17,8 +17,9 @@ struct ShownEditor {
     Rect frame;
     Rect place;
     std::string_view text;
-    int selStart;
-    int selLength;
+    /// Where the selection began, and the caret, its other end.
+    int anchor;
+    int caret;
     bool alignsRight;
     const EditorLook &look;
 };
@@ -35,8 +36,8 @@ inline constexpr Twips comboArrowWidth = 330;
                            frame.place(),
                            box.place(),
                            box.Text(),
-                           box.SelStart(),
-                           box.SelLength(),
+                           box.anchor(),
+                           box.caret(),
                            box.Alignment() == TextAlignment::Right,
                            box.look()};
     const ComboBox &combo = state.widgets.cboEdit;
@@ -47,14 +48,14 @@ inline constexpr Twips comboArrowWidth = 330;
                            {0, 0, std::max(0, cell.width - comboArrowWidth), cell.height},
                            combo.Text(),
                            combo.SelStart(),
-                           combo.SelLength(),
+                           combo.SelStart() + combo.SelLength(),
                            false,
                            combo.look()};
     }
     const MaskedBox &date = state.widgets.txtDateEdit;
     if (date.Visible())
-        return ShownEditor{date.id(),   date.place(),    {0, 0, date.Width(), date.Height()},
-                           date.Text(), date.SelStart(), date.SelLength(),
+        return ShownEditor{date.id(),   date.place(),  {0, 0, date.Width(), date.Height()},
+                           date.Text(), date.anchor(), date.caret(),
                            false,       date.look()};
     return std::nullopt;
 }

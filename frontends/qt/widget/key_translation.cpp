@@ -124,43 +124,4 @@ Keystroke keystroke(const QKeyEvent &event) {
     return result;
 }
 
-bool isEditingKey(const QKeyEvent &event, bool isEditing) {
-    const Keystroke stroke = keystroke(event);
-    const bool ctrl = (stroke.shift & Shift::Ctrl) != 0;
-    switch (stroke.code) {
-    case Key::Escape:
-    case Key::Back:
-        return isEditing;
-    case Key::C:
-    case Key::V:
-        if (stroke.shift == Shift::Ctrl)
-            return true;
-        break;
-    case Key::A:
-    case Key::X:
-    case Key::Z:
-        if (ctrl)
-            return isEditing;
-        break;
-    case Key::F2:
-    case Key::F10:
-        return stroke.shift == Shift::None;
-    case Key::Enter:
-    case Key::PageUp:
-    case Key::PageDown:
-    case Key::End:
-    case Key::Home:
-    case Key::Left:
-    case Key::Up:
-    case Key::Right:
-    case Key::Down:
-    case Key::Insert:
-    case Key::Delete:
-        return (stroke.shift & Shift::Alt) == 0;
-    default:
-        break;
-    }
-    return !stroke.characters.empty();
-}
-
 } // namespace tablio::qt

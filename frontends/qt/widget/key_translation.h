@@ -21,7 +21,4 @@ struct Keystroke {
 
 [[nodiscard]] Keystroke keystroke(const QKeyEvent &event);
 
-/// Whether a grid or its editor may want the key before any shortcut of the window takes it.
-[[nodiscard]] bool isEditingKey(const QKeyEvent &event, bool isEditing);
-
 } // namespace tablio::qt

@@ -115,6 +115,11 @@ Palette TablioWidgetPrivate::palette() const {
 
 QColor TablioWidgetPrivate::colour(Colour colour) const { return toQColor(colours().of(colour)); }
 
+EditNumber TablioWidgetPrivate::openEdit() const noexcept {
+    const OpenEdit *edit = control.session.open();
+    return edit != nullptr ? edit->number : 0;
+}
+
 bool TablioWidgetPrivate::hasKeyboard() const { return textBox->hasFocus(); }
 
 void TablioWidgetPrivate::enter() {

@@ -63,6 +63,8 @@ public:
     QWidget *corner = nullptr;
 
     [[nodiscard]] Input &input() noexcept { return core.input(); }
+    /// The number of the open edit, 0 for none.
+    [[nodiscard]] EditNumber openEdit() const noexcept;
     [[nodiscard]] ControlState &state() const noexcept { return control.state; }
 
     /// The screen's pixels, for placing native children.

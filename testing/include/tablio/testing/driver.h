@@ -75,8 +75,8 @@ public:
     /// Text that arrives whole, without keys.
     virtual void enterText(std::string_view text) { input().typeText(text); }
     /// The native box has this text and caret after editing by itself (a drop, say).
-    virtual void settle(WidgetId editor, std::string_view text, int caret) {
-        input().textSettled(editor, text, caret, 0);
+    virtual void settle(WidgetId /*editor*/, std::string_view text, int caret) {
+        input().textSettled(openEdit(), text, caret, caret);
     }
 
     // Mouse.
@@ -98,14 +98,17 @@ public:
     // day of the calendar that is open.
     virtual void chooseMenuEntry(MenuEntry entry) { input().menuChosen(entry); }
     virtual void chooseItem(int index) {
-        input().comboDropped(true);
+        const EditNumber edit = openEdit();
+        input().comboDropped(edit, true);
         if (core() != nullptr)
-            input().comboItemChosen(index);
+            input().comboItemChosen(edit, index);
     }
-    virtual void pickDay(const Date &day) { input().calendarPicked(day); }
+    virtual void pickDay(const Date &day) { input().calendarPicked(openEdit(), day); }
 
 private:
     Input &input() { return core()->input(); }
+    /// The edit that the face shows, 0 for none.
+    EditNumber openEdit();
 };
 
 } // namespace tablio::scenario
