@@ -3,20 +3,21 @@
 
 #include "control/control.h"
 
+#include <tablio/dispatch.h>
 #include <tablio/tablio.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <map>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace tablio {
 namespace {
-
-constexpr int rowCount = 8;
 
 /// Runs an action in one kind of event, each time it comes, but not inside itself.
 class MeddlingHost final : public HostEvents {
@@ -67,23 +68,11 @@ public:
     Play() {
         grid->setFace(&face);
         grid->InitProperties();
-        grid->setRows(rowCount);
-        grid->setCols(6);
-        grid->setWithFixedColumn(true);
-        grid->setFixedCols(1);
-        grid->setPrimaryColumn(1);
-        grid->setColStyle(0, TColumnStyle::ColumnFixedWithAutoNumber);
-        grid->setColStyle(1, TColumnStyle::ColumnInputWithLookup);
-        grid->setColEditType(2, TColumnType::ColumnDecimal);
-        grid->setColFormat(2, "0.00");
-        grid->setColEditType(3, TColumnType::ColumnDate);
-        grid->setColEditType(4, TColumnType::ColumnCombo);
+        play("Rows=8; Cols=6; WithFixedColumn=True; FixedCols=1; PrimaryColumn=1; ColStyle 0=3; "
+             "ColStyle 1=1; ColEditType 2=1; ColFormat 2=0.00; ColEditType 3=3; ColEditType 4=4; "
+             "ComboAddItem Bag; ComboAddItem Box");
         grid->input().resized(9000, 9000);
         grid->Show();
-        grid->ComboAddItem("Bag");
-        grid->ComboAddItem("Box");
-        for (int row = 1; row < rowCount; ++row)
-            grid->setTextMatrix(row, 5, "keep " + std::to_string(row));
         grid->input().focusEntered();
         grid->setHost(&host);
     }
@@ -96,6 +85,15 @@ public:
         for (const char character : text)
             key(character == '\n' ? Key::Enter : static_cast<KeyCode>(character),
                 static_cast<unsigned char>(character));
+    }
+    /// Plays steps with "; " between them, for as long as there is a control: "ColStyle 0=3" and
+    /// "RemoveRow 2" are members of the control, "type 12" types, the others are named below.
+    void play(std::string_view steps) {
+        while (grid && !steps.empty()) {
+            const std::size_t end = std::min(steps.find("; "), steps.size());
+            step(std::string(steps.substr(0, end)));
+            steps.remove_prefix(std::min(end + 2, steps.size()));
+        }
     }
 
     /// Nothing is left switched off, half open or lying about.
@@ -121,131 +119,103 @@ public:
     /// An operator can go on: end what is open, type a cell, and find it.
     void expectWorks() {
         host.action = [] {};
-        key(Key::Escape);
-        key(Key::Escape);
-        grid->setRows(rowCount);
-        grid->setCols(6);
-        grid->CellFocus(2, 5);
-        grid->input().focusEntered();
-        type("Zz\n");
+        play("Escape; Escape; Rows=8; Cols=6; CellFocus 2 5; focus enters; type Zz\n");
         EXPECT_EQ(grid->TextMatrix(2, 5), "Zz");
     }
 
     ClipboardFace face;
     MeddlingHost host;
     std::unique_ptr<Tablio> grid = std::make_unique<Tablio>();
+
+private:
+    void step(const std::string &step) {
+        using Step = void (*)(Play &);
+        static const std::map<std::string, Step> named{
+            {"Enter", [](Play &p) { p.key(Key::Enter); }},
+            {"Escape", [](Play &p) { p.key(Key::Escape); }},
+            {"Delete", [](Play &p) { p.key(Key::Delete); }},
+            {"Down", [](Play &p) { p.key(Key::Down); }},
+            {"F2", [](Play &p) { p.key(Key::F2); }},
+            {"F10", [](Play &p) { p.key(Key::F10); }},
+            {"paste", [](Play &p) { p.grid->input().keyDown(Key::V, Shift::Ctrl); }},
+            {"lookup button", [](Play &p) { p.grid->input().buttonPressed(WidgetId::cmdLookup); }},
+            {"scroll away", [](Play &p) { p.grid->input().scrollTo(7, 5); }},
+            {"focus enters", [](Play &p) { p.grid->input().focusEntered(); }},
+            {"focus leaves", [](Play &p) { p.grid->input().focusLeft(); }},
+            {"show", [](Play &p) { p.grid->Show(); }},
+            {"double-click", [](Play &p) { p.grid->input().doubleClick(1000, 700); }},
+            {"press elsewhere",
+             [](Play &p) { p.grid->input().mouseDown(MouseButton::Left, 3000, 1400); }},
+            {"release", [](Play &p) { p.grid->input().mouseUp(MouseButton::Left, 3000, 1400); }},
+        };
+        if (const auto found = named.find(step); found != named.end())
+            return found->second(*this);
+        if (step.starts_with("type "))
+            return type(std::string_view(step).substr(5));
+        const std::size_t sign = step.find('=');
+        std::istringstream words(step.substr(0, sign));
+        std::string member;
+        words >> member;
+        Values arguments;
+        for (std::string argument; words >> argument;)
+            arguments.emplace_back(argument);
+        if (sign == std::string::npos)
+            Dispatch(*grid).call(member, arguments);
+        else
+            Dispatch(*grid).put(member, step.substr(sign + 1), arguments);
+    }
 };
 
-struct Named {
-    const char *name;
-    std::function<void(Play &)> run;
+/// What a handler does.
+const char *const actions[] = {
+    "CellFocus 4 2; F2",
+    "type 7",
+    "Enter",
+    "Escape",
+    "TableClear",
+    "ResetRow 2",
+    "MarkActiveRow; RemoveRow 2",
+    "MarkActiveRow; InsertRow 2",
+    "AddRow",
+    "Rows=2",
+    "Cols=1",
+    "Rows=0; Cols=0",
+    "ComboClear; ComboAddItem Litre",
+    "LookupResult 2 1=X1",
+    "scroll away",
+    "focus leaves",
+    "Enabled=False; Enabled=True",
+    "show",
 };
 
-const std::vector<Named> &actions() {
-    static const std::vector<Named> list{
-        {"open another edit",
-         [](Play &play) {
-             play.grid->CellFocus(4, 2);
-             play.key(Key::F2);
-         }},
-        {"type into it", [](Play &play) { play.type("7"); }},
-        {"press Enter", [](Play &play) { play.type("\n"); }},
-        {"press Escape", [](Play &play) { play.type("\x1b"); }},
-        {"clear the table", [](Play &play) { play.grid->TableClear(); }},
-        {"reset the row", [](Play &play) { play.grid->ResetRow(2); }},
-        {"remove the row",
-         [](Play &play) {
-             play.grid->MarkActiveRow();
-             play.grid->RemoveRow(2);
-         }},
-        {"insert a row",
-         [](Play &play) {
-             play.grid->MarkActiveRow();
-             play.grid->InsertRow(2);
-         }},
-        {"add a row", [](Play &play) { play.grid->AddRow(); }},
-        {"leave two rows", [](Play &play) { play.grid->setRows(2); }},
-        {"leave one column", [](Play &play) { play.grid->setCols(1); }},
-        {"leave nothing",
-         [](Play &play) {
-             play.grid->setRows(0);
-             play.grid->setCols(0);
-         }},
-        {"refill the combo",
-         [](Play &play) {
-             play.grid->ComboClear();
-             play.grid->ComboAddItem("Litre");
-         }},
-        {"answer the lookup", [](Play &play) { play.grid->setLookupResult(2, 1, "X1"); }},
-        {"scroll away", [](Play &play) { play.grid->input().scrollTo(7, 5); }},
-        {"take the focus", [](Play &play) { play.grid->input().focusLeft(); }},
-        {"disable",
-         [](Play &play) {
-             play.grid->setEnabled(false);
-             play.grid->setEnabled(true);
-         }},
-        {"show again", [](Play &play) { play.grid->Show(); }},
-    };
-    return list;
-}
-
-const std::vector<Named> &gestures() {
-    static const std::vector<Named> list{
-        {"type and Enter", [](Play &play) { play.type("12\n"); }},
-        {"type and Escape", [](Play &play) { play.type("12\x1b"); }},
-        {"F10 and Enter",
-         [](Play &play) {
-             play.key(Key::F10);
-             play.type("\n");
-         }},
-        {"methods",
-         [](Play &play) {
-             play.grid->AddRow();
-             if (play.grid)
-                 play.grid->TableClear();
-         }},
-        {"double click and elsewhere",
-         [](Play &play) {
-             const Rect cell = play.grid->control().state.grid.view.cellRect(2, 1);
-             play.grid->input().doubleClick(cell.left + 30, cell.top + 30);
-             play.type("3");
-             if (play.grid)
-                 play.grid->input().mouseDown(MouseButton::Left, 3000, 1400);
-             if (play.grid)
-                 play.grid->input().mouseUp(MouseButton::Left, 3000, 1400);
-         }},
-        {"F2, lookup button",
-         [](Play &play) {
-             play.key(Key::F2);
-             if (play.grid)
-                 play.grid->input().buttonPressed(WidgetId::cmdLookup);
-         }},
-        {"Delete and Down",
-         [](Play &play) {
-             play.key(Key::Delete);
-             play.key(Key::Down);
-         }},
-        {"paste a block", [](Play &play) { play.grid->input().keyDown(Key::V, Shift::Ctrl); }},
-    };
-    return list;
-}
+/// What the user is doing meanwhile.
+const char *const gestures[] = {
+    "type 12\n",
+    "type 12\x1b",
+    "F10; Enter",
+    "AddRow; TableClear",
+    "double-click; type 3; press elsewhere; release",
+    "F2; lookup button",
+    "Delete; Down",
+    "paste",
+};
 
 const char *const events[] = {"pre", "change", "post",    "lookup", "focus",
                               "key", "table",  "keydown", "row",    "double"};
 
-/// Plays one gesture on each kind of cell with one meddling handler.
-void playAll(const char *event, const Named &action, bool mayEnd,
-             const std::function<void(Play &)> &check) {
-    for (const Named &gesture : gestures()) {
+/// Plays each gesture on each kind of cell with one meddling handler.
+void playAll(const char *event, const std::string &name, bool mayEnd,
+             const std::function<void(Play &)> &action, const std::function<void(Play &)> &check) {
+    for (const char *gesture : gestures) {
         for (int col = 1; col < 6; ++col) {
-            SCOPED_TRACE(std::string(event) + ": " + action.name + ", " + gesture.name +
-                         ", column " + std::to_string(col));
+            SCOPED_TRACE(std::string(event) + ": " + name + ", " + gesture + ", column " +
+                         std::to_string(col));
             Play play;
             play.grid->CellFocus(2, col);
             play.host.event = event;
-            play.host.action = [&] { action.run(play); };
+            play.host.action = [&] { action(play); };
             try {
-                gesture.run(play);
+                play.play(gesture);
             } catch (const std::exception &) {
                 // A grid error of the action, or the action's own: both reach the caller.
             }
@@ -259,34 +229,37 @@ void playAll(const char *event, const Named &action, bool mayEnd,
     }
 }
 
+void checkAll(Play &play) {
+    play.expectOrder();
+    play.expectWorks();
+}
+
 TEST(Reentrancy, AnythingFromInsideAnyEventLeavesTheControlInOrder) {
     int fired = 0;
     for (const char *event : events) {
-        for (const Named &action : actions()) {
-            playAll(event, action, false, [&fired](Play &play) {
-                fired += play.host.fired;
-                play.expectOrder();
-                play.expectWorks();
-            });
+        for (const char *action : actions) {
+            playAll(
+                event, action, false, [action](Play &play) { play.play(action); },
+                [&fired](Play &play) {
+                    fired += play.host.fired;
+                    checkAll(play);
+                });
         }
     }
     EXPECT_GT(fired, 5000) << "the handlers hardly ever ran";
 }
 
 TEST(Reentrancy, AThrowingHandlerIsHeardByTheCallerAndLeavesTheControlInOrder) {
-    const Named action{"throw", [](Play &) { throw std::runtime_error("host failed"); }};
-    for (const char *event : events) {
-        playAll(event, action, false, [](Play &play) {
-            play.expectOrder();
-            play.expectWorks();
-        });
-    }
+    for (const char *event : events)
+        playAll(
+            event, "throw", false, [](Play &) { throw std::runtime_error("host failed"); },
+            checkAll);
 }
 
 TEST(Reentrancy, DestroyingTheControlInAnyEventIsSafe) {
-    const Named action{"destroy", [](Play &play) { play.grid.reset(); }};
     for (const char *event : events)
-        playAll(event, action, true, [](Play &) {});
+        playAll(
+            event, "destroy", true, [](Play &play) { play.grid.reset(); }, [](Play &) {});
 }
 
 } // namespace
