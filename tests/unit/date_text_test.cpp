@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
 namespace tablio {
@@ -142,22 +141,6 @@ TEST(DateText, ShowsDatesThroughPictures) {
     DateNames names = englishDateNames;
     names.months[2] = "M\u00E4rz";
     EXPECT_EQ(formatDate(date, "d. mmmm", names), "5. M\u00E4rz");
-}
-
-TEST(DateText, AnyTextHasAnOutcome) {
-    std::mt19937 random(1582);
-    constexpr std::string_view letters = "0129/_ -+.eE\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80";
-    for (int round = 0; round < 50000; ++round) {
-        std::string text;
-        for (unsigned length = random() % 14; length > 0; --length)
-            text += letters[random() % letters.size()];
-        const Date date = TextToDate(text);
-        ASSERT_EQ(Date::fromDayNumber(date.dayNumber()), date) << text;
-        const bool isDigitsOnly = text.find_first_not_of("0129/") == std::string::npos;
-        if (!IsDateInvalid(text) && isDigitsOnly && text.size() == 10) {
-            ASSERT_EQ(DateToText(date).substr(6), text.substr(6)) << text;
-        }
-    }
 }
 
 } // namespace

@@ -36,19 +36,6 @@ TEST(TMatrix, KeysAreAlikeExactlyWhenTheJoinedTextsAre) {
     }
 }
 
-TEST(TMatrix, HoldsValuesOfEveryKind) {
-    TMatrix matrix;
-    matrix.setText(1, 1, 12);
-    matrix.setText(1, 2, 1.5);
-    matrix.setText(1, 3, true);
-    const auto object = std::make_shared<int>(7);
-    matrix.setText(1, 4, std::shared_ptr<void>(object));
-    EXPECT_EQ(matrix.Text(1, 1), MatrixValue(12));
-    EXPECT_EQ(matrix.Text(1, 2), MatrixValue(1.5));
-    EXPECT_EQ(matrix.Text(1, 3), MatrixValue(true));
-    EXPECT_EQ(std::get<std::shared_ptr<void>>(matrix.Text(1, 4)), object);
-}
-
 TEST(TMatrix, NumbersBeyond16BitsHaveNoCell) {
     TMatrix matrix;
     matrix.setText(32768, 1, "x");
