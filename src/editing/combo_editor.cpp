@@ -1,6 +1,7 @@
 #include "editing/combo_editor.h"
 
 #include "editing/column_rules.h"
+#include "model/text/utf16.h"
 
 #include <algorithm>
 
@@ -32,7 +33,6 @@ void ComboEditor::place(const Rect &cell, int /*col*/, bool /*withLookup*/) {
 void ComboEditor::load(const EditStart &start, int /*col*/, const std::string &text) {
     box_.setTag(text);
     box_.load(start.typed ? std::string() : text);
-    box_.selectAll();
     state_.focus.set(WidgetId::cboEdit);
     if (start.typed && start.key != 0)
         keyPress(start.key);
@@ -108,10 +108,13 @@ void ComboEditor::keyPress(char32_t character) {
     if (!session_.isOpen(number))
         return;
     state_.LastKey = static_cast<std::int16_t>(character);
-    if (character == static_cast<char32_t>(Key::Back))
+    if (character == static_cast<char32_t>(Key::Back)) {
         box_.backspace();
-    else
-        box_.type(character);
+        return;
+    }
+    std::string text;
+    utf16::append(text, character);
+    box_.type(text);
 }
 
 void ComboEditor::paste(std::string_view text) {

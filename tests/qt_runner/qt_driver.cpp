@@ -1,15 +1,20 @@
 #include "qt_runner/qt_driver.h"
 
+#include "qt_runner/native_check.h"
+#include "qt_runner/widget_members.h"
+
 #include "control/inside.h"
 #include <tablio/testing/script.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QComboBox>
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMessageBox>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
@@ -41,17 +46,6 @@ void rememberFailure(QtMsgType type, const QMessageLogContext &, const QString &
         fprintf(stderr, "%s\n", qPrintable(message));
 }
 
-/// Throws what handlers threw while this object lived.
-template <typename Action> void delivering(Action action) {
-    failure().clear();
-    const QtMessageHandler before = qInstallMessageHandler(rememberFailure);
-    action();
-    QCoreApplication::processEvents();
-    qInstallMessageHandler(before);
-    if (!failure().empty())
-        throw Error(failure());
-}
-
 QString asQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -62,11 +56,12 @@ struct QtKey {
 };
 
 /// A user puts a warning or a menu aside before going on with the grid.
-void putAside() {
+void putAside(QWidget &window) {
     while (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget()))
         menu->close();
     while (auto *warning = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
         warning->close();
+    window.activateWindow();
     QCoreApplication::processEvents();
 }
 
@@ -115,6 +110,36 @@ Qt::MouseButton qtButtonOf(MouseButton button) {
 
 } // namespace
 
+template <typename Action> auto QtDriver::outermost(Action action) {
+    const QScopedValueRollback<int> deeper(depth_, depth_ + 1);
+    const auto check = [&] {
+        if (depth_ > 1 || !grid_ || !grid_->isVisible())
+            return;
+        if (const std::string difference = nativeDifference(*grid_); !difference.empty())
+            throw ScriptError(difference);
+    };
+    if constexpr (std::is_void_v<decltype(action())>) {
+        action();
+        check();
+    } else {
+        const auto result = action();
+        check();
+        return result;
+    }
+}
+
+template <typename Action> void QtDriver::deliver(Action action) {
+    outermost([&] {
+        failure().clear();
+        const QtMessageHandler before = qInstallMessageHandler(rememberFailure);
+        action();
+        QCoreApplication::processEvents();
+        qInstallMessageHandler(before);
+        if (!failure().empty())
+            throw Error(failure());
+    });
+}
+
 void QtDriver::create(Twips width, Twips height) {
     destroy();
     window_ = std::make_unique<QDialog>();
@@ -124,7 +149,6 @@ void QtDriver::create(Twips width, Twips height) {
     qtFace_ = &state.link.face();
     face.wrap(qtFace_);
     // A scenario starts from the control's own defaults, not from a theme's.
-    grid_->core().setHost(nullptr);
     state.grid.table.setLook({});
     state.grid.table.setRowHeightMin(0);
     grid_->core().InitProperties();
@@ -134,6 +158,14 @@ void QtDriver::create(Twips width, Twips height) {
     state.current = {1, 0};
     state.grid.setFocusRect(0);
     grid_->core().setFace(&face);
+    // The widget itself answers and tells.
+    face.locale.reset();
+    face.clipboard.reset();
+    face.writesNotices = false;
+    QObject::connect(grid_, &qt::TablioWidget::propertyChanged, grid_,
+                     [this](const QString &name) { face.notices.push_back(name.toStdString()); });
+    setLocale({});
+    QGuiApplication::clipboard()->clear();
     elsewhere_->setGeometry(0, 0, 40, 20);
     resize(width, height);
 }
@@ -157,7 +189,7 @@ QPoint QtDriver::inWindow(Twips x, Twips y) const {
 }
 
 void QtDriver::show() {
-    delivering([this] {
+    deliver([this] {
         window_->show();
         window_->activateWindow();
         static_cast<void>(QTest::qWaitForWindowExposed(window_.get()));
@@ -183,16 +215,55 @@ void QtDriver::resize(Twips width, Twips height) {
 }
 
 void QtDriver::enterFocus() {
-    delivering([this] { grid_->setFocus(Qt::TabFocusReason); });
+    deliver([this] { grid_->setFocus(Qt::TabFocusReason); });
 }
 
 void QtDriver::leaveFocus() {
-    delivering([this] { elsewhere_->setFocus(Qt::TabFocusReason); });
+    deliver([this] { elsewhere_->setFocus(Qt::TabFocusReason); });
+}
+
+void QtDriver::setHost(HostEvents *host) { connectHost(*grid_, *host); }
+
+Value QtDriver::callMember(std::string_view name, const Values &arguments) {
+    return outermost([&] {
+        const std::optional<Value> result = callOfWidget(*grid_, name, arguments);
+        return result ? *result : Driver::callMember(name, arguments);
+    });
+}
+
+void QtDriver::setMember(std::string_view name, const Values &index, const Value &value) {
+    outermost([&] {
+        if (!setOfWidget(*grid_, name, index, value))
+            Driver::setMember(name, index, value);
+    });
+}
+
+Value QtDriver::readMember(std::string_view name, const Values &index) {
+    const std::optional<Value> result = readOfWidget(*grid_, name, index);
+    return result ? *result : Driver::readMember(name, index);
+}
+
+void QtDriver::setLocale(const NumberFormat &locale) {
+    const QList<QLocale> all =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    for (const QLocale &each : all) {
+        if (each.decimalPoint() != asQString(locale.decimalSign) ||
+            each.groupSeparator() != asQString(locale.groupSign) ||
+            each.numberOptions().testFlag(QLocale::OmitGroupSeparator))
+            continue;
+        grid_->setLocale(each);
+        return;
+    }
+    throw Error("no locale has these signs");
+}
+
+void QtDriver::setClipboard(std::string_view text) {
+    QGuiApplication::clipboard()->setText(asQString(text));
 }
 
 void QtDriver::strike(const KeyStroke &stroke) {
-    putAside();
-    delivering([&] {
+    putAside(*window_);
+    deliver([&] {
         const QtKey key = qtKeyOf(stroke);
         const QString text =
             stroke.character == 0 ? QString() : QString::fromUcs4(&stroke.character, 1);
@@ -205,7 +276,8 @@ void QtDriver::strike(const KeyStroke &stroke) {
 }
 
 void QtDriver::compose(std::string_view text) {
-    delivering([&] {
+    putAside(*window_);
+    deliver([&] {
         QPointer<QObject> box = QGuiApplication::focusObject();
         QInputMethodEvent preedit(asQString(text), {});
         QCoreApplication::sendEvent(box, &preedit);
@@ -218,7 +290,8 @@ void QtDriver::compose(std::string_view text) {
 }
 
 void QtDriver::enterText(std::string_view text) {
-    delivering([&] {
+    putAside(*window_);
+    deliver([&] {
         QInputMethodEvent commit;
         commit.setCommitString(asQString(text));
         QCoreApplication::sendEvent(QGuiApplication::focusObject(), &commit);
@@ -226,7 +299,7 @@ void QtDriver::enterText(std::string_view text) {
 }
 
 void QtDriver::settle(WidgetId /*editor*/, std::string_view text, int caret) {
-    delivering([&] {
+    deliver([&] {
         auto *box = grid_->findChild<QLineEdit *>(QStringLiteral("qt_txtEdit"));
         box->setText(asQString(text));
         box->setCursorPosition(caret);
@@ -234,8 +307,8 @@ void QtDriver::settle(WidgetId /*editor*/, std::string_view text, int caret) {
 }
 
 void QtDriver::pressMouse(MouseButton button, Twips x, Twips y) {
-    putAside();
-    delivering([&] {
+    putAside(*window_);
+    deliver([&] {
         pressed_ = inWindow(x, y);
         held_ = qtButtonOf(button);
         QTest::mousePress(window_->windowHandle(), qtButtonOf(button), {}, pressed_);
@@ -243,7 +316,7 @@ void QtDriver::pressMouse(MouseButton button, Twips x, Twips y) {
 }
 
 void QtDriver::moveMouse(Twips x, Twips y) {
-    delivering([&] {
+    deliver([&] {
         const QPoint at = inWindow(x, y);
         QMouseEvent move(QEvent::MouseMove, canvas()->mapFrom(window_.get(), at),
                          window_->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
@@ -252,7 +325,7 @@ void QtDriver::moveMouse(Twips x, Twips y) {
 }
 
 void QtDriver::releaseMouse(MouseButton button, Twips x, Twips y) {
-    delivering([&] {
+    deliver([&] {
         held_ = Qt::NoButton;
         QTest::mouseRelease(window_->windowHandle(), qtButtonOf(button), {},
                             grid_ ? inWindow(x, y) : pressed_);
@@ -260,7 +333,7 @@ void QtDriver::releaseMouse(MouseButton button, Twips x, Twips y) {
 }
 
 void QtDriver::doubleClick(Twips x, Twips y) {
-    delivering([&] {
+    deliver([&] {
         const QPoint at = inWindow(x, y);
         QMouseEvent second(QEvent::MouseButtonDblClick, canvas()->mapFrom(window_.get(), at),
                            window_->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
@@ -269,7 +342,7 @@ void QtDriver::doubleClick(Twips x, Twips y) {
 }
 
 void QtDriver::scrollTo(int topRow, int leftCol) {
-    delivering([&] {
+    deliver([&] {
         const QList<QScrollBar *> bars =
             grid_->findChildren<QScrollBar *>(QString(), Qt::FindDirectChildrenOnly);
         for (QScrollBar *bar : bars)
@@ -278,7 +351,7 @@ void QtDriver::scrollTo(int topRow, int leftCol) {
 }
 
 void QtDriver::pushButton(WidgetId button) {
-    delivering([&] {
+    deliver([&] {
         const QString name = button == WidgetId::cmdLookup ? QStringLiteral("qt_cmdLookup")
                                                            : QStringLiteral("qt_cmdCalender");
         QTest::mouseClick(grid_->findChild<QToolButton *>(name), Qt::LeftButton);
@@ -286,7 +359,7 @@ void QtDriver::pushButton(WidgetId button) {
 }
 
 void QtDriver::chooseMenuEntry(MenuEntry entry) {
-    delivering([&] {
+    deliver([&] {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         if (menu == nullptr) {
             qtFace_->popUpMenu(0, 0);
@@ -300,7 +373,7 @@ void QtDriver::chooseMenuEntry(MenuEntry entry) {
 }
 
 void QtDriver::chooseItem(int index) {
-    delivering([&] {
+    deliver([&] {
         auto *combo = grid_->findChild<QComboBox *>(QStringLiteral("qt_cboEdit"));
         combo->showPopup();
         QAbstractItemView *list = combo->view();
@@ -313,7 +386,7 @@ void QtDriver::chooseItem(int index) {
 }
 
 void QtDriver::pickDay(const Date &day) {
-    delivering([&] {
+    deliver([&] {
         auto *calendar = grid_->findChild<QCalendarWidget *>(QStringLiteral("qt_mvCalender"));
         Q_EMIT calendar->clicked(QDate(day.year, day.month, day.day));
     });

@@ -25,6 +25,13 @@ public:
     void enterFocus() override;
     void leaveFocus() override;
 
+    void setHost(HostEvents *host) override;
+    Value callMember(std::string_view name, const Values &arguments) override;
+    void setMember(std::string_view name, const Values &index, const Value &value) override;
+    [[nodiscard]] Value readMember(std::string_view name, const Values &index) override;
+    void setLocale(const NumberFormat &locale) override;
+    void setClipboard(std::string_view text) override;
+
     void strike(const KeyStroke &stroke) override;
     void compose(std::string_view text) override;
     void enterText(std::string_view text) override;
@@ -42,6 +49,11 @@ public:
     void pickDay(const Date &day) override;
 
 private:
+    /// What the host or the user does. When it is not done inside a handler, the native widgets are
+    /// compared with the control after it.
+    template <typename Action> auto outermost(Action action);
+    /// Throws what handlers threw meanwhile.
+    template <typename Action> void deliver(Action action);
     [[nodiscard]] QWidget *canvas() const;
     [[nodiscard]] QPoint inWindow(Twips x, Twips y) const;
 
@@ -53,6 +65,7 @@ private:
     QPoint pressed_;
     Qt::MouseButton held_ = Qt::NoButton;
     Face *qtFace_ = nullptr;
+    int depth_ = 0;
 };
 
 } // namespace tablio::scenario

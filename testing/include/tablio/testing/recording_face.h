@@ -21,6 +21,8 @@ public:
 
     // What was told, since the scenario last asked.
     std::vector<std::string> notices;
+    /// False when the driver writes down itself what its face's host hears.
+    bool writesNotices = true;
     std::vector<std::string> warnings;
     std::optional<std::pair<Twips, Twips>> popUp;
     std::optional<bool> hostKeyPreview;
@@ -62,7 +64,8 @@ public:
     [[nodiscard]] Date today() const override { return date ? *date : inner().today(); }
     void letPendingEventsRun() override { inner().letPendingEventsRun(); }
     void propertyChanged(MemberNumber number) override {
-        notices.emplace_back(findMember(number).name);
+        if (writesNotices)
+            notices.emplace_back(findMember(number).name);
         inner().propertyChanged(number);
     }
     void setHostKeyPreview(bool preview) override {
