@@ -1,9 +1,9 @@
 #include "qt_runner/qt_driver.h"
 
+#include "control/inside.h"
 #include "qt_runner/native_check.h"
 #include "qt_runner/widget_members.h"
 
-#include "control/inside.h"
 #include <tablio/testing/script.h>
 
 #include <QAbstractItemView>

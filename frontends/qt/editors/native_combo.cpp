@@ -58,10 +58,14 @@ void NativeCombo::mirror() {
     view()->setFont(font());
     mirrorItems();
     frame->show();
-    if (combo.DroppedDown() && !isDown())
+    if (combo.DroppedDown() && !isDown()) {
         QComboBox::showPopup();
-    else if (!combo.DroppedDown() && isDown())
+        // Qt shows no list without items.
+        if (!isDown())
+            guarded([this] { parts_.input().comboDropped(edit_, false); });
+    } else if (!combo.DroppedDown() && isDown()) {
         QComboBox::hidePopup();
+    }
     if (isDown())
         view()->setCurrentIndex(model()->index(combo.ListIndex(), 0));
 }
@@ -83,7 +87,7 @@ void NativeCombo::mirrorItems() {
 void NativeCombo::showPopup() {
     QComboBox::showPopup();
     if (!mirroring_)
-        guarded([this] { parts_.input().comboDropped(edit_, true); });
+        guarded([this] { parts_.input().comboDropped(edit_, isDown()); });
 }
 
 void NativeCombo::hidePopup() {
