@@ -187,12 +187,12 @@ void Input::textSettled(EditNumber edit, std::string_view text, int anchor, int 
     if (!control->session.isOpen(edit))
         return;
     const CellEditor *editor = control->session.open()->editor;
-    if (editor == &control->textEditor)
-        widgets.txtEdit.settle(std::string(text), anchor, caret);
-    else if (editor == &control->comboEditor)
-        widgets.cboEdit.settle(std::string(text), anchor, caret);
-    else
-        widgets.txtDateEdit.settle(text, anchor, caret);
+    TextField *box = &widgets.txtEdit;
+    if (editor == &control->comboEditor)
+        box = &widgets.cboEdit;
+    else if (editor == &control->dateEditor)
+        box = &widgets.txtDateEdit;
+    box->settle(std::string(text), anchor, caret);
 }
 
 void Input::comboDropped(EditNumber edit, bool dropped) {

@@ -1,7 +1,6 @@
 #include "editing/combo_editor.h"
 
 #include "editing/column_rules.h"
-#include "model/text/utf16.h"
 
 #include <algorithm>
 
@@ -33,6 +32,7 @@ void ComboEditor::place(const Rect &cell, int /*col*/, bool /*withLookup*/) {
 void ComboEditor::load(const EditStart &start, int /*col*/, const std::string &text) {
     box_.setTag(text);
     box_.load(start.typed ? std::string() : text);
+    box_.selectAll();
     state_.focus.set(WidgetId::cboEdit);
     if (start.typed && start.key != 0)
         keyPress(start.key);
@@ -108,13 +108,10 @@ void ComboEditor::keyPress(char32_t character) {
     if (!session_.isOpen(number))
         return;
     state_.LastKey = static_cast<std::int16_t>(character);
-    if (character == static_cast<char32_t>(Key::Back)) {
+    if (character == static_cast<char32_t>(Key::Back))
         box_.backspace();
-        return;
-    }
-    std::string text;
-    utf16::append(text, character);
-    box_.type(text);
+    else
+        box_.type(character);
 }
 
 void ComboEditor::paste(std::string_view text) {

@@ -28,9 +28,10 @@ void DateEditor::load(const EditStart &start, int col, const std::string &text) 
     const std::string given(state_.grid.table.unformatted(cell.row, col));
     const std::string &date = IsDateInvalid(given) ? text : given;
     box_.setTag(text);
-    const bool blank = start.typed || start.key == U' ' || IsDateInvalid(date);
-    box_.load(blank ? MaskedBox::blankText : std::string_view(date));
-    loaded_ = IsDateInvalid(date) ? std::string(MaskedBox::blankText) : date;
+    box_.load(IsDateInvalid(date) ? std::string() : date);
+    loaded_ = box_.Text();
+    if (start.typed || start.key == U' ')
+        box_.load({});
     state_.focus.set(WidgetId::txtDateEdit);
     const bool isCharacter = start.key > U' ' && start.key != static_cast<char32_t>(Key::F2) &&
                              start.key != static_cast<char32_t>(Key::F10);
@@ -57,7 +58,7 @@ bool DateEditor::isLeavingKey(KeyCode key, ShiftState shift) const {
     if (shift != Shift::None)
         return false;
     return (key == Key::Left && box_.SelStart() == 0) ||
-           (key == Key::Right && box_.SelStart() == MaskedBox::length) || key == Key::Down ||
+           (key == Key::Right && box_.SelStart() == box_.length()) || key == Key::Down ||
            key == Key::Up || key == Key::Enter;
 }
 
@@ -79,7 +80,7 @@ bool DateEditor::keyDown(KeyCode key, ShiftState shift) {
     if (ctrl && (key == Key::C || key == Key::Insert || key == Key::X)) {
         state_.link.setClipboardText(box_.Text());
         if (key == Key::X)
-            box_.setText(MaskedBox::blankText);
+            box_.setText({});
         return true;
     }
     if (!isLeavingKey(key, shift))
@@ -132,10 +133,6 @@ void DateEditor::keyPress(char32_t character) {
 void DateEditor::paste(std::string_view text) {
     if (session_.isOpen())
         box_.paste(text);
-}
-
-void DateEditor::setAnswer(const std::string &value) {
-    box_.setText(MaskedBox::shaped(value).value_or(std::string(MaskedBox::blankText)));
 }
 
 void DateEditor::changed() { session_.reportChange(*this, box_.Text()); }

@@ -18,7 +18,7 @@ public:
     void keyPress(char32_t character) override;
     void lostFocus() override;
     void paste(std::string_view text) override;
-    void setAnswer(const std::string &value) override;
+    void setAnswer(const std::string &value) override { box_.setText(value); }
     [[nodiscard]] const std::string &oldText() const override { return box_.Tag(); }
     /// Opens the calendar on the cell's date or today.
     void pressButton() override;

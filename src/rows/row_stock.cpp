@@ -108,8 +108,6 @@ void RowStock::reset(int row) {
             grid.table.setTextMatrix(row, col, "");
             state_.CellTag->remove(row, col);
         }
-        state_.widgets.txtEdit.load({});
-        state_.widgets.txtDateEdit.load(MaskedBox::blankText);
         grid.setCol(state_.settings.PrimaryColumn);
         grid.setRow(row);
     }

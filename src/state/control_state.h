@@ -11,7 +11,7 @@
 #include "widgets/combo_box.h"
 #include "widgets/focus.h"
 #include "widgets/masked_box.h"
-#include "widgets/text_box.h"
+#include "widgets/text_field.h"
 #include "widgets/widget.h"
 
 #include <tablio/tmatrix.h>

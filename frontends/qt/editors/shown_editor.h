@@ -47,8 +47,8 @@ inline constexpr Twips comboArrowWidth = 330;
                            cell,
                            {0, 0, std::max(0, cell.width - comboArrowWidth), cell.height},
                            combo.Text(),
-                           combo.SelStart(),
-                           combo.SelStart() + combo.SelLength(),
+                           combo.anchor(),
+                           combo.caret(),
                            false,
                            combo.look()};
     }
