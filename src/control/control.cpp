@@ -5,22 +5,18 @@
 namespace tablio {
 
 Control::Control()
-    : state(*this, *this), cells(state), navigator(state), session(state, cells, navigator),
+    : state(*this, *this), cells(state), navigator(state), appearance(state), marker(state),
+      checks(state), rows(state, marker, appearance), session(state, cells, navigator, marker),
       textEditor(state, session, navigator), comboEditor(state, session, navigator, cells),
       dateEditor(state, session, navigator), lookup(state, session, navigator, cells),
-      replacement(state, session, cells), appearance(state), marker(state), checks(state),
-      rows(state, session, marker, appearance), duplicates(state, rows),
-      gridInput(state, session, navigator, replacement, gridServices()) {
+      replacement(state, session, cells, marker, rows),
+      gridInput(state, session, navigator, replacement, checks) {
     session.setEditors([this](TColumnType type) -> CellEditor & {
         if (type == TColumnType::ColumnCombo)
             return comboEditor;
         if (type == TColumnType::ColumnDate)
             return dateEditor;
         return textEditor;
-    });
-    session.setUnmark([this] {
-        if (marker.isMarked())
-            marker.toggle();
     });
     state.focus.onLost = [this](WidgetId widget) { focusLost(widget); };
     state.focus.onGot = [this](WidgetId widget) { focusGot(widget); };
@@ -31,16 +27,13 @@ Control::Control()
     state.columns.start();
 }
 
-GridInput::Services Control::gridServices() {
-    return {[this](std::string_view text) {
-                if (const OpenEdit *edit = session.open())
-                    edit->editor->paste(text);
-            },
-            [this] { rows.append(); }, [this] { return checks.toggleCurrent(); }};
+RowStock &Control::settledRows() {
+    session.end();
+    return rows;
 }
 
 void Control::gridEnterCell() {
-    if (state.IsClearing)
+    if (rows.IsClearing())
         return;
     state.current = state.grid.current();
     if (state.current.row >= 1 && state.isCheckCell(state.current) &&
@@ -50,7 +43,7 @@ void Control::gridEnterCell() {
 }
 
 void Control::gridRowChange(int oldRow, int newRow) {
-    if (state.IsClearing)
+    if (rows.IsClearing())
         return;
     state.grid.setFocusRect(0);
     state.link.TableRowChange(oldRow, newRow);
@@ -73,18 +66,36 @@ void Control::notify(std::string_view property) {
         state.link.propertyChanged(findMember(property).number);
 }
 
+MenuState Control::menuState(MenuEntry entry) const noexcept {
+    const bool isMarked = marker.isMarked();
+    switch (entry) {
+    case MenuEntry::mnuMarkRow:
+        return {!session.isOpen(), isMarked};
+    case MenuEntry::mnuAddRow:
+        return {!session.isOpen() && !isMarked};
+    case MenuEntry::mnuInsertRow:
+    case MenuEntry::mnuRemoveRow:
+        return {isMarked};
+    case MenuEntry::mnuTableClear:
+        return {!session.isOpen()};
+    default:
+        return {};
+    }
+}
+
 void Control::chooseMenu(MenuEntry entry) {
-    const TableMenu &menu = state.menu;
-    if (entry == MenuEntry::mnuMarkRow && menu.mnuMarkRow.enabled)
+    if (!menuState(entry).enabled)
+        return;
+    if (entry == MenuEntry::mnuMarkRow)
         marker.toggle();
-    else if (entry == MenuEntry::mnuAddRow && menu.mnuAddRow.enabled)
-        rows.add();
-    else if (entry == MenuEntry::mnuInsertRow && menu.mnuInsertRow.enabled)
-        rows.insertAtMark();
-    else if (entry == MenuEntry::mnuRemoveRow && menu.mnuRemoveRow.enabled)
-        rows.removeMarked();
-    else if (entry == MenuEntry::mnuTableClear && menu.mnuTableClear.enabled)
-        rows.clear();
+    else if (entry == MenuEntry::mnuAddRow)
+        settledRows().add();
+    else if (entry == MenuEntry::mnuInsertRow)
+        settledRows().insertAtMark();
+    else if (entry == MenuEntry::mnuRemoveRow)
+        settledRows().removeMarked();
+    else
+        settledRows().clear();
 }
 
 CellEditor *Control::editorOf(WidgetId widget) noexcept {

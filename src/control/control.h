@@ -13,7 +13,6 @@
 #include "editing/navigator.h"
 #include "editing/text_editor.h"
 #include "rows/check_column.h"
-#include "rows/duplicates.h"
 #include "rows/marker.h"
 #include "rows/row_stock.h"
 #include "state/appearance.h"
@@ -24,6 +23,12 @@
 
 namespace tablio {
 
+/// How an entry of the pop-up menu stands.
+struct MenuState {
+    bool enabled = false;
+    bool checked = false;
+};
+
 class Control final : private FlexGridEvents, private WidgetListener {
 public:
     Control();
@@ -31,21 +36,23 @@ public:
     ControlState state;
     CellText cells;
     Navigator navigator;
+    Appearance appearance;
+    Marker marker;
+    CheckColumn checks;
+    RowStock rows;
     EditSession session;
     TextEditor textEditor;
     ComboEditor comboEditor;
     DateEditor dateEditor;
     Lookup lookup;
     CellReplacement replacement;
-    Appearance appearance;
-    Marker marker;
-    CheckColumn checks;
-    RowStock rows;
-    Duplicates duplicates;
     GridInput gridInput;
 
     /// The editor that this widget belongs to; null for the grid, the buttons and the calendar.
     [[nodiscard]] CellEditor *editorOf(WidgetId widget) noexcept;
+    /// The rows, for an operation on them: an open edit ends first.
+    [[nodiscard]] RowStock &settledRows();
+    [[nodiscard]] MenuState menuState(MenuEntry entry) const noexcept;
     /// Does what an entry of the pop-up menu says; a disabled entry does nothing.
     void chooseMenu(MenuEntry entry);
     /// Tells the face that a property has another value.
@@ -53,12 +60,10 @@ public:
 
 private:
     void gridEnterCell() override;
-    void gridLeaveCell() override {}
     void gridRowChange(int oldRow, int newRow) override;
     void gridScroll() override;
     void gridAreaChanged(const Rect &area) override;
     void widgetChanged(WidgetId widget) override;
-    [[nodiscard]] GridInput::Services gridServices();
     void focusLost(WidgetId widget);
     void focusGot(WidgetId widget);
 };

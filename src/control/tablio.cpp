@@ -21,7 +21,7 @@ void Tablio::Show() {
     ControlState &state = control->state;
     ControlState::PageEditing = false;
     state.SetStatusCell = true;
-    control->rows.clear();
+    control->settledRows().clear();
     state.grid.setCol(state.settings.PrimaryColumn);
     state.grid.setRow(state.grid.table.FixedRows());
     control->appearance.repaintStripes();
@@ -96,10 +96,10 @@ void Tablio::setTextMatrix(int Row, int Col, std::string_view Value) {
     control_->cells.write(to16Bit(Row, "TextMatrix row"), to16Bit(Col, "TextMatrix column"), Value);
 }
 
-std::shared_ptr<TMatrix> Tablio::CellTag() const { return control_->state.CellTag; }
+std::shared_ptr<TMatrix> Tablio::CellTag() const { return control_->rows.CellTag(); }
 
 void Tablio::setCellTag(std::shared_ptr<TMatrix> tags) {
-    control_->state.CellTag = tags ? std::move(tags) : std::make_shared<TMatrix>();
+    control_->rows.setCellTag(std::move(tags));
 }
 
 Twips Tablio::RowMinHeight() const { return control_->state.grid.table.RowHeightMin(); }

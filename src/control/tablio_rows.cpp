@@ -20,25 +20,29 @@ void enterRow(Control &control, int row, std::string_view operation) {
 
 } // namespace
 
-void Tablio::AddRow() { Call(control_)->rows.add(); }
+void Tablio::AddRow() { Call(control_)->settledRows().add(); }
 
 void Tablio::InsertRow(int Row) {
     const Call control(control_);
     enterRow(*control, Row, "InsertRow");
-    control->rows.insertAtMark();
+    control->settledRows().insertAtMark();
     control->appearance.repaintStripes();
 }
 
 void Tablio::RemoveRow(int Row) {
     const Call control(control_);
     enterRow(*control, Row, "RemoveRow");
-    control->rows.removeMarked();
+    control->settledRows().removeMarked();
     control->appearance.repaintStripes();
 }
 
-void Tablio::ResetRow(int Row) { Call(control_)->rows.reset(to16Bit(Row, "ResetRow")); }
+void Tablio::ResetRow(int Row) {
+    const Call control(control_);
+    const int row = to16Bit(Row, "ResetRow");
+    control->settledRows().reset(row);
+}
 
-void Tablio::TableClear() { Call(control_)->rows.clear(); }
+void Tablio::TableClear() { Call(control_)->settledRows().clear(); }
 
 int Tablio::DataCount() const { return Call(control_)->rows.dataCount(); }
 
@@ -56,12 +60,12 @@ void Tablio::CellFocus(int nRow, int nCol) {
 }
 
 int Tablio::FindDuplicatePrimaryColumn(int Row) const {
-    return Call(control_)->duplicates.find(to16Bit(Row, "FindDuplicatePrimaryColumn"));
+    return Call(control_)->rows.findDuplicate(to16Bit(Row, "FindDuplicatePrimaryColumn"));
 }
 
-int Tablio::MarkRow() const { return control_->state.MarkRow; }
+int Tablio::MarkRow() const { return control_->marker.MarkRow(); }
 
-void Tablio::setMarkRow(int row) { control_->state.MarkRow = to16Bit(row, "MarkRow"); }
+void Tablio::setMarkRow(int row) { control_->marker.setMarkRow(to16Bit(row, "MarkRow")); }
 
 bool Tablio::MarkStatus() const { return control_->marker.isMarked(); }
 

@@ -86,7 +86,7 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
         return isGone() ? Outcome::Gone : Outcome::Refused;
     if (isGone())
         return Outcome::Gone;
-    session_.unmark();
+    marker_.unmark();
     if (isGone())
         return Outcome::Gone;
     const CellContent before = cells_.content(cell);
@@ -116,13 +116,13 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
     return taken && (accepted || !valid) ? Outcome::Written : Outcome::Refused;
 }
 
-void CellReplacement::pasteBlock(std::string_view text, const std::function<void()> &growTable) {
+void CellReplacement::pasteBlock(std::string_view text) {
     const CellAddress start = state_.grid.current();
     const Block rows = parsed(text);
     for (std::size_t down = 0; down < rows.size(); ++down) {
         const int row = start.row + static_cast<int>(down);
         if (row >= state_.grid.table.Rows())
-            growTable();
+            rows_.append();
         for (std::size_t right = 0; right < rows[down].size(); ++right) {
             const CellAddress cell{row, start.col + static_cast<int>(right)};
             if (!state_.grid.table.hasCell(cell.row, cell.col) ||

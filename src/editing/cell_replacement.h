@@ -4,6 +4,7 @@
 /// the same veto, rules and events as an edit that the operator types.
 
 #include "editing/edit_session.h"
+#include "rows/row_stock.h"
 
 namespace tablio {
 
@@ -17,16 +18,18 @@ public:
         Gone,
     };
 
-    CellReplacement(ControlState &state, EditSession &session, CellText &cells)
-        : state_(state), session_(session), cells_(cells) {}
+    CellReplacement(ControlState &state, EditSession &session, CellText &cells, Marker &marker,
+                    RowStock &rows)
+        : state_(state), session_(session), cells_(cells), marker_(marker), rows_(rows) {}
 
     /// Wipes the cell.
     Outcome clear(CellAddress cell);
     /// Puts a text into the cell as its column takes it.
     Outcome write(CellAddress cell, std::string_view text, KeyCode lastKey);
     /// Fills cells to the right and below from a text with tabs and line ends, beginning at the
-    /// current cell, adding rows by growTable. Cells that are no input cells keep their content.
-    void pasteBlock(std::string_view text, const std::function<void()> &growTable);
+    /// current cell, adding rows as they are needed. Cells that are no input cells keep their
+    /// content.
+    void pasteBlock(std::string_view text);
 
     /// Whether a text holds more than one cell.
     [[nodiscard]] static bool isBlock(std::string_view text);
@@ -37,6 +40,8 @@ private:
     ControlState &state_;
     EditSession &session_;
     CellText &cells_;
+    Marker &marker_;
+    RowStock &rows_;
 };
 
 } // namespace tablio

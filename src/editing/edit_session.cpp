@@ -35,7 +35,7 @@ void EditSession::begin(const EditStart &start) {
         }
         return;
     }
-    unmark();
+    marker_.unmark();
     if (!isStillAsked())
         return;
 
@@ -45,7 +45,6 @@ void EditSession::begin(const EditStart &start) {
     const std::uint64_t number = ++count_;
     open_ = OpenEdit{number, &editor, cell, cells_.content(cell), shiftStamp, false};
     state.LastKey = static_cast<std::int16_t>(start.key);
-    setMenuEnabled(false);
     const Rect place = state.grid.view.cellRect(cell.row, cell.col);
     const bool withLookup =
         start.withLookup && state.columns.ColEditType(cell.col) != TColumnType::ColumnDate;
@@ -117,7 +116,6 @@ void EditSession::finish(const OpenEdit &edit, const EditResult &result) {
         return table.hasCell(edit.cell.row, edit.cell.col) && edit.shiftStamp == table.shiftStamp();
     };
     state_.widgets.cmdLookup.setVisible(false);
-    setMenuEnabled(true);
     if (!edit.restored && isSameCell())
         cells_.write(edit.cell.row, edit.cell.col, result.written);
     const bool accepted = state_.link.EditPostValidation(edit.cell, result.valid, result.oldText,
@@ -153,13 +151,6 @@ void EditSession::showLookupButton(const Rect &cell) {
     PlainWidget &button = state_.widgets.cmdLookup;
     button.setPlace({cell.right() - button.Width(), cell.top, button.Width(), cell.height});
     button.setVisible(true);
-}
-
-void EditSession::setMenuEnabled(bool enabled) {
-    state_.menu.mnuMarkRow.enabled = enabled;
-    state_.menu.mnuAddRow.enabled = enabled && !state_.menu.mnuMarkRow.checked;
-    state_.menu.mnuTableClear.enabled = enabled;
-    state_.link.markChanged();
 }
 
 } // namespace tablio

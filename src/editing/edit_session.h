@@ -6,6 +6,7 @@
 
 #include "editing/cell_editor.h"
 #include "editing/navigator.h"
+#include "rows/marker.h"
 #include "state/cell_text.h"
 
 #include <functional>
@@ -37,19 +38,12 @@ struct EditResult {
 
 class EditSession {
 public:
-    EditSession(ControlState &state, CellText &cells, Navigator &navigator)
-        : state_(state), cells_(cells), navigator_(navigator) {}
+    EditSession(ControlState &state, CellText &cells, Navigator &navigator, Marker &marker)
+        : state_(state), cells_(cells), navigator_(navigator), marker_(marker) {}
 
     /// The editor for a column's edit kind.
     void setEditors(std::function<CellEditor &(TColumnType)> choose) {
         editorFor_ = std::move(choose);
-    }
-    /// Unmarks the marked row, if any, before a cell is edited.
-    void setUnmark(std::function<void()> unmark) { unmark_ = std::move(unmark); }
-
-    void unmark() {
-        if (unmark_)
-            unmark_();
     }
 
     /// Starts an edit of the current cell, unless the host vetoes it or Enter finds the cell
@@ -94,13 +88,12 @@ public:
 private:
     [[nodiscard]] bool isFilled(CellAddress cell) const;
     void showLookupButton(const Rect &cell);
-    void setMenuEnabled(bool enabled);
 
     ControlState &state_;
     CellText &cells_;
     Navigator &navigator_;
+    Marker &marker_;
     std::function<CellEditor &(TColumnType)> editorFor_;
-    std::function<void()> unmark_;
     std::optional<OpenEdit> open_;
     CellAddress cell_;
     std::uint64_t count_ = 0;

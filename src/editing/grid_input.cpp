@@ -33,7 +33,7 @@ bool GridInput::act(KeyCode key, ShiftState shift) {
             navigator_.advanceUnedited();
         return true;
     }
-    if (plain && key == Key::Space && services_.toggleTick())
+    if (plain && key == Key::Space && checks_.toggleCurrent())
         return true;
     if ((plain && key == Key::Menu) || (shift == Shift::Shift && key == Key::F10)) {
         popUpMenuAtCell();
@@ -103,12 +103,12 @@ void GridInput::paste() {
         return;
     const std::string text = state_.link.clipboardText();
     if (CellReplacement::isBlock(text)) {
-        replacement_.pasteBlock(text, services_.appendRow);
+        replacement_.pasteBlock(text);
         return;
     }
     startEdit(false, static_cast<char32_t>(Key::F2));
     if (session_.isOpen())
-        services_.pasteIntoEditor(text);
+        session_.open()->editor->paste(text);
 }
 
 void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
@@ -143,7 +143,7 @@ void GridInput::mouseUp(MouseButton button, Twips x, Twips y) {
     if (button == MouseButton::Right && state_.settings.GridPopUpMenu)
         state_.link.face().popUpMenu(x, y);
     if (button == MouseButton::Left && !std::exchange(dropsNextClick_, false))
-        services_.toggleTick();
+        checks_.toggleCurrent();
 }
 
 void GridInput::popUpMenuAtCell() {

@@ -6,6 +6,7 @@
 
 #include "editing/cell_replacement.h"
 #include "editing/edit_session.h"
+#include "rows/check_column.h"
 
 #include <tablio/input.h>
 
@@ -13,20 +14,10 @@ namespace tablio {
 
 class GridInput {
 public:
-    /// What the grid needs done elsewhere.
-    struct Services {
-        /// Puts pasted text into the editor that is open.
-        std::function<void(std::string_view)> pasteIntoEditor;
-        /// Appends a blank row without moving the cursor.
-        std::function<void()> appendRow;
-        /// Ticks or clears the current cell if it is a tick cell; answers whether it is.
-        std::function<bool()> toggleTick;
-    };
-
     GridInput(ControlState &state, EditSession &session, Navigator &navigator,
-              CellReplacement &replacement, Services services)
+              CellReplacement &replacement, CheckColumn &checks)
         : state_(state), session_(session), navigator_(navigator), replacement_(replacement),
-          services_(std::move(services)) {}
+          checks_(checks) {}
 
     Dealt keyDown(KeyCode key, ShiftState shift);
     Dealt keyPress(char32_t character);
@@ -60,7 +51,7 @@ private:
     EditSession &session_;
     Navigator &navigator_;
     CellReplacement &replacement_;
-    Services services_;
+    CheckColumn &checks_;
     std::optional<ColumnDrag> drag_;
     /// A key that went down has been dealt with: the character that it types is dropped.
     bool dropsNextKeyPress_ = false;

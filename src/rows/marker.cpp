@@ -21,7 +21,7 @@ void Marker::toggle() {
     {
         const StatusOff statusOff(state_);
         if (isMarked())
-            unmark();
+            restore();
         else
             mark(entered.row);
         if (state_.grid.table.hasCell(entered.row, entered.col)) {
@@ -34,8 +34,9 @@ void Marker::toggle() {
 }
 
 void Marker::mark(int row) {
-    setMenu(true);
-    state_.MarkRow = to16Bit(row, "MarkRow");
+    isMarked_ = true;
+    MarkRow_ = to16Bit(row, "MarkRow");
+    state_.link.markChanged();
     before_.assign(static_cast<std::size_t>(state_.grid.table.Cols()), {});
     const GridLook &look = state_.grid.table.look();
     passOver(row, [&](int col) {
@@ -50,10 +51,11 @@ void Marker::mark(int row) {
     });
 }
 
-void Marker::unmark() {
-    setMenu(false);
+void Marker::restore() {
+    isMarked_ = false;
+    state_.link.markChanged();
     const std::vector<Colours> before = std::exchange(before_, {});
-    passOver(state_.MarkRow, [&](int col) {
+    passOver(MarkRow_, [&](int col) {
         if (static_cast<std::size_t>(col) >= before.size())
             return;
         const Colours &own = before[static_cast<std::size_t>(col)];
@@ -64,16 +66,7 @@ void Marker::unmark() {
             style.foreColor = own.fore;
         });
     });
-    state_.MarkRow = -1;
-}
-
-void Marker::setMenu(bool marked) {
-    TableMenu &menu = state_.menu;
-    menu.mnuMarkRow.checked = marked;
-    menu.mnuAddRow.enabled = !marked;
-    menu.mnuInsertRow.enabled = marked;
-    menu.mnuRemoveRow.enabled = marked;
-    state_.link.markChanged();
+    MarkRow_ = -1;
 }
 
 } // namespace tablio

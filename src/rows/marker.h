@@ -13,10 +13,18 @@ class Marker {
 public:
     explicit Marker(ControlState &state) : state_(state) {}
 
-    [[nodiscard]] bool isMarked() const noexcept { return state_.menu.mnuMarkRow.checked; }
+    [[nodiscard]] bool isMarked() const noexcept { return isMarked_; }
+    /// The marked row, −1 for none, or what a host has written here, which marks nothing.
+    [[nodiscard]] int MarkRow() const noexcept { return MarkRow_; }
+    void setMarkRow(std::int16_t row) noexcept { MarkRow_ = row; }
     /// Marks the row of the cell last entered, or unmarks the marked one wherever the cursor is.
     /// The cursor passes over the row's cells, which the host hears, and comes back.
     void toggle();
+    /// Unmarks the marked row, if there is one.
+    void unmark() {
+        if (isMarked())
+            toggle();
+    }
 
 private:
     struct Colours {
@@ -25,13 +33,14 @@ private:
     };
 
     void mark(int row);
-    void unmark();
-    void setMenu(bool marked);
+    void restore();
     /// Goes through the row's cells; stops where a handler took the cell away.
     template <typename Visit> void passOver(int row, Visit visit);
 
     ControlState &state_;
     std::vector<Colours> before_;
+    std::int16_t MarkRow_ = 0;
+    bool isMarked_ = false;
 };
 
 } // namespace tablio

@@ -1,9 +1,12 @@
 #include "rows/row_stock.h"
 
+#include "model/text/ascii.h"
 #include "model/text/trim.h"
+#include "model/text/utf16.h"
 
 #include <tablio/errors.h>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -12,17 +15,34 @@ namespace tablio {
 
 namespace {
 
-/// The cell handlers of the control do nothing while this object lives.
-class Clearing {
+/// A flag is set for the life of this object.
+class Set {
 public:
-    explicit Clearing(ControlState &state) : state_(state) { state_.IsClearing = true; }
-    ~Clearing() { state_.IsClearing = false; }
-    Clearing(const Clearing &) = delete;
-    Clearing &operator=(const Clearing &) = delete;
+    explicit Set(bool &flag) : flag_(flag) { flag_ = true; }
+    ~Set() { flag_ = false; }
+    Set(const Set &) = delete;
+    Set &operator=(const Set &) = delete;
 
 private:
-    ControlState &state_;
+    bool &flag_;
 };
+
+bool isAscii(std::string_view text) noexcept {
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+}
+
+/// The text in lower case, in a buffer that is used again for each row.
+void lowerInto(std::string &result, std::string_view text, const Face &face) {
+    result.clear();
+    if (isAscii(text)) {
+        for (const char character : text)
+            result += ascii::lower(character);
+        return;
+    }
+    for (const char32_t character : utf16::characters(text))
+        utf16::append(result, face.toLower(character));
+}
 
 } // namespace
 
@@ -36,16 +56,14 @@ void RowStock::append() {
 }
 
 void RowStock::add() {
-    session_.end();
     append();
     bringCursorTo({state_.lastDataRow(), state_.settings.PrimaryColumn});
     state_.link.TableChange();
 }
 
 void RowStock::insertAtMark() {
-    session_.end();
     GridTable &table = state_.grid.table;
-    int row = state_.MarkRow;
+    int row = marker_.MarkRow();
     {
         const StatusOff statusOff(state_);
         marker_.toggle();
@@ -64,16 +82,15 @@ void RowStock::insertAtMark() {
             const int countNow = row > 0 ? count + 1 : dataCount();
             if (!spareFirst && table.Rows() > countNow + 1)
                 table.RemoveItem(state_.lastDataRow());
-            state_.CellTag->shiftRows(row, state_.lastDataRow(), 1, firstTaggedCol());
+            CellTag_->shiftRows(row, state_.lastDataRow(), 1, firstTaggedCol());
         }
     }
     finishMove(row);
 }
 
 void RowStock::removeMarked() {
-    session_.end();
     GridTable &table = state_.grid.table;
-    int row = state_.MarkRow;
+    int row = marker_.MarkRow();
     {
         const StatusOff statusOff(state_);
         marker_.toggle();
@@ -81,7 +98,7 @@ void RowStock::removeMarked() {
         table.RemoveItem(row);
         table.AddItem("");
         // The row's own values go, the rows below move up.
-        state_.CellTag->shiftRows(row, state_.lastDataRow() + 1, -1, firstTaggedCol());
+        CellTag_->shiftRows(row, state_.lastDataRow() + 1, -1, firstTaggedCol());
         const int last = dataCount();
         if (row > last)
             row = last + 1;
@@ -98,7 +115,6 @@ void RowStock::finishMove(int row) {
 }
 
 void RowStock::reset(int row) {
-    session_.end();
     FlexGrid &grid = state_.grid;
     {
         const RedrawOff redrawOff(grid);
@@ -106,7 +122,7 @@ void RowStock::reset(int row) {
             if (isNumbered(col))
                 continue;
             grid.table.setTextMatrix(row, col, "");
-            state_.CellTag->remove(row, col);
+            CellTag_->remove(row, col);
         }
         grid.setCol(state_.settings.PrimaryColumn);
         grid.setRow(row);
@@ -115,12 +131,11 @@ void RowStock::reset(int row) {
 }
 
 void RowStock::clear() {
-    session_.end();
     FlexGrid &grid = state_.grid;
     {
         const RedrawOff redrawOff(grid);
         {
-            const Clearing clearing(state_);
+            const Set clearing(IsClearing_);
             struct Header {
                 std::string text;
                 std::optional<Colour> foreColor;
@@ -147,7 +162,7 @@ void RowStock::clear() {
         }
         RenumberFixedColumns();
     }
-    state_.CellTag = std::make_shared<TMatrix>();
+    CellTag_ = std::make_shared<TMatrix>();
     // The column first, as the host hears it.
     grid.setCol(state_.firstColumn());
     bringCursorTo({grid.table.FixedRows(), grid.Col()});
@@ -155,6 +170,10 @@ void RowStock::clear() {
         grid.view.setTopRow(grid.table.FixedRows());
     state_.link.TableChange();
     appearance_.repaintStripes();
+}
+
+void RowStock::setCellTag(std::shared_ptr<TMatrix> tags) {
+    CellTag_ = tags ? std::move(tags) : std::make_shared<TMatrix>();
 }
 
 int RowStock::firstTaggedCol() const noexcept { return state_.settings.WithFixedColumn ? 1 : 0; }
@@ -169,6 +188,25 @@ int RowStock::dataCount() const {
         state_.link.letPendingEventsRun();
     }
     return result;
+}
+
+int RowStock::findDuplicate(int row) const {
+    const GridTable &table = state_.grid.table;
+    const Face &face = state_.link.face();
+    const int col = state_.settings.PrimaryColumn;
+    std::string key;
+    lowerInto(key, trimmed(table.TextMatrix(row, col)), face);
+    const RedrawOff redrawOff(state_.grid);
+    const int last = dataCount();
+    std::string other;
+    for (int candidate = 1; candidate <= last && table.hasCell(candidate, col); ++candidate) {
+        if (candidate == row)
+            continue;
+        lowerInto(other, trimmed(table.TextMatrix(candidate, col)), face);
+        if (other == key)
+            return candidate;
+    }
+    return -1;
 }
 
 bool RowStock::isNumbered(int col) const {

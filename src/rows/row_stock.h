@@ -1,13 +1,15 @@
 #pragma once
 
 /// The stock of rows as a whole: adding, clearing, counting and numbering them. It keeps tags in
-/// step with rows and raises one TableChange for each change; it never edits a single cell for the
-/// operator.
+/// step with rows and raises one TableChange for each change. It knows nothing of editing: whoever
+/// changes rows ends an open edit first.
 
-#include "editing/edit_session.h"
 #include "rows/marker.h"
 #include "state/appearance.h"
 
+#include <tablio/tmatrix.h>
+
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -15,8 +17,8 @@ namespace tablio {
 
 class RowStock {
 public:
-    RowStock(ControlState &state, EditSession &session, Marker &marker, Appearance &appearance)
-        : state_(state), session_(session), marker_(marker), appearance_(appearance) {}
+    RowStock(ControlState &state, Marker &marker, Appearance &appearance)
+        : state_(state), marker_(marker), appearance_(appearance) {}
 
     /// Throws OverflowError, with nothing changed, when the last row would not fit 16 bits.
     void add();
@@ -30,8 +32,16 @@ public:
     /// Blanks a row; its automatic number stays and no event is raised.
     void reset(int row);
     void clear();
+    /// While the table is being wiped, cell entry and row change mean nothing.
+    [[nodiscard]] bool IsClearing() const noexcept { return IsClearing_; }
+    /// The host's own values, kept in step with the rows.
+    [[nodiscard]] const std::shared_ptr<TMatrix> &CellTag() const noexcept { return CellTag_; }
+    void setCellTag(std::shared_ptr<TMatrix> tags);
     /// The last row whose primary cell is not blank.
     [[nodiscard]] int dataCount() const;
+    /// The first other used row with the key of this row in the primary column, blind to case and
+    /// to blanks around it; −1 for none. Switches painting on. Throws GridError outside the grid.
+    [[nodiscard]] int findDuplicate(int row) const;
     /// Writes 1, 2, 3 … into the auto-number columns.
     void RenumberFixedColumns();
     /// Notes, from now on, which columns hold numbers. For whoever is about to change settings.
@@ -49,9 +59,10 @@ private:
     void writeNumbersAndBlanks(const std::vector<int> &numbered, const std::vector<int> &blanked);
 
     ControlState &state_;
-    EditSession &session_;
     Marker &marker_;
     Appearance &appearance_;
+    std::shared_ptr<TMatrix> CellTag_ = std::make_shared<TMatrix>();
+    bool IsClearing_ = false;
     /// The columns that have held numbers since watchNumbers().
     std::set<int> numbered_;
 };

@@ -14,9 +14,6 @@
 #include "widgets/text_field.h"
 #include "widgets/widget.h"
 
-#include <tablio/tmatrix.h>
-
-#include <memory>
 #include <optional>
 #include <utility>
 
@@ -58,19 +55,6 @@ struct Widgets {
     Calendar mvCalender;
 };
 
-/// Enabled and checked states of the entries of `mnuTableMenu`.
-struct TableMenu {
-    struct Entry {
-        bool enabled = true;
-        bool checked = false;
-    };
-    Entry mnuMarkRow;
-    Entry mnuAddRow;
-    Entry mnuInsertRow{false};
-    Entry mnuRemoveRow{false};
-    Entry mnuTableClear;
-};
-
 struct ControlState {
     ControlState(FlexGridEvents &gridEvents, WidgetListener &widgetListener)
         : grid(gridEvents), columns(grid.table), widgets(widgetListener) {}
@@ -82,16 +66,12 @@ struct ControlState {
     Settings settings;
     Widgets widgets;
     Focus focus;
-    TableMenu menu;
-    std::shared_ptr<TMatrix> CellTag = std::make_shared<TMatrix>();
 
     /// The cell last entered.
     CellAddress current{1, 0};
     std::int16_t LastKey = 0;
-    std::int16_t MarkRow = 0;
     /// The control's redraw switch and loaded flag.
     bool SetStatusCell = false;
-    bool IsClearing = false;
     /// The key that is down is the keypad's decimal key.
     bool keyIsDecimal = false;
     bool Enabled = true;

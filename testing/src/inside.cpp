@@ -13,23 +13,24 @@ ControlState &stateOf(Tablio &core) { return Inside::of(core).state; }
 struct InsideValue {
     std::string_view name;
     MemberType type;
-    Value (*read)(ControlState &);
+    Value (*read)(Control &);
 };
 
 constexpr InsideValue insideValues[] = {
     {"Calendar", MemberType::String,
-     [](ControlState &s) -> Value { return DateToText(s.widgets.mvCalender.Value()); }},
-    {"Col", MemberType::Long, [](ControlState &s) -> Value { return s.grid.Col(); }},
-    {"FocusRect", MemberType::Long, [](ControlState &s) -> Value { return s.grid.FocusRect(); }},
-    {"GridHeight", MemberType::Long, [](ControlState &s) -> Value { return s.grid.view.Height(); }},
-    {"GridWidth", MemberType::Long, [](ControlState &s) -> Value { return s.grid.view.Width(); }},
-    {"IsClearing", MemberType::Boolean, [](ControlState &s) -> Value { return s.IsClearing; }},
-    {"LastKey", MemberType::Long, [](ControlState &s) -> Value { return s.LastKey; }},
-    {"LeftCol", MemberType::Long, [](ControlState &s) -> Value { return s.grid.view.LeftCol(); }},
-    {"PageEditing", MemberType::Boolean, [](ControlState &s) -> Value { return s.PageEditing; }},
-    {"Redraw", MemberType::Boolean, [](ControlState &s) -> Value { return s.grid.view.Redraw(); }},
-    {"Row", MemberType::Long, [](ControlState &s) -> Value { return s.grid.Row(); }},
-    {"TopRow", MemberType::Long, [](ControlState &s) -> Value { return s.grid.view.TopRow(); }},
+     [](Control &c) -> Value { return DateToText(c.state.widgets.mvCalender.Value()); }},
+    {"Col", MemberType::Long, [](Control &c) -> Value { return c.state.grid.Col(); }},
+    {"FocusRect", MemberType::Long, [](Control &c) -> Value { return c.state.grid.FocusRect(); }},
+    {"GridHeight", MemberType::Long,
+     [](Control &c) -> Value { return c.state.grid.view.Height(); }},
+    {"GridWidth", MemberType::Long, [](Control &c) -> Value { return c.state.grid.view.Width(); }},
+    {"IsClearing", MemberType::Boolean, [](Control &c) -> Value { return c.rows.IsClearing(); }},
+    {"LastKey", MemberType::Long, [](Control &c) -> Value { return c.state.LastKey; }},
+    {"LeftCol", MemberType::Long, [](Control &c) -> Value { return c.state.grid.view.LeftCol(); }},
+    {"PageEditing", MemberType::Boolean, [](Control &c) -> Value { return c.state.PageEditing; }},
+    {"Redraw", MemberType::Boolean, [](Control &c) -> Value { return c.state.grid.view.Redraw(); }},
+    {"Row", MemberType::Long, [](Control &c) -> Value { return c.state.grid.Row(); }},
+    {"TopRow", MemberType::Long, [](Control &c) -> Value { return c.state.grid.view.TopRow(); }},
 };
 
 } // namespace
@@ -93,24 +94,16 @@ WidgetView widgetOf(Tablio &core, WidgetId id) {
 }
 
 EntryView entryOf(Tablio &core, MenuEntry entry) {
-    const TableMenu &menu = stateOf(core).menu;
-    const std::pair<MenuEntry, const TableMenu::Entry *> entries[] = {
-        {MenuEntry::mnuMarkRow, &menu.mnuMarkRow},
-        {MenuEntry::mnuAddRow, &menu.mnuAddRow},
-        {MenuEntry::mnuInsertRow, &menu.mnuInsertRow},
-        {MenuEntry::mnuRemoveRow, &menu.mnuRemoveRow},
-        {MenuEntry::mnuTableClear, &menu.mnuTableClear}};
-    for (const auto &[id, state] : entries) {
-        if (id == entry)
-            return {state->enabled, state->checked};
-    }
-    throw ScriptError("a line of the menu has no state");
+    if (entry == MenuEntry::mnuLine1 || entry == MenuEntry::mnuLine2)
+        throw ScriptError("a line of the menu has no state");
+    const MenuState state = Inside::of(core).menuState(entry);
+    return {state.enabled, state.checked};
 }
 
 std::optional<std::pair<MemberType, Value>> insideValue(Tablio &core, std::string_view name) {
     for (const InsideValue &value : insideValues) {
         if (value.name == name)
-            return std::pair(value.type, value.read(stateOf(core)));
+            return std::pair(value.type, value.read(Inside::of(core)));
     }
     return std::nullopt;
 }

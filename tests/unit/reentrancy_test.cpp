@@ -101,7 +101,7 @@ public:
         const Control &control = grid->control();
         const ControlState &state = control.state;
         EXPECT_TRUE(state.grid.view.Redraw());
-        EXPECT_FALSE(state.IsClearing);
+        EXPECT_FALSE(control.rows.IsClearing());
         const Widgets &widgets = state.widgets;
         const int shown = int{widgets.txtEdit.Visible()} + int{widgets.cboEdit.Visible()} +
                           int{widgets.txtDateEdit.Visible()};
@@ -111,8 +111,8 @@ public:
             EXPECT_FALSE(state.calendarIsOpen);
             EXPECT_FALSE(widgets.cmdLookup.Visible());
             EXPECT_FALSE(widgets.cmdCalender.Visible());
-            EXPECT_TRUE(state.menu.mnuMarkRow.enabled);
-            EXPECT_TRUE(state.menu.mnuTableClear.enabled);
+            EXPECT_TRUE(control.menuState(MenuEntry::mnuMarkRow).enabled);
+            EXPECT_TRUE(control.menuState(MenuEntry::mnuTableClear).enabled);
         }
     }
 

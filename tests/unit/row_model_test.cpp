@@ -159,7 +159,8 @@ public:
     }
 
     void compare() {
-        const ControlState &state = grid_.control().state;
+        const Control &control = grid_.control();
+        const ControlState &state = control.state;
         ASSERT_EQ(grid_.Rows(), expected_.last() + 1);
         for (int row = 1; row <= expected_.last(); ++row) {
             for (int col = 0; col < cols; ++col) {
@@ -182,8 +183,8 @@ public:
         if (expected_.mark > 0) {
             ASSERT_EQ(grid_.MarkRow(), expected_.mark);
         }
-        ASSERT_EQ(state.menu.mnuAddRow.enabled, expected_.mark < 0);
-        ASSERT_EQ(state.menu.mnuRemoveRow.enabled, expected_.mark > 0);
+        ASSERT_EQ(control.menuState(MenuEntry::mnuAddRow).enabled, expected_.mark < 0);
+        ASSERT_EQ(control.menuState(MenuEntry::mnuRemoveRow).enabled, expected_.mark > 0);
         ASSERT_EQ(state.grid.current(), expected_.cursor);
         ASSERT_EQ(host_.changes, expected_.changes);
         ASSERT_TRUE(state.grid.view.Redraw());

@@ -11,17 +11,15 @@ void showTableMenu(TablioWidgetPrivate &parts, const QPoint &corner) {
     struct Line {
         MenuEntry entry;
         QString caption;
-        TableMenu::Entry state;
     };
-    const TableMenu &states = parts.state().menu;
     const Line lines[] = {
-        {MenuEntry::mnuMarkRow, TablioWidget::tr("&Mark Row"), states.mnuMarkRow},
-        {MenuEntry::mnuLine1, {}, {}},
-        {MenuEntry::mnuAddRow, TablioWidget::tr("&Add Row"), states.mnuAddRow},
-        {MenuEntry::mnuInsertRow, TablioWidget::tr("&Insert Row"), states.mnuInsertRow},
-        {MenuEntry::mnuRemoveRow, TablioWidget::tr("&Remove Row"), states.mnuRemoveRow},
-        {MenuEntry::mnuLine2, {}, {}},
-        {MenuEntry::mnuTableClear, TablioWidget::tr("Table &Clear"), states.mnuTableClear},
+        {MenuEntry::mnuMarkRow, TablioWidget::tr("&Mark Row")},
+        {MenuEntry::mnuLine1, {}},
+        {MenuEntry::mnuAddRow, TablioWidget::tr("&Add Row")},
+        {MenuEntry::mnuInsertRow, TablioWidget::tr("&Insert Row")},
+        {MenuEntry::mnuRemoveRow, TablioWidget::tr("&Remove Row")},
+        {MenuEntry::mnuLine2, {}},
+        {MenuEntry::mnuTableClear, TablioWidget::tr("Table &Clear")},
     };
     auto *menu = new QMenu(&parts.widget);
     menu->setObjectName(QStringLiteral("qt_mnuTableMenu"));
@@ -32,9 +30,10 @@ void showTableMenu(TablioWidgetPrivate &parts, const QPoint &corner) {
             continue;
         }
         QAction *action = menu->addAction(line.caption);
-        action->setEnabled(line.state.enabled);
-        action->setCheckable(line.state.checked);
-        action->setChecked(line.state.checked);
+        const MenuState state = parts.control.menuState(line.entry);
+        action->setEnabled(state.enabled);
+        action->setCheckable(state.checked);
+        action->setChecked(state.checked);
         QObject::connect(action, &QAction::triggered, &parts.widget, [&parts, entry = line.entry] {
             guarded([&] { parts.input().menuChosen(entry); });
         });

@@ -26,7 +26,6 @@ void FlexGrid::moveTo(CellAddress cell) {
     ++cursorStamp_;
     if (cell == current_)
         return;
-    events_.gridLeaveCell();
     const CellAddress old = current_;
     setCurrentQuietly(cell);
     events_.gridEnterCell();

@@ -1,7 +1,7 @@
 #pragma once
 
 /// The grid surface: the table, the view of it, and the current cell with what acts on it. It
-/// raises cell entry, cell leave and row change like any flex grid; the control decides what
+/// raises cell entry and row change like any flex grid; the control decides what
 /// follows from them.
 
 #include "model/grid/grid_view.h"
@@ -15,7 +15,6 @@ class FlexGridEvents {
 public:
     virtual ~FlexGridEvents() = default;
     virtual void gridEnterCell() = 0;
-    virtual void gridLeaveCell() = 0;
     virtual void gridRowChange(int oldRow, int newRow) = 0;
     /// The view has scrolled, or the scroll range is another.
     virtual void gridScroll() = 0;
@@ -32,8 +31,8 @@ public:
     [[nodiscard]] int Row() const noexcept { return current_.row; }
     [[nodiscard]] int Col() const noexcept { return current_.col; }
     [[nodiscard]] CellAddress current() const noexcept { return current_; }
-    /// Make another row or column current: cell leave, cell entry and row change are raised when
-    /// it is another one. The view does not scroll. Throw GridError outside the grid.
+    /// Make another row or column current: cell entry and row change are raised when it is another
+    /// one. The view does not scroll. Throw GridError outside the grid.
     void setRow(int row);
     void setCol(int col);
     /// Both at once, as a click does it: one cell is left and one entered.
