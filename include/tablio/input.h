@@ -94,6 +94,8 @@ private:
     Dealt clipboardKey(KeyCode key, std::optional<std::string> &clipboard);
 
     std::shared_ptr<Control> control_;
+    /// The key that is down is the keypad's decimal one, whose character the locale decides.
+    bool decimalKeyIsDown_ = false;
 };
 
 } // namespace tablio

@@ -35,11 +35,11 @@ RowStock &Control::settledRows() {
 void Control::gridEnterCell() {
     if (rows.IsClearing())
         return;
-    state.current = state.grid.current();
-    if (state.current.row >= 1 && state.isCheckCell(state.current) &&
-        !state.grid.table.look().Font.bold)
+    const CellAddress cell = state.grid.current();
+    state.cursor.enter(cell);
+    if (cell.row >= 1 && state.isCheckCell(cell) && !state.grid.table.look().Font.bold)
         state.grid.changeCellStyle([](CellStyle &style) { style.fontBold = true; });
-    state.link.CellFocus(state.current);
+    state.link.CellFocus(cell);
 }
 
 void Control::gridRowChange(int oldRow, int newRow) {

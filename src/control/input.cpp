@@ -6,13 +6,14 @@
 #include "model/text/utf16.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tablio {
 
 Dealt Input::keyDown(KeyCode key, ShiftState shift) {
     const Call control(control_);
     ControlState &state = control->state;
-    state.keyIsDecimal = key == Key::Decimal;
+    decimalKeyIsDown_ = key == Key::Decimal;
     const bool editorWasVisible = state.widgets.txtEdit.Visible();
     const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
     bool dealt = false;
@@ -29,9 +30,8 @@ Dealt Input::keyDown(KeyCode key, ShiftState shift) {
 Dealt Input::keyPress(char32_t character) {
     const Call control(control_);
     ControlState &state = control->state;
-    if (state.keyIsDecimal)
+    if (std::exchange(decimalKeyIsDown_, false))
         character = static_cast<std::uint16_t>(decimalKey(state.link.face().numberFormat()));
-    state.keyIsDecimal = false;
     const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
     if (owner == WidgetId::Grid)
         return state.gridEnabled() ? control->gridInput.keyPress(character) : Dealt::No;

@@ -20,7 +20,7 @@ void Tablio::Show() {
     const Call control(control_);
     ControlState &state = control->state;
     ControlState::PageEditing = false;
-    state.SetStatusCell = true;
+    state.setStatusCell(true);
     control->settledRows().clear();
     state.grid.setCol(state.settings.PrimaryColumn);
     state.grid.setRow(state.grid.table.FixedRows());
@@ -83,7 +83,7 @@ void Tablio::setEnabled(bool enabled) {
     setProperty(control_, "Enabled", [&](Control &control) {
         if (!enabled)
             control.session.end();
-        control.state.Enabled = enabled;
+        control.state.settings.Enabled = enabled;
         control.state.grid.view.invalidateAll();
     });
 }
@@ -122,7 +122,7 @@ void Tablio::setHeaderRowHeight(Twips height) {
                 [&](Control &control) { control.state.grid.table.setRowHeight(0, height); });
 }
 
-bool Tablio::SetStatusCell() const { return control_->state.SetStatusCell; }
+bool Tablio::SetStatusCell() const { return control_->state.settings.SetStatusCell; }
 
 void Tablio::setSetStatusCell(bool status) { Call(control_)->state.setStatusCell(status); }
 

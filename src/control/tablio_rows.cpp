@@ -15,7 +15,7 @@ void enterRow(Control &control, int row, std::string_view operation) {
     if (!control.marker.isMarked())
         table.checkRow(checked, operation);
     if (checked >= 0 && checked < table.Rows())
-        control.state.current.row = checked;
+        control.state.cursor.enter({checked, control.state.cursor.CurrentCol()});
 }
 
 } // namespace

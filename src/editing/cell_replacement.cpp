@@ -91,7 +91,7 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
         return Outcome::Gone;
     const CellContent before = cells_.content(cell);
     const std::string oldText = cells_.read(cell.row, cell.col);
-    state_.LastKey = lastKey;
+    session_.setLastKey(lastKey);
     if (taken) {
         state_.link.EditOnChange(cell, newText);
         if (isGone())
@@ -107,7 +107,7 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
     }
     const bool valid = taken && !trimmed(newText).empty();
     const bool accepted =
-        state_.link.EditPostValidation(cell, valid, oldText, newText, state_.LastKey);
+        state_.link.EditPostValidation(cell, valid, oldText, newText, session_.LastKey());
     if (isGone())
         return Outcome::Gone;
     if (valid && !accepted) {

@@ -44,7 +44,7 @@ void ComboEditor::follow(const Rect &cell) {
 }
 
 bool ComboEditor::keyDown(KeyCode key, ShiftState shift) {
-    state_.LastKey = key;
+    session_.setLastKey(key);
     if ((shift & (Shift::Ctrl | Shift::Alt)) != 0) {
         if (shift != Shift::Ctrl || key != Key::V)
             return box_.keyDown(key, shift);
@@ -104,10 +104,10 @@ void ComboEditor::keyPress(char32_t character) {
         return;
     const std::uint64_t number = edit->number;
     // The host learns the key from LastKey only; what it answers here has never had an effect.
-    (void)state_.link.CellKeyPress(state_.current, 0);
+    (void)state_.link.CellKeyPress(state_.cursor.cell(), 0);
     if (!session_.isOpen(number))
         return;
-    state_.LastKey = static_cast<std::int16_t>(character);
+    session_.setLastKey(static_cast<std::int16_t>(character));
     if (character == static_cast<char32_t>(Key::Back))
         box_.backspace();
     else

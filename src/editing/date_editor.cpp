@@ -63,7 +63,7 @@ bool DateEditor::isLeavingKey(KeyCode key, ShiftState shift) const {
 }
 
 bool DateEditor::keyDown(KeyCode key, ShiftState shift) {
-    state_.LastKey = key;
+    session_.setLastKey(key);
     const bool ctrl = shift == Shift::Ctrl;
     if (key == Key::Escape) {
         session_.cancel([this] { box_.setText(loaded_); });
@@ -120,10 +120,10 @@ void DateEditor::keyPress(char32_t character) {
         return;
     const std::uint64_t number = edit->number;
     const std::int16_t keyAscii = state_.link.CellKeyPress(
-        state_.current, static_cast<std::int16_t>(static_cast<std::uint16_t>(character)));
+        state_.cursor.cell(), static_cast<std::int16_t>(static_cast<std::uint16_t>(character)));
     if (!session_.isOpen(number))
         return;
-    state_.LastKey = keyAscii;
+    session_.setLastKey(keyAscii);
     if (keyAscii == Key::Back)
         box_.backspace();
     else
@@ -166,7 +166,6 @@ void DateEditor::pressButton() {
     const Date date = IsDateInvalid(loaded_) ? today : TextToDate(loaded_);
     state_.widgets.mvCalender.setValue(date);
     placeCalendar(state_.grid.view.cellRect(cell.row, cell.col));
-    state_.calendarIsOpen = true;
     state_.widgets.mvCalender.setVisible(true);
     state_.widgets.picDate.setVisible(true);
     movesOn_ = false;
@@ -198,7 +197,7 @@ void DateEditor::setCalendarSize(Twips width, Twips height) {
 }
 
 bool DateEditor::calendarKeyDown(KeyCode key, ShiftState shift) {
-    state_.LastKey = key;
+    session_.setLastKey(key);
     if (key == Key::Enter) {
         pick(state_.widgets.mvCalender.Value());
         return true;
@@ -211,9 +210,9 @@ bool DateEditor::calendarKeyDown(KeyCode key, ShiftState shift) {
 }
 
 void DateEditor::pick(const Date &date) {
-    if (!state_.calendarIsOpen)
+    if (!state_.isCalendarOpen())
         return;
-    state_.LastKey = Key::Enter;
+    session_.setLastKey(Key::Enter);
     const OpenEdit *edit = session_.open();
     const std::uint64_t number = edit != nullptr ? edit->number : 0;
     state_.widgets.mvCalender.setValue(date);
@@ -224,7 +223,7 @@ void DateEditor::pick(const Date &date) {
 }
 
 void DateEditor::dismissCalendar() {
-    if (!state_.calendarIsOpen)
+    if (!state_.isCalendarOpen())
         return;
     session_.giveUp();
     hideCalendar();
@@ -232,7 +231,7 @@ void DateEditor::dismissCalendar() {
 }
 
 void DateEditor::calendarLostFocus() {
-    if (!state_.calendarIsOpen)
+    if (!state_.isCalendarOpen())
         // Picked or dismissed: the box ends its edit now.
         lostFocus();
     else {
@@ -243,7 +242,6 @@ void DateEditor::calendarLostFocus() {
 }
 
 void DateEditor::hideCalendar() {
-    state_.calendarIsOpen = false;
     state_.widgets.picDate.setVisible(false);
     state_.widgets.mvCalender.setVisible(false);
 }

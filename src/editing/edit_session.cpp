@@ -11,7 +11,7 @@ namespace tablio {
 void EditSession::begin(const EditStart &start) {
     end();
     ControlState &state = state_;
-    const CellAddress cell = state.current;
+    const CellAddress cell = state.cursor.cell();
     if (!state.grid.table.hasCell(cell.row, cell.col) || state.grid.isFixed(cell.row, cell.col))
         return;
     cell_ = cell;
@@ -19,7 +19,7 @@ void EditSession::begin(const EditStart &start) {
     const std::uint64_t count = count_;
     // A handler that took the rows, the cursor or the session elsewhere has answered by that.
     const auto isStillAsked = [&] {
-        return !state.link.isClosed() && count == count_ && state.current == cell &&
+        return !state.link.isClosed() && count == count_ && state.cursor.cell() == cell &&
                shiftStamp == state.grid.table.shiftStamp() &&
                state.grid.table.hasCell(cell.row, cell.col);
     };
@@ -44,7 +44,7 @@ void EditSession::begin(const EditStart &start) {
     CellEditor &editor = editorFor_(state.columns.ColEditType(cell.col));
     const std::uint64_t number = ++count_;
     open_ = OpenEdit{number, &editor, cell, cells_.content(cell), shiftStamp, false};
-    state.LastKey = static_cast<std::int16_t>(start.key);
+    LastKey_ = static_cast<std::int16_t>(start.key);
     const Rect place = state.grid.view.cellRect(cell.row, cell.col);
     const bool withLookup =
         start.withLookup && state.columns.ColEditType(cell.col) != TColumnType::ColumnDate;
@@ -119,7 +119,7 @@ void EditSession::finish(const OpenEdit &edit, const EditResult &result) {
     if (!edit.restored && isSameCell())
         cells_.write(edit.cell.row, edit.cell.col, result.written);
     const bool accepted = state_.link.EditPostValidation(edit.cell, result.valid, result.oldText,
-                                                         result.newText, state_.LastKey);
+                                                         result.newText, LastKey_);
     if (result.valid && !accepted && isSameCell()) {
         cells_.putBack(edit.cell, edit.before);
     }

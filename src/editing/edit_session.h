@@ -59,6 +59,10 @@ public:
     /// The cell of the open edit, or of the last one.
     [[nodiscard]] CellAddress cell() const noexcept { return cell_; }
 
+    /// The last key code or character that an editor saw.
+    [[nodiscard]] std::int16_t LastKey() const noexcept { return LastKey_; }
+    void setLastKey(std::int16_t key) noexcept { LastKey_ = key; }
+
     /// Marks the open edit as given up: its end writes nothing.
     void giveUp() noexcept {
         if (open_)
@@ -97,6 +101,7 @@ private:
     std::optional<OpenEdit> open_;
     CellAddress cell_;
     std::uint64_t count_ = 0;
+    std::int16_t LastKey_ = 0;
 };
 
 } // namespace tablio

@@ -74,7 +74,7 @@ bool GridInput::startEdit(bool typed, char32_t key) {
     const CellAddress cell = state_.grid.current();
     if (!isEditable(cell))
         return false;
-    state_.current = cell;
+    state_.cursor.enter(cell);
     const bool withLookup =
         state_.columns.ColStyle(cell.col) == TColumnStyle::ColumnInputWithLookup;
     // A date box is given the character as a key; other editors are loaded with it.

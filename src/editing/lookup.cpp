@@ -39,7 +39,7 @@ void Lookup::setResult(CellAddress cell, const std::string &value) {
         cells_.putBack(cell, before);
     }
     if (number != 0 && session_.isOpen(number)) {
-        state_.LastKey = Key::Enter;
+        session_.setLastKey(Key::Enter);
         if (valid && !accepted)
             session_.giveUp();
         session_.leave([this] { navigator_.advance(); });

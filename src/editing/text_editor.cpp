@@ -82,7 +82,7 @@ void TextEditor::follow(const Rect &cell) {
 }
 
 bool TextEditor::keyDown(KeyCode key, ShiftState shift) {
-    state_.LastKey = key;
+    session_.setLastKey(key);
     if (clipboardKey(key, shift))
         return true;
     if ((shift & (Shift::Ctrl | Shift::Alt)) != 0)
@@ -152,10 +152,10 @@ void TextEditor::keyPress(char32_t character) {
         return;
     }
     std::int16_t keyAscii = state_.link.CellKeyPress(
-        state_.current, static_cast<std::int16_t>(static_cast<std::uint16_t>(character)));
+        state_.cursor.cell(), static_cast<std::int16_t>(static_cast<std::uint16_t>(character)));
     if (!session_.isOpen(number))
         return;
-    state_.LastKey = keyAscii;
+    session_.setLastKey(keyAscii);
     keyAscii = filtered(keyAscii);
     if (keyAscii == 0 || exceedsDecimals(keyAscii))
         return;

@@ -34,7 +34,7 @@ public:
         : control_(control), state_(control.state), bag_(bag) {}
 
     void read() {
-        state_.SetStatusCell = false;
+        state_.settings.SetStatusCell = false;
         readGeneral({"BackColorFixed", "WordWrap", "GridPopUpMenu", "Font", "ForeColorFixed"});
         readCols();
         // The counts of rows come before what needs the rows.
@@ -47,7 +47,7 @@ public:
         readGeneral({"StripeColor", "CheckBoxColor"});
         readColumns();
         attempt([&] { control_.rows.RenumberFixedColumns(); });
-        state_.SetStatusCell = true;
+        state_.settings.SetStatusCell = true;
     }
 
 private:

@@ -146,11 +146,7 @@ std::span<const GeneralKey> generalKeys() {
         setting<&Settings::PrimaryColumn>("PrimaryColumn", 0),
         setting<&Settings::HeaderFontBold>("HeaderFontBold", zero),
         setting<&Settings::CheckBoxes>("CheckBoxes", zero),
-        GeneralKey{"Enabled", true, true,
-                   [](const ControlState &state) -> Value { return state.Enabled; },
-                   [](Control &control, const Value &value) {
-                       control.state.Enabled = value.toBoolean();
-                   }},
+        setting<&Settings::Enabled>("Enabled", true),
         tableSize<&GridTable::RowHeightMin, &GridTable::setRowHeightMin>("RowMinHeight", 64, 285),
         setting<&Settings::StripeColor>("StripeColor", white),
         setting<&Settings::CheckBoxColor>("CheckBoxColor", Colour{0x000000FFU}),

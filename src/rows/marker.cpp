@@ -17,7 +17,7 @@ template <typename Visit> void Marker::passOver(int row, Visit visit) {
 }
 
 void Marker::toggle() {
-    const CellAddress entered = state_.current;
+    const CellAddress entered = state_.cursor.cell();
     {
         const StatusOff statusOff(state_);
         if (isMarked())

@@ -108,7 +108,6 @@ void RowStock::removeMarked() {
 
 void RowStock::finishMove(int row) {
     RenumberFixedColumns();
-    state_.SetStatusCell = true;
     bringCursorTo({row, state_.settings.PrimaryColumn});
     state_.grid.setFocusRect(2);
     state_.link.TableChange();

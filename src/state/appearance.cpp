@@ -43,8 +43,9 @@ void Appearance::styleFont(CellAddress cell, const std::function<void(CellStyle 
 void Appearance::styleColour(CellAddress cell, const std::function<void(CellStyle &)> &change) {
     visit(cell);
     state_.grid.changeCellStyle(change);
-    if (state_.grid.table.hasCell(state_.current.row, state_.current.col))
-        visit(state_.current);
+    const CellAddress entered = state_.cursor.cell();
+    if (state_.grid.table.hasCell(entered.row, entered.col))
+        visit(entered);
 }
 
 void Appearance::styleHeader(int col, const std::function<void(CellStyle &)> &change) {

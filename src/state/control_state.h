@@ -28,6 +28,9 @@ struct Settings {
     bool HeaderFontBold = false;
     std::int16_t CheckBoxes = 0;
     bool GridPopUpMenu = true;
+    bool Enabled = true;
+    /// The control's redraw switch and loaded flag.
+    bool SetStatusCell = false;
 };
 
 /// The stock widgets, hidden while no edit is open.
@@ -55,6 +58,22 @@ struct Widgets {
     Calendar mvCalender;
 };
 
+/// The cell last entered, which the grid's current one may have left.
+class Cursor {
+public:
+    [[nodiscard]] CellAddress cell() const noexcept { return {CurrentRow_, CurrentCol_}; }
+    [[nodiscard]] int CurrentRow() const noexcept { return CurrentRow_; }
+    [[nodiscard]] int CurrentCol() const noexcept { return CurrentCol_; }
+    void enter(CellAddress cell) noexcept {
+        CurrentRow_ = cell.row;
+        CurrentCol_ = cell.col;
+    }
+
+private:
+    int CurrentRow_ = 1;
+    int CurrentCol_ = 0;
+};
+
 struct ControlState {
     ControlState(FlexGridEvents &gridEvents, WidgetListener &widgetListener)
         : grid(gridEvents), columns(grid.table), widgets(widgetListener) {}
@@ -66,26 +85,20 @@ struct ControlState {
     Settings settings;
     Widgets widgets;
     Focus focus;
-
-    /// The cell last entered.
-    CellAddress current{1, 0};
-    std::int16_t LastKey = 0;
-    /// The control's redraw switch and loaded flag.
-    bool SetStatusCell = false;
-    /// The key that is down is the keypad's decimal key.
-    bool keyIsDecimal = false;
-    bool Enabled = true;
-    /// The grid takes no input while the calendar lies over it.
-    bool calendarIsOpen = false;
+    Cursor cursor;
     /// While a property page of any control is being edited, renumbering blanks fixed columns.
     inline static bool PageEditing = false;
 
     /// Switches painting and the status flag together.
     void setStatusCell(bool status) {
-        SetStatusCell = status;
+        settings.SetStatusCell = status;
         grid.view.setRedraw(status);
     }
-    [[nodiscard]] bool gridEnabled() const noexcept { return Enabled && !calendarIsOpen; }
+    [[nodiscard]] bool isCalendarOpen() const noexcept { return widgets.picDate.Visible(); }
+    /// The grid takes no input while the calendar lies over it.
+    [[nodiscard]] bool gridEnabled() const noexcept {
+        return settings.Enabled && !isCalendarOpen();
+    }
     /// The last row that the control's moves and counts reach.
     [[nodiscard]] int lastDataRow() const noexcept {
         return grid.table.Rows() - grid.table.FixedRows();

@@ -25,7 +25,7 @@ constexpr InsideValue insideValues[] = {
      [](Control &c) -> Value { return c.state.grid.view.Height(); }},
     {"GridWidth", MemberType::Long, [](Control &c) -> Value { return c.state.grid.view.Width(); }},
     {"IsClearing", MemberType::Boolean, [](Control &c) -> Value { return c.rows.IsClearing(); }},
-    {"LastKey", MemberType::Long, [](Control &c) -> Value { return c.state.LastKey; }},
+    {"LastKey", MemberType::Long, [](Control &c) -> Value { return c.session.LastKey(); }},
     {"LeftCol", MemberType::Long, [](Control &c) -> Value { return c.state.grid.view.LeftCol(); }},
     {"PageEditing", MemberType::Boolean, [](Control &c) -> Value { return c.state.PageEditing; }},
     {"Redraw", MemberType::Boolean, [](Control &c) -> Value { return c.state.grid.view.Redraw(); }},
@@ -103,7 +103,7 @@ EntryView entryOf(Tablio &core, MenuEntry entry) {
 std::optional<std::pair<MemberType, Value>> insideValue(Tablio &core, std::string_view name) {
     for (const InsideValue &value : insideValues) {
         if (value.name == name)
-            return std::pair(value.type, value.read(Inside::of(core)));
+            return std::make_pair(value.type, value.read(Inside::of(core)));
     }
     return std::nullopt;
 }

@@ -85,7 +85,7 @@ TEST_F(ChoiceEditors, HidingTheControlClosesTheCalendar) {
     window.grid->focusCell(1, 1);
     window.key(Qt::Key_F10);
     window.grid->hide();
-    EXPECT_FALSE(window.state().calendarIsOpen);
+    EXPECT_FALSE(window.state().isCalendarOpen());
     EXPECT_TRUE(window.grid->core().Enabled());
 }
 

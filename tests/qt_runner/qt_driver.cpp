@@ -153,9 +153,8 @@ void QtDriver::create(Twips width, Twips height) {
     state.grid.table.setRowHeightMin(0);
     grid_->core().InitProperties();
     grid_->core().TableClear();
-    state.SetStatusCell = false;
     state.grid.setCurrentQuietly({1, 0});
-    state.current = {1, 0};
+    state.cursor.enter({1, 0});
     state.grid.setFocusRect(0);
     grid_->core().setFace(&face);
     // The widget itself answers and tells.

@@ -106,9 +106,9 @@ public:
         const int shown = int{widgets.txtEdit.Visible()} + int{widgets.cboEdit.Visible()} +
                           int{widgets.txtDateEdit.Visible()};
         EXPECT_EQ(shown, control.session.isOpen() ? 1 : 0);
-        EXPECT_EQ(widgets.picDate.Visible(), state.calendarIsOpen);
+        EXPECT_EQ(widgets.picDate.Visible(), state.isCalendarOpen());
         if (!control.session.isOpen()) {
-            EXPECT_FALSE(state.calendarIsOpen);
+            EXPECT_FALSE(state.isCalendarOpen());
             EXPECT_FALSE(widgets.cmdLookup.Visible());
             EXPECT_FALSE(widgets.cmdCalender.Visible());
             EXPECT_TRUE(control.menuState(MenuEntry::mnuMarkRow).enabled);

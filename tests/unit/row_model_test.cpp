@@ -188,7 +188,7 @@ public:
         ASSERT_EQ(state.grid.current(), expected_.cursor);
         ASSERT_EQ(host_.changes, expected_.changes);
         ASSERT_TRUE(state.grid.view.Redraw());
-        ASSERT_TRUE(state.SetStatusCell);
+        ASSERT_TRUE(grid_.SetStatusCell());
     }
 
 private:

@@ -245,7 +245,7 @@ void TablioWidgetPrivate::putCursorOnFirstCell() {
         return;
     // The host hears of the cell when the keyboard comes to it.
     grid.setCurrentQuietly(first);
-    state().current = first;
+    state().cursor.enter(first);
 }
 
 void TablioWidgetPrivate::fitRowsToFont() {
