@@ -7,11 +7,11 @@ namespace tablio {
 Control::Control()
     : state(*this, *this), cells(state), navigator(state), appearance(state), marker(state),
       checks(state), rows(state, marker, appearance), session(state, cells, navigator, marker),
-      textEditor(state, session, navigator), comboEditor(state, session, navigator, cells),
-      dateEditor(state, session, navigator), lookup(state, session, navigator, cells),
-      replacement(state, session, cells, marker, rows),
+      textEditor(state, session, navigator), comboEditor(state, session, navigator),
+      dateEditor(state, session, navigator),
+      replacement(state, session, navigator, cells, marker, rows),
       gridInput(state, session, navigator, replacement, checks) {
-    session.setEditors([this](TColumnType type) -> CellEditor & {
+    session.setEditors([this](TColumnType type) -> BoxEditor & {
         if (type == TColumnType::ColumnCombo)
             return comboEditor;
         if (type == TColumnType::ColumnDate)
@@ -28,7 +28,7 @@ Control::Control()
 }
 
 RowStock &Control::settledRows() {
-    session.end();
+    session.EndCellEdit();
     return rows;
 }
 
@@ -53,7 +53,7 @@ void Control::gridRowChange(int oldRow, int newRow) {
 }
 
 void Control::gridScroll() {
-    session.reposition();
+    session.RepositionEditor();
     state.link.face().scrolled();
 }
 
@@ -98,33 +98,13 @@ void Control::chooseMenu(MenuEntry entry) {
         settledRows().clear();
 }
 
-CellEditor *Control::editorOf(WidgetId widget) noexcept {
-    switch (widget) {
-    case WidgetId::txtEdit:
-        return &textEditor;
-    case WidgetId::cboEdit:
-        return &comboEditor;
-    case WidgetId::txtDateEdit:
-        return &dateEditor;
-    default:
-        return nullptr;
-    }
-}
-
 void Control::focusLost(WidgetId widget) {
     state.link.markChanged();
     if (widget == WidgetId::Grid)
         state.grid.setFocusRect(0);
-    else if (widget == WidgetId::mvCalender)
-        dateEditor.calendarLostFocus();
-    else if (CellEditor *editor = editorOf(widget))
-        editor->lostFocus();
 }
 
 void Control::focusGot(WidgetId widget) {
-    // The lookup button presses itself when it gets the focus.
-    if (widget == WidgetId::cmdLookup)
-        session.pressLookup();
     if (widget != WidgetId::Grid)
         return;
     state.grid.setFocusRect(2);

@@ -9,7 +9,6 @@
 #include "editing/date_editor.h"
 #include "editing/edit_session.h"
 #include "editing/grid_input.h"
-#include "editing/lookup.h"
 #include "editing/navigator.h"
 #include "editing/text_editor.h"
 #include "rows/check_column.h"
@@ -44,12 +43,9 @@ public:
     TextEditor textEditor;
     ComboEditor comboEditor;
     DateEditor dateEditor;
-    Lookup lookup;
     CellReplacement replacement;
     GridInput gridInput;
 
-    /// The editor that this widget belongs to; null for the grid, the buttons and the calendar.
-    [[nodiscard]] CellEditor *editorOf(WidgetId widget) noexcept;
     /// The rows, for an operation on them: an open edit ends first.
     [[nodiscard]] RowStock &settledRows();
     [[nodiscard]] MenuState menuState(MenuEntry entry) const noexcept;

@@ -15,14 +15,14 @@ Dealt Input::keyDown(KeyCode key, ShiftState shift) {
     ControlState &state = control->state;
     decimalKeyIsDown_ = key == Key::Decimal;
     const bool editorWasVisible = state.widgets.txtEdit.Visible();
-    const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
     bool dealt = false;
-    if (owner == WidgetId::Grid)
+    if (state.focus.owner() == WidgetId::Grid) {
         dealt = state.gridEnabled() && control->gridInput.keyDown(key, shift) == Dealt::Yes;
-    else if (owner == WidgetId::mvCalender)
-        dealt = control->dateEditor.calendarKeyDown(key, shift);
-    else if (CellEditor *editor = control->editorOf(owner))
-        dealt = editor->keyDown(key, shift);
+    } else if (BoxEditor *editor = control->session.editor()) {
+        control->session.setLastKey(key);
+        dealt = state.isCalendarOpen() ? control->dateEditor.calendarKeyDown(key, shift)
+                                       : editor->keyDown(key, shift);
+    }
     // F10 would open the menu bar of the host's window under the operator's hands.
     return dealt || (key == Key::F10 && editorWasVisible) ? Dealt::Yes : Dealt::No;
 }
@@ -32,11 +32,10 @@ Dealt Input::keyPress(char32_t character) {
     ControlState &state = control->state;
     if (std::exchange(decimalKeyIsDown_, false))
         character = static_cast<std::uint16_t>(decimalKey(state.link.face().numberFormat()));
-    const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
-    if (owner == WidgetId::Grid)
+    if (state.focus.owner() == WidgetId::Grid)
         return state.gridEnabled() ? control->gridInput.keyPress(character) : Dealt::No;
-    CellEditor *editor = control->editorOf(owner);
-    if (editor == nullptr)
+    BoxEditor *editor = control->session.editor();
+    if (editor == nullptr || state.isCalendarOpen())
         return Dealt::No;
     editor->keyPress(character);
     return Dealt::Yes;
@@ -55,10 +54,9 @@ void Input::typeText(std::string_view text) {
 Dealt Input::beginComposition() {
     const Call control(control_);
     const ControlState &state = control->state;
-    const WidgetId owner = state.focus.owner().value_or(WidgetId::picText);
-    if (owner == WidgetId::Grid && state.gridEnabled())
+    if (state.focus.owner() == WidgetId::Grid && state.gridEnabled())
         return control->gridInput.beginComposition();
-    return control->editorOf(owner) != nullptr ? Dealt::Yes : Dealt::No;
+    return control->session.isOpen() && !state.isCalendarOpen() ? Dealt::Yes : Dealt::No;
 }
 
 void Input::mouseDown(MouseButton button, Twips x, Twips y) {
@@ -109,7 +107,10 @@ void Input::focusEntered() {
 void Input::focusLeft() {
     const Call control(control_);
     control->state.link.face().setHostKeyPreview(true);
-    control->state.focus.leave();
+    if (control->session.isOpen())
+        control->session.EndCellEdit(true, std::nullopt);
+    else
+        control->state.focus.pass(std::nullopt);
 }
 
 bool Input::hasKeyboard() const noexcept { return control_->state.focus.owner().has_value(); }
@@ -172,27 +173,16 @@ Dealt Input::clipboardKey(KeyCode key, std::optional<std::string> &clipboard) {
 
 void Input::buttonPressed(WidgetId button) {
     const Call control(control_);
-    if (!control->session.isOpen())
-        return;
-    // A button that is pressed with the mouse takes the focus first, which ends a text edit.
-    if (button == WidgetId::cmdLookup)
-        control->state.focus.set(WidgetId::cmdLookup);
-    else if (button == WidgetId::cmdCalender)
+    if (button == WidgetId::cmdLookup && control->session.isOpen())
+        control->session.pressLookup();
+    else if (button == WidgetId::cmdCalender && control->session.editor() == &control->dateEditor)
         control->dateEditor.pressButton();
 }
 
 void Input::textSettled(EditNumber edit, std::string_view text, int anchor, int caret) {
     const Call control(control_);
-    Widgets &widgets = control->state.widgets;
-    if (!control->session.isOpen(edit))
-        return;
-    const CellEditor *editor = control->session.open()->editor;
-    TextField *box = &widgets.txtEdit;
-    if (editor == &control->comboEditor)
-        box = &widgets.cboEdit;
-    else if (editor == &control->dateEditor)
-        box = &widgets.txtDateEdit;
-    box->settle(std::string(text), anchor, caret);
+    if (control->session.isOpen(edit))
+        control->session.editor()->box().settle(std::string(text), anchor, caret);
 }
 
 void Input::comboDropped(EditNumber edit, bool dropped) {

@@ -74,8 +74,8 @@ public:
         : state_(control.state), grid_(state_.grid), look_(grid_.table.look()),
           colours_(look.palette, look.isEnabled), pixels_(look.scale),
           hasKeyboard_(look.hasKeyboard), painter_(painter) {
-        if (const OpenEdit *edit = control.session.open())
-            edited_ = edit->cell;
+        if (control.session.isOpen())
+            edited_ = control.session.cell();
     }
 
     void paint(std::span<const PixelRect> areas);

@@ -30,8 +30,11 @@ void Tablio::Show() {
 int Tablio::Rows() const { return control_->state.grid.table.Rows(); }
 
 void Tablio::setRows(int count) {
-    setProperty(control_, "Rows",
-                [&](Control &control) { control.state.grid.table.setRows(count); });
+    setProperty(control_, "Rows", [&](Control &control) {
+        GridTable::checkRowCount(count);
+        control.session.EndCellEdit();
+        control.state.grid.table.setRows(count);
+    });
 }
 
 int Tablio::FixedRows() const { return control_->state.grid.table.FixedRows(); }
@@ -82,7 +85,7 @@ bool Tablio::Enabled() const { return control_->state.gridEnabled(); }
 void Tablio::setEnabled(bool enabled) {
     setProperty(control_, "Enabled", [&](Control &control) {
         if (!enabled)
-            control.session.end();
+            control.session.EndCellEdit();
         control.state.settings.Enabled = enabled;
         control.state.grid.view.invalidateAll();
     });

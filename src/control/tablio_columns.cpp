@@ -16,6 +16,8 @@ int Tablio::Cols() const { return control_->state.grid.table.Cols(); }
 
 void Tablio::setCols(int count) {
     setProperty(control_, "Cols", [&](Control &control) {
+        GridTable::checkColCount(count);
+        control.session.EndCellEdit();
         control.state.grid.table.setCols(count);
         if (control.state.columns.followColumnCount())
             control.rows.RenumberFixedColumns();

@@ -51,11 +51,11 @@ void Tablio::CellFocus(int nRow, int nCol) {
     FlexGrid &grid = control->state.grid;
     grid.table.checkRow(to16Bit(nRow, "CellFocus row"), "CellFocus");
     grid.table.checkCol(to16Bit(nCol, "CellFocus column"), "CellFocus");
-    control->session.end();
+    control->session.EndCellEdit();
     grid.setRow(nRow);
     grid.setCol(nCol);
     grid.view.ensureVisible(grid.Row(), grid.Col());
-    control->navigator.giveFocusToGrid();
+    control->session.giveFocusToGrid();
     grid.setFocusRect(2);
 }
 
@@ -84,12 +84,19 @@ void Tablio::ComboAddItem(std::string_view NewItem) {
 }
 
 int Tablio::ListIndex(int Row, int Col) {
-    return Call(control_)->comboEditor.listIndexOf(
-        {to16Bit(Row, "ListIndex row"), to16Bit(Col, "ListIndex column")});
+    const Call control(control_);
+    const CellAddress cell{to16Bit(Row, "ListIndex row"), to16Bit(Col, "ListIndex column")};
+    if (control->state.columns.ColEditType(cell.col) != TColumnType::ColumnCombo)
+        return -1;
+    const std::string text = control->cells.read(cell.row, cell.col);
+    ComboBox &combo = control->state.widgets.cboEdit;
+    if (!combo.Visible())
+        combo.load(text);
+    return combo.indexOf(text);
 }
 
 void Tablio::setLookupResult(int Row, int Col, std::string_view Value) {
-    Call(control_)->lookup.setResult(
+    Call(control_)->replacement.setLookupResult(
         {to16Bit(Row, "LookupResult row"), to16Bit(Col, "LookupResult column")},
         std::string(Value));
 }

@@ -1,5 +1,6 @@
 #include "editing/cell_replacement.h"
 
+#include "editing/box_editor.h"
 #include "editing/column_rules.h"
 #include "model/text/trim.h"
 
@@ -76,16 +77,11 @@ CellReplacement::Outcome CellReplacement::write(CellAddress cell, std::string_vi
 
 CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_view newText,
                                                   bool taken, KeyCode lastKey) {
-    GridTable &table = state_.grid.table;
-    const std::uint64_t shiftStamp = table.shiftStamp();
-    const auto isGone = [&] {
-        return state_.link.isClosed() || session_.isOpen() || shiftStamp != table.shiftStamp() ||
-               !table.hasCell(cell.row, cell.col);
-    };
-    if (state_.link.EditPreValidation(cell))
+    const Standing asked(state_, session_, cell);
+    const auto isGone = [&] { return !asked.isSameCell() || !asked.isSameEdit(); };
+    const bool cancelled = state_.link.EditPreValidation(cell);
+    if (cancelled || isGone())
         return isGone() ? Outcome::Gone : Outcome::Refused;
-    if (isGone())
-        return Outcome::Gone;
     marker_.unmark();
     if (isGone())
         return Outcome::Gone;
@@ -101,7 +97,7 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
             return Outcome::Gone;
         // A wiped cell is blank whatever its format makes of nothing.
         if (newText.empty())
-            table.setTextMatrix(cell.row, cell.col, {});
+            state_.grid.table.setTextMatrix(cell.row, cell.col, {});
         else
             cells_.write(cell.row, cell.col, newText);
     }
@@ -110,9 +106,8 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
         state_.link.EditPostValidation(cell, valid, oldText, newText, session_.LastKey());
     if (isGone())
         return Outcome::Gone;
-    if (valid && !accepted) {
+    if (valid && !accepted)
         cells_.putBack(cell, before);
-    }
     return taken && (accepted || !valid) ? Outcome::Written : Outcome::Refused;
 }
 
@@ -131,6 +126,40 @@ void CellReplacement::pasteBlock(std::string_view text) {
             if (write(cell, rows[down][right], Key::V) == Outcome::Gone)
                 return;
         }
+    }
+}
+
+void CellReplacement::setLookupResult(CellAddress cell, const std::string &value) {
+    state_.grid.table.checkRow(cell.row, "LookupResult");
+    if (state_.columns.ColStyle(cell.col) != TColumnStyle::ColumnInputWithLookup)
+        return;
+    BoxEditor *editor = session_.cell() == cell ? session_.editor() : nullptr;
+    const std::string oldText =
+        editor != nullptr ? editor->oldText() : cells_.read(cell.row, cell.col);
+    const CellContent before = cells_.content(cell);
+    const bool wasCurrent = state_.grid.current() == cell;
+    const Standing answered(state_, session_, cell);
+
+    if (editor != nullptr)
+        editor->box().setText(value);
+    if (!answered.isSameCell())
+        return;
+    cells_.write(cell.row, cell.col, value);
+    const bool valid = !trimmed(value).empty() && trimmed(value) != trimmed(oldText);
+    const bool accepted = state_.link.EditPostValidation(cell, valid, oldText, value, Key::Enter);
+    if (!answered.isSameCell())
+        return;
+    if (valid && !accepted)
+        cells_.putBack(cell, before);
+    if (editor != nullptr && answered.isSameEdit()) {
+        session_.setLastKey(Key::Enter);
+        if (valid && !accepted)
+            session_.giveUp();
+        session_.leave([this] { navigator_.advance(); });
+    } else if (wasCurrent && !session_.isOpen() && answered.isSameCursor()) {
+        // The edit had ended before the host answered; the operator still waits at the cell.
+        session_.giveFocusToGrid();
+        navigator_.advance();
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Replaces a cell's content without showing an editor, for Delete and for pasted blocks, through
-/// the same veto, rules and events as an edit that the operator types.
+/// Replaces a cell's content without typing: Delete and pasted blocks, through the same veto, rules
+/// and events as an edit that the operator types, and values that the host has looked up.
 
 #include "editing/edit_session.h"
 #include "rows/row_stock.h"
@@ -18,9 +18,10 @@ public:
         Gone,
     };
 
-    CellReplacement(ControlState &state, EditSession &session, CellText &cells, Marker &marker,
-                    RowStock &rows)
-        : state_(state), session_(session), cells_(cells), marker_(marker), rows_(rows) {}
+    CellReplacement(ControlState &state, EditSession &session, Navigator &navigator,
+                    CellText &cells, Marker &marker, RowStock &rows)
+        : state_(state), session_(session), navigator_(navigator), cells_(cells), marker_(marker),
+          rows_(rows) {}
 
     /// Wipes the cell.
     Outcome clear(CellAddress cell);
@@ -30,6 +31,11 @@ public:
     /// current cell, adding rows as they are needed. Cells that are no input cells keep their
     /// content.
     void pasteBlock(std::string_view text);
+    /// A value that the host has looked up, at once, later, or after the operator has gone on to
+    /// another cell: it lands in the cell that was asked for and the host is told. An edit of this
+    /// cell then ends as with Enter, an edit of another cell is not disturbed. Nothing happens for
+    /// a column without lookup. Throws GridError outside the grid.
+    void setLookupResult(CellAddress cell, const std::string &value);
 
     /// Whether a text holds more than one cell.
     [[nodiscard]] static bool isBlock(std::string_view text);
@@ -39,6 +45,7 @@ private:
 
     ControlState &state_;
     EditSession &session_;
+    Navigator &navigator_;
     CellText &cells_;
     Marker &marker_;
     RowStock &rows_;

@@ -1,39 +1,28 @@
 #pragma once
 
-/// The editor of combo cells: how `cboEdit` lies over the cell, which keys leave it, and what the
-/// host hears of it. A text that is not in the list is kept as typed; the host is told Valid False.
+/// The editor of combo cells: `cboEdit` and its list, which Left, Right and Delete treat in their
+/// own way. A text that is not in the list is kept as typed; the host is told Valid False.
 
-#include "editing/edit_session.h"
+#include "editing/box_editor.h"
 
 namespace tablio {
 
-class ComboEditor final : public CellEditor {
+class ComboEditor final : public BoxEditor {
 public:
-    ComboEditor(ControlState &state, EditSession &session, Navigator &navigator, CellText &cells);
+    ComboEditor(ControlState &state, EditSession &session, Navigator &navigator);
 
-    void place(const Rect &cell, int col, bool withLookup) override;
-    void load(const EditStart &start, int col, const std::string &text) override;
-    void follow(const Rect &cell) override;
+    [[nodiscard]] EditResult result(bool accepted) const override;
+    void hide() override;
     bool keyDown(KeyCode key, ShiftState shift) override;
-    void keyPress(char32_t character) override;
-    void lostFocus() override;
     void paste(std::string_view text) override;
-    void setAnswer(const std::string &value) override { box_.setText(value); }
-    [[nodiscard]] const std::string &oldText() const override { return box_.Tag(); }
-
-    /// The position in the list of the text of a combo cell; −1 for none and for other columns.
-    /// Shows the text in the combo unless it is being edited.
-    [[nodiscard]] int listIndexOf(CellAddress cell);
 
 private:
-    void changed();
-    void goLeft();
-    void goRight();
+    [[nodiscard]] Rect placeOver(const Rect &cell) const override;
+    void load(const EditStart &start, const std::string &text) override;
+    char32_t admitted(char32_t character) override;
+    [[nodiscard]] bool leavesBy(KeyCode key, ShiftState shift) const override;
+    void moveOn(KeyCode key) override;
 
-    ControlState &state_;
-    EditSession &session_;
-    Navigator &navigator_;
-    CellText &cells_;
     ComboBox &box_;
 };
 

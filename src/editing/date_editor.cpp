@@ -7,104 +7,60 @@
 namespace tablio {
 
 DateEditor::DateEditor(ControlState &state, EditSession &session, Navigator &navigator)
-    : state_(state), session_(session), navigator_(navigator), box_(state.widgets.txtDateEdit) {
-    box_.onChange = [this] { changed(); };
+    : BoxEditor(state, session, navigator, state.widgets.txtDateEdit, nullptr),
+      box_(state.widgets.txtDateEdit) {
     state.widgets.picDate.setPlace({0, 0, 4000, 3000});
 }
 
-void DateEditor::place(const Rect &cell, int /*col*/, bool /*withLookup*/) {
-    const GridLook &look = state_.grid.table.look();
-    box_.setLook({look.BackColor, look.ForeColor, look.Font});
-    box_.setPlace(cell);
-    box_.setVisible(true);
-    PlainWidget &button = state_.widgets.cmdCalender;
-    button.setPlace({cell.right() - button.Width(), cell.top, button.Width(), cell.height});
-    button.setVisible(true);
+PlainWidget *DateEditor::buttonFor(const EditStart & /*start*/) const {
+    return &state_.widgets.cmdCalender;
 }
 
-void DateEditor::load(const EditStart &start, int col, const std::string &text) {
-    const CellAddress cell = session_.cell();
+void DateEditor::load(const EditStart &start, const std::string &text) {
     // A column that shows its dates in another form remembers them as day, month, year.
-    const std::string given(state_.grid.table.unformatted(cell.row, col));
+    const std::string given(state_.grid.table.CellData(session_.EditRow(), col()));
     const std::string &date = IsDateInvalid(given) ? text : given;
     box_.setTag(text);
     box_.load(IsDateInvalid(date) ? std::string() : date);
     loaded_ = box_.Text();
-    if (start.typed || start.key == U' ')
+    if (start.Typed || start.Key == U' ')
         box_.load({});
-    state_.focus.set(WidgetId::txtDateEdit);
-    const bool isCharacter = start.key > U' ' && start.key != static_cast<char32_t>(Key::F2) &&
-                             start.key != static_cast<char32_t>(Key::F10);
-    if (isCharacter || start.typed)
-        keyPress(start.key);
+}
+
+void DateEditor::typeFirst(const EditStart &start) {
+    const bool isCharacter = start.Key > U' ' && start.Key != static_cast<char32_t>(Key::F2) &&
+                             start.Key != static_cast<char32_t>(Key::F10);
+    if (isCharacter || start.Typed)
+        keyPress(start.Key);
 }
 
 void DateEditor::follow(const Rect &cell) {
-    box_.moveTo(cell.left, cell.top);
-    PlainWidget &button = state_.widgets.cmdCalender;
-    button.moveTo(cell.right() - button.Width(), cell.top);
-    if (!state_.widgets.picDate.Visible())
+    BoxEditor::follow(cell);
+    if (!isCalendarOpen())
         return;
     const GridView &view = state_.grid.view;
     const bool isVisible = cell.bottom() > 0 && cell.right() > 0 && cell.top < view.Height() &&
                            cell.left < view.Width();
     if (isVisible)
-        placeCalendar(cell);
+        placeCalendar();
     else
         dismissCalendar();
 }
 
-bool DateEditor::isLeavingKey(KeyCode key, ShiftState shift) const {
-    if (shift != Shift::None)
-        return false;
-    return (key == Key::Left && box_.SelStart() == 0) ||
-           (key == Key::Right && box_.SelStart() == box_.length()) || key == Key::Down ||
-           key == Key::Up || key == Key::Enter;
-}
-
 bool DateEditor::keyDown(KeyCode key, ShiftState shift) {
-    session_.setLastKey(key);
-    const bool ctrl = shift == Shift::Ctrl;
-    if (key == Key::Escape) {
-        session_.cancel([this] { box_.setText(loaded_); });
-        return true;
-    }
-    if (key == Key::F10 || key == Key::F4 || (key == Key::Down && shift == Shift::Alt)) {
+    if ((key == Key::F4 && shift == Shift::None) || (key == Key::Down && shift == Shift::Alt)) {
         pressButton();
         return true;
     }
-    if ((ctrl && key == Key::V) || (shift == Shift::Shift && key == Key::Insert)) {
-        paste(state_.link.clipboardText());
-        return true;
-    }
-    if (ctrl && (key == Key::C || key == Key::Insert || key == Key::X)) {
+    // A date is copied and cut as a whole unless a part of it is selected.
+    const bool isWhole = shift == Shift::Ctrl && box_.SelLength() == 0;
+    if (isWhole && (key == Key::C || key == Key::Insert)) {
         state_.link.setClipboardText(box_.Text());
-        if (key == Key::X)
-            box_.setText({});
         return true;
     }
-    if (!isLeavingKey(key, shift))
-        return box_.keyDown(key, shift);
-    if (!mayLeave())
-        return true;
-    switch (key) {
-    case Key::Left:
-        session_.leave([this] { navigator_.left(); });
-        break;
-    case Key::Right:
-        session_.leave([this] { navigator_.right(); });
-        break;
-    case Key::Up:
-        session_.leave([this] { navigator_.up(); });
-        break;
-    case Key::Down:
-        session_.leave([this] { navigator_.down(); });
-        break;
-    default:
-        session_.leave([this] { navigator_.advance(); });
-        break;
-    }
-    return true;
+    if (isWhole && key == Key::X)
+        box_.selectAll();
+    return BoxEditor::keyDown(key, shift);
 }
 
 bool DateEditor::mayLeave() {
@@ -114,69 +70,42 @@ bool DateEditor::mayLeave() {
     return false;
 }
 
-void DateEditor::keyPress(char32_t character) {
-    const OpenEdit *edit = session_.open();
-    if (edit == nullptr || character > 0xFFFF)
-        return;
-    const std::uint64_t number = edit->number;
-    const std::int16_t keyAscii = state_.link.CellKeyPress(
-        state_.cursor.cell(), static_cast<std::int16_t>(static_cast<std::uint16_t>(character)));
-    if (!session_.isOpen(number))
-        return;
-    session_.setLastKey(keyAscii);
-    if (keyAscii == Key::Back)
-        box_.backspace();
-    else
-        box_.type(static_cast<std::uint16_t>(keyAscii));
-}
-
-void DateEditor::paste(std::string_view text) {
-    if (session_.isOpen())
-        box_.paste(text);
-}
-
-void DateEditor::changed() { session_.reportChange(*this, box_.Text()); }
-
-void DateEditor::lostFocus() {
-    if (!movesOn_)
-        return;
-    const std::optional<OpenEdit> edit = session_.detach(*this);
-    if (!edit)
-        return;
+EditResult DateEditor::result(bool accepted) const {
+    // A calendar that is closed without a pick leaves the cell as Esc does.
+    accepted = accepted && !isCalendarOpen();
+    std::string text = accepted ? box_.Text() : loaded_;
     // Only a date, or no date at all, gets into the cell.
-    std::string text = box_.Text();
     if (IsDateInvalid(text))
         text = MaskedBox::blankText;
-    const std::string before = box_.Tag();
-    box_.setVisible(false);
-    state_.widgets.cmdCalender.setVisible(false);
-    OpenEdit ended = *edit;
+    const bool isBlank = IsBlankDate(text);
+    EditResult result{std::nullopt, text, !isBlank};
     // An operator who only looked leaves the cell to the letter as it was.
-    ended.restored = ended.restored || text == loaded_;
-    const std::string written = IsBlankDate(text) ? DateToText(noDate) : text;
-    session_.finish(ended, {written, text, before, !IsBlankDate(text)});
+    if (accepted && text != loaded_)
+        result.written = isBlank ? DateToText(noDate) : text;
+    return result;
+}
+
+void DateEditor::hide() {
+    hideCalendar();
+    BoxEditor::hide();
 }
 
 void DateEditor::pressButton() {
-    const OpenEdit *edit = session_.open();
-    if (edit == nullptr || edit->editor != this || state_.widgets.picDate.Visible())
+    if (isCalendarOpen())
         return;
-    const CellAddress cell = edit->cell;
-    const Date today = state_.link.face().today();
-    const Date date = IsDateInvalid(loaded_) ? today : TextToDate(loaded_);
-    state_.widgets.mvCalender.setValue(date);
-    placeCalendar(state_.grid.view.cellRect(cell.row, cell.col));
-    state_.widgets.mvCalender.setVisible(true);
+    Calendar &calendar = state_.widgets.mvCalender;
+    calendar.setValue(IsDateInvalid(loaded_) ? state_.link.face().today() : TextToDate(loaded_));
+    placeCalendar();
+    calendar.setVisible(true);
     state_.widgets.picDate.setVisible(true);
-    movesOn_ = false;
-    state_.focus.set(WidgetId::mvCalender);
-    movesOn_ = true;
+    state_.focus.set(calendar.id());
 }
 
 /// Below the cell, above it where there is no room, and never outside the control.
-void DateEditor::placeCalendar(const Rect &cell) {
+void DateEditor::placeCalendar() {
     PlainWidget &frame = state_.widgets.picDate;
     const GridView &view = state_.grid.view;
+    const Rect cell = view.cellRect(session_.EditRow(), col());
     const Twips below = cell.bottom();
     const Twips above = cell.top - frame.Height();
     const bool fitsBelow = below + frame.Height() <= view.Height();
@@ -190,60 +119,45 @@ void DateEditor::setCalendarSize(Twips width, Twips height) {
     PlainWidget &frame = state_.widgets.picDate;
     state_.widgets.mvCalender.setPlace({0, 0, width, height});
     frame.setPlace({frame.Left(), frame.Top(), width, height});
-    const OpenEdit *edit = session_.open();
-    if (frame.Visible() && edit != nullptr &&
-        state_.grid.table.hasCell(edit->cell.row, edit->cell.col))
-        placeCalendar(state_.grid.view.cellRect(edit->cell.row, edit->cell.col));
+    if (isCalendarOpen())
+        placeCalendar();
 }
 
 bool DateEditor::calendarKeyDown(KeyCode key, ShiftState shift) {
-    session_.setLastKey(key);
-    if (key == Key::Enter) {
+    if (key == Key::Enter)
         pick(state_.widgets.mvCalender.Value());
-        return true;
-    }
-    if (key == Key::Escape || key == Key::F10 || key == Key::F4) {
+    else if (key == Key::Escape || key == Key::F10 || key == Key::F4)
         dismissCalendar();
-        return true;
-    }
-    return state_.widgets.mvCalender.keyDown(key, shift);
+    else
+        return state_.widgets.mvCalender.keyDown(key, shift);
+    return true;
 }
 
 void DateEditor::pick(const Date &date) {
-    if (!state_.isCalendarOpen())
+    if (!isCalendarOpen())
         return;
     session_.setLastKey(Key::Enter);
-    const OpenEdit *edit = session_.open();
-    const std::uint64_t number = edit != nullptr ? edit->number : 0;
     state_.widgets.mvCalender.setValue(date);
     hideCalendar();
+    const Standing picked(state_, session_, session_.cell());
     box_.setText(DateToText(state_.widgets.mvCalender.Value()));
-    if (session_.isOpen(number))
+    if (picked.isSameEdit())
         session_.leave([this] { navigator_.advance(); });
 }
 
 void DateEditor::dismissCalendar() {
-    if (!state_.isCalendarOpen())
+    if (!isCalendarOpen())
         return;
-    session_.giveUp();
     hideCalendar();
-    navigator_.giveFocusToGrid();
+    session_.cancel();
 }
 
-void DateEditor::calendarLostFocus() {
-    if (!state_.isCalendarOpen())
-        // Picked or dismissed: the box ends its edit now.
-        lostFocus();
-    else {
-        session_.giveUp();
-        hideCalendar();
-        lostFocus();
-    }
-}
-
+/// The keyboard is the box's again.
 void DateEditor::hideCalendar() {
     state_.widgets.picDate.setVisible(false);
     state_.widgets.mvCalender.setVisible(false);
+    if (state_.focus.owner() == WidgetId::mvCalender)
+        state_.focus.pass(box_.id());
 }
 
 } // namespace tablio

@@ -2,10 +2,10 @@
 
 /// One edit from the question to the host to the news of its end. The session chooses the editor,
 /// keeps which cell it belongs to, writes the result and tells the host; the editors know how to
-/// show, load and filter. Nobody else opens or closes an editor.
+/// show, load and filter. Nobody else opens or ends an edit.
 
-#include "editing/cell_editor.h"
 #include "editing/navigator.h"
+#include "editing/standing.h"
 #include "rows/marker.h"
 #include "state/cell_text.h"
 
@@ -14,25 +14,25 @@
 
 namespace tablio {
 
-/// What an open edit remembers. Its number tells it from every other edit of the control's life.
-struct OpenEdit {
-    EditNumber number = 0;
-    CellEditor *editor = nullptr;
-    CellAddress cell;
-    /// The cell as it was, for putting it back to the letter.
-    CellContent before;
-    std::uint64_t shiftStamp = 0;
-    /// Esc: the cell stays as it was.
-    bool restored = false;
+class BoxEditor;
+
+/// How an edit is started.
+struct EditStart {
+    /// A typed character takes the place of the cell's content.
+    bool Typed = false;
+    /// The character, or the code of the key: Enter, F2 or F10.
+    char32_t Key = 0;
+    bool WithLookup = false;
+    /// F10 opens the editor without pressing its button.
+    bool NoAutoButton = false;
 };
 
-/// How an edit has ended, as the editor sees it.
+/// What an editor makes of the edit that ends.
 struct EditResult {
-    /// What goes into the cell.
-    std::string written;
+    /// What goes into the cell; nothing leaves it to the letter as it was.
+    std::optional<std::string> written;
     /// What the host is told.
     std::string newText;
-    std::string oldText;
     bool valid = false;
 };
 
@@ -42,65 +42,76 @@ public:
         : state_(state), cells_(cells), navigator_(navigator), marker_(marker) {}
 
     /// The editor for a column's edit kind.
-    void setEditors(std::function<CellEditor &(TColumnType)> choose) {
+    void setEditors(std::function<BoxEditor &(TColumnType)> choose) {
         editorFor_ = std::move(choose);
     }
 
-    /// Starts an edit of the current cell, unless the host vetoes it or Enter finds the cell
+    /// Starts an edit of the cell last entered, unless the host vetoes it or Enter finds the cell
     /// filled; Enter then moves on. An edit that is open already ends first.
-    void begin(const EditStart &start);
+    void BeginCellEdit(const EditStart &start);
+    /// Ends the open edit, if there is one: this is the only way in which an edit ends. With Accept
+    /// False, or after giveUp, the cell keeps what it holds. The keyboard goes to a widget of the
+    /// control or, with nothing, out of it. Answers whether nobody has meanwhile taken the cell
+    /// away, begun another edit or set the cursor, so that the cursor may go on.
+    bool EndCellEdit(bool Accept = true, std::optional<WidgetId> keyboardTo = WidgetId::Grid);
+    /// The grid has scrolled: the open editor follows its cell.
+    void RepositionEditor();
 
     [[nodiscard]] bool isOpen() const noexcept { return open_.has_value(); }
-    [[nodiscard]] bool isOpen(EditNumber number) const noexcept {
-        return open_ && open_->number == number;
+    [[nodiscard]] bool isOpen(EditNumber edit) const noexcept {
+        return open_ && open_->number == edit;
     }
+    /// The number of the open edit, 0 for none.
+    [[nodiscard]] EditNumber openEdit() const noexcept { return open_ ? open_->number : 0; }
     /// Null while no edit is open.
-    [[nodiscard]] const OpenEdit *open() const noexcept { return open_ ? &*open_ : nullptr; }
+    [[nodiscard]] BoxEditor *editor() const noexcept { return open_ ? open_->editor : nullptr; }
     /// The cell of the open edit, or of the last one.
     [[nodiscard]] CellAddress cell() const noexcept { return cell_; }
+    [[nodiscard]] int EditRow() const noexcept { return cell_.row; }
+    [[nodiscard]] int EditCol() const noexcept { return cell_.col; }
 
     /// The last key code or character that an editor saw.
     [[nodiscard]] std::int16_t LastKey() const noexcept { return LastKey_; }
     void setLastKey(std::int16_t key) noexcept { LastKey_ = key; }
 
-    /// Marks the open edit as given up: its end writes nothing.
-    void giveUp() noexcept {
-        if (open_)
-            open_->restored = true;
-    }
-    /// Ends an open edit as if the operator had clicked elsewhere.
-    void end();
-    /// Gives the focus to the grid, which ends the edit, and then moves the cursor on, unless a
-    /// handler has moved it, opened another edit or ended the control.
+    /// The keyboard goes to the grid; an open edit ends.
+    void giveFocusToGrid();
+    /// Ends the edit with the cursor on its cell, and then moves the cursor on if it may.
     void leave(const std::function<void()> &move);
+    /// Esc: the editor shows its old text again, and the cell stays as it was.
+    void cancel();
+    /// Whatever ends the open edit, its cell keeps what it holds.
+    void giveUp() noexcept;
+    /// The editor's text has changed: the host hears it. Answers whether the edit goes on.
+    bool reportChange(std::string_view text);
 
-    /// The editor's text has changed: the host hears it. Answers whether the edit is still open.
-    bool reportChange(const CellEditor &editor, std::string_view text);
-    /// First step of an end: the edit is over, whatever handlers do from here on. Answers nothing
-    /// when this editor has no open edit.
-    std::optional<OpenEdit> detach(const CellEditor &editor);
-    /// Last step, with the editor hidden: writes the text and tells the host.
-    void finish(const OpenEdit &edit, const EditResult &result);
-
-    /// The lookup button's click: the host is asked, then the grid takes the focus.
+    /// F10 in the editor: the host is asked, then the edit ends unless it has answered.
+    void askLookup();
+    /// The lookup button is pressed: it takes the keyboard, which ends the typing first.
     void pressLookup();
-    /// Escape in any editor: the editor shows its old text again and the cell stays as it was.
-    void cancel(const std::function<void()> &showOldText);
-    /// The grid has scrolled: the open editor follows its cell.
-    void reposition();
 
 private:
+    /// What an open edit remembers. Its number tells it from every other edit of the control's
+    /// life.
+    struct OpenEdit {
+        EditNumber number;
+        BoxEditor *editor;
+        /// Before anything was typed; the cell as it was, for putting it back to the letter.
+        Standing begun;
+        CellContent before;
+        bool accepts = true;
+    };
+
     [[nodiscard]] bool isFilled(CellAddress cell) const;
-    void showLookupButton(const Rect &cell);
 
     ControlState &state_;
     CellText &cells_;
     Navigator &navigator_;
     Marker &marker_;
-    std::function<CellEditor &(TColumnType)> editorFor_;
+    std::function<BoxEditor &(TColumnType)> editorFor_;
     std::optional<OpenEdit> open_;
     CellAddress cell_;
-    std::uint64_t count_ = 0;
+    EditNumber count_ = 0;
     std::int16_t LastKey_ = 0;
 };
 

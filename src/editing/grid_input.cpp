@@ -1,5 +1,7 @@
 #include "editing/grid_input.h"
 
+#include "editing/box_editor.h"
+
 #include <tablio/members.h>
 
 #include <algorithm>
@@ -80,14 +82,14 @@ bool GridInput::startEdit(bool typed, char32_t key) {
     // A date box is given the character as a key; other editors are loaded with it.
     const bool replaces =
         typed && (withLookup || state_.columns.ColEditType(cell.col) != TColumnType::ColumnDate);
-    session_.begin({replaces, key, withLookup, typed && withLookup});
+    session_.BeginCellEdit({replaces, key, withLookup, typed && withLookup});
     return true;
 }
 
 void GridInput::clearCell() {
     const CellAddress cell = state_.grid.current();
     // A picture may show nothing of a number that is there.
-    if (isEditable(cell) && !state_.grid.table.unformatted(cell.row, cell.col).empty())
+    if (isEditable(cell) && !state_.grid.table.CellData(cell.row, cell.col).empty())
         replacement_.clear(cell);
 }
 
@@ -108,12 +110,12 @@ void GridInput::paste() {
     }
     startEdit(false, static_cast<char32_t>(Key::F2));
     if (session_.isOpen())
-        session_.open()->editor->paste(text);
+        session_.editor()->paste(text);
 }
 
 void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
     dropsNextClick_ = false;
-    navigator_.giveFocusToGrid();
+    session_.giveFocusToGrid();
     if (state_.link.isClosed() || button == MouseButton::Middle)
         return;
     const GridView &view = state_.grid.view;
@@ -160,10 +162,9 @@ void GridInput::doubleClick(Twips x, Twips y) {
     if (!hit || isColumnEdge(x, y))
         return;
     dropsNextClick_ = true;
-    const std::uint64_t stamp = state_.grid.cursorStamp();
+    const Standing clicked(state_, session_, *hit);
     state_.link.DoubleClick(state_.grid.current());
-    if (!state_.link.isClosed() && stamp == state_.grid.cursorStamp() &&
-        *hit == state_.grid.current())
+    if (clicked.isSameCursor() && *hit == state_.grid.current())
         startEdit(false, static_cast<char32_t>(Key::F2));
 }
 

@@ -16,7 +16,6 @@ public:
     void moveTo(CellAddress cell);
     /// The same in one step: no cell on the way is entered.
     void jumpTo(CellAddress cell);
-    void giveFocusToGrid() { state_.focus.set(WidgetId::Grid); }
 
     /// On from a cell that is done: one column right, from the last column to the first one of the
     /// next row. On the last row the column still returns and the row stays.

@@ -122,7 +122,7 @@ private:
 
 void Tablio::ReadProperties(const PropertyBag &bag) {
     const Call control(control_);
-    attempt([&] { control->session.end(); });
+    attempt([&] { control->session.EndCellEdit(); });
     Reader(*control, bag).read();
 }
 

@@ -13,7 +13,7 @@ std::string CellText::read(int row, int col) const {
     const std::string_view shown = table.TextMatrix(row, col);
     if (!state_.columns.isNumeric(col))
         return std::string(shown);
-    const std::string_view given = row < 1 ? shown : table.unformatted(row, col);
+    const std::string_view given = row < 1 ? shown : table.CellData(row, col);
     const NumberFormat signs = state_.link.face().numberFormat();
     return textToDecimal(given, signs).plainText(signs);
 }
@@ -26,7 +26,7 @@ void CellText::write(int row, int col, std::string_view value) {
     } else {
         const std::string given(value);
         table.setTextMatrix(row, col, formatted(col, given));
-        table.setUnformatted(row, col, given);
+        table.setCellData(row, col, given);
     }
     state_.link.propertyChanged(Number::TextMatrix);
 }
@@ -34,12 +34,12 @@ void CellText::write(int row, int col, std::string_view value) {
 CellContent CellText::content(CellAddress cell) const {
     const GridTable &table = state_.grid.table;
     return {std::string(table.TextMatrix(cell.row, cell.col)),
-            std::string(table.unformatted(cell.row, cell.col))};
+            std::string(table.CellData(cell.row, cell.col))};
 }
 
 void CellText::putBack(CellAddress cell, const CellContent &content) {
     state_.grid.table.setTextMatrix(cell.row, cell.col, content.shown);
-    state_.grid.table.setUnformatted(cell.row, cell.col, content.value);
+    state_.grid.table.setCellData(cell.row, cell.col, content.value);
 }
 
 std::string CellText::formatted(int col, std::string_view value) const {

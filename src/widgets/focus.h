@@ -1,12 +1,13 @@
 #pragma once
 
 /// Which widget of the control owns the keyboard. The core routes keys by this and by nothing
-/// else; whoever loses the focus hears it before anything else happens.
+/// else. No edit ends by it: whoever ends one passes the keyboard on.
 
 #include <tablio/face.h>
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace tablio {
 
@@ -20,32 +21,29 @@ public:
     /// Nobody while the keyboard is outside the control.
     [[nodiscard]] std::optional<WidgetId> owner() const noexcept { return owner_; }
 
-    /// Gives the keyboard to a widget. The old owner's handler runs first and may move the focus
-    /// on; then the new owner's does not run.
+    /// Gives the keyboard to a widget, which the old owner, the face and the new one hear.
     void set(WidgetId widget) {
         if (owner_ == widget)
             return;
-        change(widget);
+        pass(widget);
+        arrive(widget);
+    }
+    /// First half: keys go to this widget or, with nothing, out of the control. Only the old owner
+    /// hears it.
+    void pass(std::optional<WidgetId> to) {
+        const std::optional<WidgetId> old = std::exchange(owner_, to);
+        if (old && old != to && onLost)
+            onLost(*old);
+    }
+    /// Second half: the others hear it, unless the keyboard has gone on meanwhile.
+    void arrive(WidgetId widget) {
         if (onMoved && owner_ == widget)
             onMoved();
-        if (owner_ == widget && onGot)
+        if (onGot && owner_ == widget)
             onGot(widget);
     }
 
-    /// The keyboard has left the control.
-    void leave() {
-        if (owner_)
-            change(std::nullopt);
-    }
-
 private:
-    void change(std::optional<WidgetId> to) {
-        const std::optional<WidgetId> old = owner_;
-        owner_ = to;
-        if (old && onLost)
-            onLost(*old);
-    }
-
     std::optional<WidgetId> owner_;
 };
 

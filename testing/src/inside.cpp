@@ -76,10 +76,7 @@ std::optional<OpenEditor> editorOf(Tablio &core) {
     return std::nullopt;
 }
 
-EditNumber openEditOf(Tablio &core) {
-    const OpenEdit *edit = Inside::of(core).session.open();
-    return edit != nullptr ? edit->number : 0;
-}
+EditNumber openEditOf(Tablio &core) { return Inside::of(core).session.openEdit(); }
 
 WidgetView widgetOf(Tablio &core, WidgetId id) {
     const Widgets &widgets = stateOf(core).widgets;

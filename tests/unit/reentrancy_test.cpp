@@ -106,7 +106,10 @@ public:
         const int shown = int{widgets.txtEdit.Visible()} + int{widgets.cboEdit.Visible()} +
                           int{widgets.txtDateEdit.Visible()};
         EXPECT_EQ(shown, control.session.isOpen() ? 1 : 0);
-        EXPECT_EQ(widgets.picDate.Visible(), state.isCalendarOpen());
+        const std::optional<WidgetId> keys = state.focus.owner();
+        EXPECT_EQ(keys == WidgetId::txtEdit || keys == WidgetId::cboEdit ||
+                      keys == WidgetId::txtDateEdit || keys == WidgetId::mvCalender,
+                  control.session.isOpen());
         if (!control.session.isOpen()) {
             EXPECT_FALSE(state.isCalendarOpen());
             EXPECT_FALSE(widgets.cmdLookup.Visible());

@@ -115,10 +115,7 @@ Palette TablioWidgetPrivate::palette() const {
 
 QColor TablioWidgetPrivate::colour(Colour colour) const { return toQColor(colours().of(colour)); }
 
-EditNumber TablioWidgetPrivate::openEdit() const noexcept {
-    const OpenEdit *edit = control.session.open();
-    return edit != nullptr ? edit->number : 0;
-}
+EditNumber TablioWidgetPrivate::openEdit() const noexcept { return control.session.openEdit(); }
 
 bool TablioWidgetPrivate::hasKeyboard() const { return textBox->hasFocus(); }
 

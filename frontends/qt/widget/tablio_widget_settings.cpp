@@ -71,7 +71,7 @@ bool TablioWidgetPrivate::rowsFollowFont() const {
 
 void TablioWidget::showPropertyPages() {
     const QPointer<TablioWidget> alive(this);
-    guarded([this] { d_->control.session.end(); });
+    guarded([this] { d_->control.session.EndCellEdit(); });
     if (alive == nullptr)
         return;
     auto *dialog = findChild<PropertyPagesDialog *>(QString(), Qt::FindDirectChildrenOnly);

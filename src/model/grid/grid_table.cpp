@@ -37,8 +37,12 @@ GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
     columns_.resize(2);
 }
 
+void GridTable::checkRowCount(int count) { checkCount("Rows", count, 0, maxRows); }
+
+void GridTable::checkColCount(int count) { checkCount("Cols", count, 0, maxCols); }
+
 void GridTable::setRows(int count) {
-    checkCount("Rows", count, 0, maxRows);
+    checkRowCount(count);
     store_.setRows(count);
     heights_.cut(count);
     fixedRows_ = std::min(fixedRows_, count);
@@ -46,7 +50,7 @@ void GridTable::setRows(int count) {
 }
 
 void GridTable::setCols(int count) {
-    checkCount("Cols", count, 0, maxCols);
+    checkColCount(count);
     store_.setCols(count);
     columns_.resize(static_cast<std::size_t>(count));
     fixedCols_ = std::min(fixedCols_, count);
@@ -118,13 +122,13 @@ void GridTable::setTextMatrix(int row, int col, std::string_view text) {
     observer_.cellChanged(row, col);
 }
 
-std::string_view GridTable::unformatted(int row, int col) const {
+std::string_view GridTable::CellData(int row, int col) const {
     checkRow(row, "TextMatrix");
     checkCol(col, "TextMatrix");
     return store_.value(row, col);
 }
 
-void GridTable::setUnformatted(int row, int col, std::string_view value) {
+void GridTable::setCellData(int row, int col, std::string_view value) {
     checkRow(row, "TextMatrix");
     checkCol(col, "TextMatrix");
     store_.setValue(row, col, value);

@@ -46,6 +46,9 @@ public:
     /// Fewer rows or columns than the fixed ones take fixed ones away too.
     void setRows(int count);
     void setCols(int count);
+    /// Throw what setRows and setCols throw.
+    static void checkRowCount(int count);
+    static void checkColCount(int count);
     void setFixedRows(int count);
     void setFixedCols(int count);
 
@@ -61,8 +64,8 @@ public:
     [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, std::string_view text);
     /// The value behind a formatted text; the text itself where none was given.
-    [[nodiscard]] std::string_view unformatted(int row, int col) const;
-    void setUnformatted(int row, int col, std::string_view value);
+    [[nodiscard]] std::string_view CellData(int row, int col) const;
+    void setCellData(int row, int col, std::string_view value);
 
     [[nodiscard]] const CellStyle &cellStyle(int row, int col) const;
     void setCellStyle(int row, int col, const CellStyle &style);
