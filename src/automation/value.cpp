@@ -5,15 +5,13 @@
 
 #include "model/text/ascii.h"
 #include "model/text/decimal_text.h"
+#include "model/text/double_text.h"
 #include "model/text/leading_number.h"
 
 #include <algorithm>
 #include <array>
-#include <iomanip>
 #include <limits>
-#include <locale>
 #include <optional>
-#include <sstream>
 
 namespace tablio {
 
@@ -28,12 +26,7 @@ std::optional<double> numberIn(std::string_view text) {
     return number ? std::optional(number->toDouble()) : std::nullopt;
 }
 
-std::string textOf(double number) {
-    std::ostringstream text;
-    text.imbue(std::locale::classic());
-    text << std::uppercase << std::setprecision(15) << (number == 0 ? 0.0 : number);
-    return text.str();
-}
+std::string textOf(double number) { return textOfDouble(number, 15, 'E'); }
 
 [[noreturn]] void mismatch(const Value &value, std::string_view wanted) {
     std::string message("a value of type ");

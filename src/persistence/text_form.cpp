@@ -1,5 +1,6 @@
 #include "persistence/text_form.h"
 
+#include "model/text/double_text.h"
 #include "model/text/utf16.h"
 
 #include <tablio/errors.h>
@@ -8,11 +9,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <iomanip>
 #include <limits>
-#include <locale>
 #include <optional>
-#include <sstream>
 
 namespace tablio::textform {
 
@@ -50,11 +48,9 @@ template <typename Number> bool isReadAs(const std::string &text, Number number)
 template <typename Number> std::string shortest(Number number) {
     for (int digits = std::numeric_limits<Number>::digits10;
          digits <= std::numeric_limits<Number>::max_digits10 && number != 0; ++digits) {
-        std::ostringstream stream;
-        stream.imbue(std::locale::classic());
-        stream << std::setprecision(digits) << number;
-        if (isReadAs(stream.str(), number))
-            return stream.str();
+        const std::string text = textOfDouble(number, digits, 'e');
+        if (isReadAs(text, number))
+            return text;
     }
     return "0";
 }

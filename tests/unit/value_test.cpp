@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace tablio {
 namespace {
@@ -22,6 +23,25 @@ std::string converted(const Value &value, Type type) {
     } catch (const OverflowError &) {
         return "overflow";
     }
+}
+
+TEST(Value, WritesFifteenDigitsOfADouble) {
+    const std::pair<double, const char *> cases[] = {
+        {1.0 / 3, "0.333333333333333"},
+        {0.0001, "0.0001"},
+        {0.00001234, "1.234E-05"},
+        {999999999999999, "999999999999999"},
+        {1e15, "1E+15"},
+        {-999999999999999.5, "-1E+15"},
+        // Of two equally near ones the even one.
+        {1000000000000005, "1E+15"},
+        {1000000000000015, "1.00000000000002E+15"},
+        {std::numeric_limits<double>::max(), "1.79769313486232E+308"},
+        {std::numeric_limits<double>::min(), "2.2250738585072E-308"},
+        {std::numeric_limits<double>::denorm_min(), "4.94065645841247E-324"},
+    };
+    for (const auto &[number, text] : cases)
+        EXPECT_EQ(Value(number).toText(), text);
 }
 
 TEST(Value, ConvertsAsAutomationDoes) {
