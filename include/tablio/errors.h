@@ -8,42 +8,42 @@
 
 namespace tablio {
 
+/// The errors below by number, for binding layers that hand them on as codes.
+enum class ErrorKind { Other, Grid, Overflow, UnknownMember, ArgumentCount, TypeMismatch };
+
 class Error : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit Error(const std::string &message, ErrorKind kind = ErrorKind::Other, int argument = -1)
+        : std::runtime_error(message), kind_(kind), argument_(argument) {}
+
+    [[nodiscard]] ErrorKind kind() const noexcept { return kind_; }
+    /// Which argument of a late-bound call is wrong, from 0; the new value of a property comes
+    /// after its indexes. −1 where that is not known.
+    [[nodiscard]] int argument() const noexcept { return argument_; }
+
+private:
+    ErrorKind kind_;
+    int argument_;
+};
+
+template <ErrorKind errorKind> class ErrorOf : public Error {
+public:
+    explicit ErrorOf(const std::string &message, int argument = -1)
+        : Error(message, errorKind, argument) {}
 };
 
 /// A row, a column or a count that the grid does not have. The message names the operation, the
 /// value and the range that is allowed.
-class GridError : public Error {
-public:
-    using Error::Error;
-};
-
+using GridError = ErrorOf<ErrorKind::Grid>;
 /// A row, column or count beyond the 16-bit range of the control's arithmetic, or a value too
 /// great for the type it is converted to.
-class OverflowError : public Error {
-public:
-    using Error::Error;
-};
-
+using OverflowError = ErrorOf<ErrorKind::Overflow>;
 /// No member has this name or number, or it cannot be used this way (a method written, a read-only
 /// property set).
-class UnknownMember : public Error {
-public:
-    using Error::Error;
-};
-
+using UnknownMember = ErrorOf<ErrorKind::UnknownMember>;
 /// A call with too few or too many arguments.
-class ArgumentCount : public Error {
-public:
-    using Error::Error;
-};
-
+using ArgumentCount = ErrorOf<ErrorKind::ArgumentCount>;
 /// A value that cannot be read as the type that is wanted.
-class TypeMismatch : public Error {
-public:
-    using Error::Error;
-};
+using TypeMismatch = ErrorOf<ErrorKind::TypeMismatch>;
 
 } // namespace tablio

@@ -1,7 +1,7 @@
 #include <tablio/dispatch.h>
 
 #include "automation/value_as.h"
-#include "control/control.h"
+#include "control/inside.h"
 #include "model/text/decimal_text.h"
 #include <tablio/members.h>
 
@@ -29,13 +29,13 @@ Value numberText(Tablio &control, const Value &number) {
     std::string text = number.toText();
     const std::size_t sign = text.find('.');
     if (sign != std::string::npos)
-        text.replace(sign, 1, decimalSignOf(control.control().state.link.face().numberFormat()));
+        text.replace(sign, 1, decimalSignOf(Inside::of(control).state.link.face().numberFormat()));
     return text;
 }
 
 /// Converts with an error that tells which argument of which member is wrong.
-Value fitted(Tablio &control, const Member &member, std::string_view argument, MemberType type,
-             const Value &value) {
+Value fitted(Tablio &control, const Member &member, std::string_view argument, int place,
+             MemberType type, const Value &value) {
     const auto told = [&](const Error &error) {
         return std::string(member.name)
             .append(", ")
@@ -48,9 +48,9 @@ Value fitted(Tablio &control, const Member &member, std::string_view argument, M
             return numberText(control, value);
         return convertedTo(type, value);
     } catch (const TypeMismatch &error) {
-        throw TypeMismatch(told(error));
+        throw TypeMismatch(told(error), place);
     } catch (const OverflowError &error) {
-        throw OverflowError(told(error));
+        throw OverflowError(told(error), place);
     }
 }
 
@@ -63,7 +63,8 @@ Values fitted(Tablio &control, const Member &member, const Values &given) {
     for (const Argument &argument : member.arguments) {
         const std::size_t place = result.size();
         if (place < given.size() && !given[place].isMissing())
-            result.push_back(fitted(control, member, argument.name, argument.type, given[place]));
+            result.push_back(fitted(control, member, argument.name, static_cast<int>(place),
+                                    argument.type, given[place]));
         else if (argument.optional)
             result.push_back(argument.defaultValue());
         else
@@ -77,7 +78,7 @@ Value readMember(Tablio &control, const Member &member, const Values &arguments)
         refuse(member, "cannot be read");
     const Value result = member.read(control, fitted(control, member, arguments));
     // The typed function may count in a wider type than the interface.
-    return fitted(control, member, "result", member.type, result);
+    return fitted(control, member, "result", -1, member.type, result);
 }
 
 Value getProperty(Tablio &control, const Member &member, const Values &index) {
@@ -90,7 +91,8 @@ void putProperty(Tablio &control, const Member &member, const Value &value, cons
     if (member.write == nullptr)
         refuse(member, "cannot be written");
     Values arguments = fitted(control, member, index);
-    arguments.push_back(fitted(control, member, "value", member.type, value));
+    arguments.push_back(
+        fitted(control, member, "value", static_cast<int>(index.size()), member.type, value));
     member.write(control, arguments);
 }
 

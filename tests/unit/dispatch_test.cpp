@@ -110,19 +110,14 @@ TEST_F(DispatchTest, ConvertsArgumentsAndFillsInWhatIsLeftOut) {
     EXPECT_EQ(dispatch.get("TextMatrix", {1, 1}), Value("0,125"));
 }
 
+/// The error's kind and, if it is known, the place of the argument that it is about.
 template <typename Act> std::string errorOf(Act act) {
     try {
         act();
-    } catch (const UnknownMember &) {
-        return "unknown";
-    } catch (const ArgumentCount &) {
-        return "count";
-    } catch (const TypeMismatch &) {
-        return "mismatch";
-    } catch (const OverflowError &) {
-        return "overflow";
-    } catch (const GridError &) {
-        return "grid";
+    } catch (const Error &error) {
+        const char *const kinds[] = {"other", "grid", "overflow", "unknown", "count", "mismatch"};
+        const std::string kind = kinds[static_cast<int>(error.kind())];
+        return error.argument() < 0 ? kind : kind + " " + std::to_string(error.argument());
     }
     return "none";
 }
@@ -145,13 +140,14 @@ TEST_F(DispatchTest, RefusesWithTheRightErrorAndChangesNothing) {
         {call, "Check", {1}, {}, "count"},
         {call, "Check", {Value::missing(), 1}, {}, "count"},
         {put, "ColWidth", {}, 1, "count"},
-        {put, "Rows", {}, "many", "mismatch"},
-        {put, "Font", {}, 9, "mismatch"},
-        {put, "CellTag", {}, "", "mismatch"},
-        {call, "ComboAddItem", {Font{}}, {}, "mismatch"},
-        {get, "ColStyle", {32768}, {}, "overflow"},
-        {call, "SetColProperty", {1, "", 40000}, {}, "overflow"},
-        {put, "Rows", {}, 1e10, "overflow"},
+        {put, "Rows", {}, "many", "mismatch 0"},
+        {put, "Font", {}, 9, "mismatch 0"},
+        {put, "CellTag", {}, "", "mismatch 0"},
+        {put, "TextMatrix", {1, 1}, Font{}, "mismatch 2"},
+        {call, "ComboAddItem", {Font{}}, {}, "mismatch 0"},
+        {get, "ColStyle", {32768}, {}, "overflow 0"},
+        {call, "SetColProperty", {1, "", 40000}, {}, "overflow 2"},
+        {put, "Rows", {}, 1e10, "overflow 0"},
         {put, "Rows", {}, 40000, "overflow"},
         {get, "ColWidth", {99}, {}, "grid"},
     };
