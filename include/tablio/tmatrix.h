@@ -3,6 +3,8 @@
 /// `TMatrix`, a sparse matrix of values that grows as it is written. Hosts hang their own values
 /// on cells with it; the control keeps it in step with the rows. It never fails.
 
+#include <tablio/date.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -12,8 +14,10 @@
 
 namespace tablio {
 
-/// What a cell of a `TMatrix` may hold; nothing stored reads as "".
-using MatrixValue = std::variant<std::string, std::int32_t, double, bool, std::shared_ptr<void>>;
+/// What a cell of a `TMatrix` may hold; nothing stored reads as "". Each integer type goes into the
+/// least of these that holds all of it.
+using MatrixValue = std::variant<std::string, std::int32_t, double, bool, std::shared_ptr<void>,
+                                 std::int16_t, std::int64_t, Date>;
 
 class TMatrix {
 public:

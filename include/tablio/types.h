@@ -106,6 +106,10 @@ struct Font {
     float size = 0;
     bool bold = false;
     bool italic = false;
+    bool underline = false;
+    bool strikethrough = false;
+    /// From 1 (hairline) to 1000; 0: 400, or 700 when bold.
+    std::int16_t weight = 0;
 
     friend bool operator==(const Font &, const Font &) = default;
 };

@@ -22,6 +22,12 @@ constexpr char32_t lastCharacter = 0x10FFFF;
 constexpr std::array<std::pair<char, char>, 5> shortEscapes{
     {{'"', '"'}, {'\\', '\\'}, {'\n', 'n'}, {'\r', 'r'}, {'\t', 't'}}};
 
+constexpr std::array<std::pair<std::string_view, bool Font::*>, 4> fontStyles{
+    {{"bold", &Font::bold},
+     {"italic", &Font::italic},
+     {"underline", &Font::underline},
+     {"strikethrough", &Font::strikethrough}}};
+
 bool isNameCharacter(char character) noexcept {
     return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
            (character >= '0' && character <= '9') || character == '_' || character == '.' ||
@@ -103,8 +109,9 @@ std::string inQuotes(std::string_view text) {
 
 std::string fontText(const Font &font) {
     std::string text = inQuotes(font.name).append(" ").append(shortest(font.size));
-    text.append(font.bold ? " bold" : "");
-    return text.append(font.italic ? " italic" : "");
+    for (const auto &[name, member] : fontStyles)
+        text.append(font.*member ? " " : "").append(font.*member ? name : "");
+    return font.weight == 0 ? text : text.append(" weight ").append(std::to_string(font.weight));
 }
 
 // ---- reading -----------------------------------------------------------------
@@ -222,13 +229,15 @@ Font font(Scanner &scanner) {
         noSuchValue(size, "font size");
     result.size = static_cast<float>(points);
     while (!scanner.atEnd()) {
-        const std::string_view style = scanner.word();
-        if (style == "bold")
-            result.bold = true;
-        else if (style == "italic")
-            result.italic = true;
+        const std::string_view word = scanner.word();
+        const auto style = std::find_if(fontStyles.begin(), fontStyles.end(),
+                                        [word](const auto &one) { return one.first == word; });
+        if (style != fontStyles.end())
+            result.*(style->second) = true;
+        else if (word == "weight")
+            result.weight = wholeNumber<std::int16_t>(scanner.word(), "font weight");
         else
-            noSuchValue(style, "font style");
+            noSuchValue(word, "font style");
     }
     return result;
 }

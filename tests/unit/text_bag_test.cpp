@@ -26,6 +26,7 @@ TEST(TextBag, IsPlainAsciiInTheOrderOfWriting) {
     bag.writeProperty("Nothing", Value(), noDefault);
     bag.writeProperty("Text", "a \"b\" \\ \n\t\x01 Größe € \U0001F600 \xFF", "");
     bag.writeProperty("Font", Font{"Arial", 8.25F, true, true}, Font{});
+    bag.writeProperty("Fine", Font{"Arial", 8, false, false, true, true, 300}, Font{});
     bag.writeProperty("zoom", std::int16_t{7}, 0);
     EXPECT_EQ(bag.text(),
               "Tablio properties 1\n"
@@ -36,7 +37,8 @@ TEST(TextBag, IsPlainAsciiInTheOrderOfWriting) {
               "Nothing Empty\n"
               "Text String \"a \\\"b\\\" \\\\ \\n\\t\\u{1} Gr\\u{F6}\\u{DF}e \\u{20AC} \\u{1F600} "
               "\\x{FF}\"\n"
-              "Font Font \"Arial\" 8.25 bold italic\n");
+              "Font Font \"Arial\" 8.25 bold italic\n"
+              "Fine Font \"Arial\" 8 underline strikethrough weight 300\n");
 }
 
 TEST(TextBag, ADefaultIsNotStoredAndTakesTheOldValueAway) {
@@ -70,7 +72,7 @@ TEST(TextBag, EveryValueSurvivesTheText) {
                               std::numeric_limits<std::int16_t>::min(),
                               std::numeric_limits<std::int32_t>::max(),
                               bytes,
-                              Font{bytes, 8.25F, false, true},
+                              Font{bytes, 8.25F, false, true, true, true, 300},
                               Doubles::max(),
                               Doubles::min(),
                               -0.0,

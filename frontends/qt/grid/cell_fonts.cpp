@@ -19,6 +19,12 @@ QFont completedFont(const tablio::Font &font, const QWidget &widget) {
         completed.setBold(true);
     if (font.italic)
         completed.setItalic(true);
+    if (font.underline)
+        completed.setUnderline(true);
+    if (font.strikethrough)
+        completed.setStrikeOut(true);
+    if (font.weight > 0)
+        completed.setWeight(static_cast<QFont::Weight>(font.weight));
     return completed;
 }
 

@@ -3,6 +3,8 @@
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"
 
+#include <QDate>
+
 namespace tablio::qt {
 
 namespace {
@@ -13,10 +15,12 @@ struct DeletesVariant {
 };
 
 struct ToVariant {
+    template <typename Plain> QVariant operator()(Plain value) const {
+        return QVariant::fromValue(value);
+    }
     QVariant operator()(const std::string &text) const { return toQString(text); }
-    QVariant operator()(std::int32_t number) const { return static_cast<int>(number); }
-    QVariant operator()(double number) const { return number; }
-    QVariant operator()(bool value) const { return value; }
+    QVariant operator()(std::int64_t number) const { return static_cast<qlonglong>(number); }
+    QVariant operator()(const Date &day) const { return QDate(day.year, day.month, day.day); }
     QVariant operator()(const std::shared_ptr<void> &object) const {
         if (std::get_deleter<DeletesVariant>(object) != nullptr)
             return *static_cast<const QVariant *>(object.get());
@@ -32,6 +36,12 @@ MatrixValue fromVariant(const QVariant &value) {
         return fromQString(value.toString());
     case QMetaType::Int:
         return std::int32_t{value.toInt()};
+    case QMetaType::LongLong:
+        return std::int64_t{value.toLongLong()};
+    case QMetaType::QDate: {
+        const QDate day = value.toDate();
+        return Date{day.year(), day.month(), day.day()};
+    }
     case QMetaType::Double:
         return value.toDouble();
     case QMetaType::Bool:

@@ -30,6 +30,9 @@ void CellStyle::dress(Font &font) const {
     if (fontName)
         font.name = *fontName;
     font.size = fontSize.value_or(font.size);
+    // The grid's own weight is that of its own boldness.
+    if (fontBold && *fontBold != font.bold)
+        font.weight = 0;
     font.bold = fontBold.value_or(font.bold);
     font.italic = fontItalic.value_or(font.italic);
 }
