@@ -89,6 +89,11 @@ public:
     /// The user chose an entry of the pop-up menu.
     void menuChosen(MenuEntry entry);
     void resized(Twips width, Twips height);
+    /// The control comes into sight. The first time, a cursor that nobody has moved goes to the
+    /// first data row in PrimaryColumn.
+    void appeared();
+    /// How high a line of the face's own text is. While nobody sets RowMinHeight, rows follow it.
+    void textHeight(Twips height);
 
 private:
     Dealt clipboardKey(KeyCode key, std::optional<std::string> &clipboard);

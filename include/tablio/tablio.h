@@ -53,6 +53,17 @@ public:
     void WriteProperties(PropertyBag &bag) const;
     void Show();
 
+    // Without a container. The face makes the control ready at once; what a host fills in before
+    // the control appears stays.
+    /// InitProperties, colours that follow the platform's theme, and Show.
+    void startThemed();
+    /// Like WriteProperties, but for what every control of the face has: whether it is enabled, and
+    /// a row height that follows the text.
+    void saveSettings(PropertyBag &bag) const;
+    /// Like ReadProperties, for a control that runs: the data stays, cells look as the settings
+    /// say, and the face hears that any property may have changed.
+    void loadSettings(const PropertyBag &bag);
+
     // The table.
     [[nodiscard]] int Rows() const;
     /// Header rows included; at most 32,768.

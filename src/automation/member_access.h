@@ -118,6 +118,18 @@ constexpr Member property(std::string_view name, MemberNumber number, MemberType
     return row;
 }
 
+constexpr Member stored(Member row, Stored how) {
+    row.stored = how;
+    return row;
+}
+
+template <auto get, auto set>
+constexpr Member colour(std::string_view name, MemberNumber number, Stored how, Colour themed) {
+    Member row = stored(property<get, set>(name, number, MemberType::Colour), how);
+    row.themed = themed;
+    return row;
+}
+
 template <auto get>
 constexpr Member readOnly(std::string_view name, MemberNumber number, MemberType type) {
     Member row{name, number, MemberKind::Property, type, {}};

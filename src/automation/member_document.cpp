@@ -17,7 +17,8 @@ std::string numberText(MemberNumber number) {
 }
 
 std::string argumentText(const Argument &argument) {
-    std::string text(argument.name);
+    std::string text(argument.byReference ? "&" : "");
+    text.append(argument.name);
     text.append(": ").append(nameOf(argument.type));
     if (!argument.optional)
         return text;
@@ -32,18 +33,30 @@ std::string argumentsText(std::span<const Argument> arguments) {
     return text;
 }
 
-std::string_view kindText(const Member &member) noexcept {
+std::string kindText(const Member &member) {
     if (member.kind == MemberKind::Method)
         return "method";
-    if (member.write == nullptr)
-        return "property, read";
-    return member.read == nullptr ? "property, write" : "property, read/write";
+    const bool readsOnly = member.read != nullptr && member.write == nullptr;
+    const bool writesOnly = member.write != nullptr && member.read == nullptr;
+    std::string text = readsOnly ? "property, read" : "property, write";
+    if (readsOnly == writesOnly)
+        text = "property, read/write";
+    return text.append(isObject(member.type) ? " (object)" : "");
 }
 
 void addRow(std::string &document, std::initializer_list<std::string_view> cells) {
     for (const std::string_view cell : cells)
         document.append(cell.empty() ? "|" : "| ").append(cell).append(" ");
     document.append("|\n");
+}
+
+void addMembers(std::string &document, std::span<const Member> members) {
+    addRow(document, {"Member", "Kind", "Index or arguments", "Type", "Number"});
+    document += "| --- | --- | --- | --- | --- |\n";
+    for (const Member &member : members)
+        addRow(document,
+               {"`" + std::string(member.name) + "`", kindText(member),
+                argumentsText(member.arguments), nameOf(member.type), numberText(member.number)});
 }
 
 } // namespace
@@ -59,14 +72,12 @@ std::string membersDocument() {
         "<!-- Printed by tools/members from the member table. Do not edit. -->\n\n"
         "## Properties and methods\n\n"
         "Arguments in brackets may be left out and are then what stands behind the equals "
-        "sign.\n\n";
-    addRow(document, {"Member", "Kind", "Index or arguments", "Type", "Number"});
-    document += "| --- | --- | --- | --- | --- |\n";
-    for (const Member &member : members())
-        addRow(document,
-               {"`" + std::string(member.name) + "`", kindText(member),
-                argumentsText(member.arguments), nameOf(member.type), numberText(member.number)});
-    document += "\n## Events\n\nAll arguments are passed by reference.\n\n";
+        "sign; one\n"
+        "with & is passed by reference.\n\n";
+    addMembers(document, members());
+    document += "\n## Members of TMatrix\n\n";
+    addMembers(document, matrixMembers());
+    document += "\n## Events\n\n";
     addRow(document, {"Event", "Arguments", "Number"});
     document += "| --- | --- | --- |\n";
     for (const Event &event : events())

@@ -11,22 +11,32 @@ namespace tablio {
 
 namespace {
 
+using detail::colour;
 using detail::method;
 using detail::property;
 using detail::readOnly;
+using detail::stored;
 using detail::writeOnly;
 using Type = MemberType;
 
-constexpr std::array row16{Argument{"Row", Type::Integer}};
+constexpr Argument byReference(std::string_view name, Type type) {
+    return {name, type, false, 0, true};
+}
+
+constexpr std::array rowReference{byReference("Row", Type::Integer)};
 constexpr std::array row32{Argument{"Row", Type::Long}};
 constexpr std::array index16{Argument{"Index", Type::Integer}};
 constexpr std::array index32{Argument{"Index", Type::Long}};
 constexpr std::array cell16{Argument{"Row", Type::Integer}, Argument{"Col", Type::Integer}};
 constexpr std::array cell32{Argument{"Row", Type::Long}, Argument{"Col", Type::Long}};
-constexpr std::array focusCell{Argument{"nRow", Type::Integer}, Argument{"nCol", Type::Integer}};
-constexpr std::array newItem{Argument{"NewItem", Type::String}};
-constexpr std::array checkRow{Argument{"Row", Type::Integer}, Argument{"Checked", Type::Boolean}};
-constexpr std::array headerColour{Argument{"Col", Type::Integer},
+constexpr std::array cellReference{byReference("Row", Type::Integer),
+                                   byReference("Col", Type::Integer)};
+constexpr std::array focusCell{byReference("nRow", Type::Integer),
+                               byReference("nCol", Type::Integer)};
+constexpr std::array newItem{byReference("NewItem", Type::String)};
+constexpr std::array checkRow{byReference("Row", Type::Integer),
+                              byReference("Checked", Type::Boolean)};
+constexpr std::array headerColour{byReference("Col", Type::Integer),
                                   Argument{"NewColor", Type::Colour}};
 constexpr std::array columnSettings{
     Argument{"ColIndex", Type::Integer},
@@ -40,20 +50,32 @@ constexpr std::array columnSettings{
     Argument{"NewColFormat", Type::String, true},
 };
 
+constexpr Member byReference(Member row) {
+    row.valueByReference = true;
+    return row;
+}
+
+using Kept = Value::Type;
+/// The unsigned reading of the button text colour. No Long equals it, so a colour with this
+/// default is always stored.
+constexpr double buttonText = 2147483666.0;
+constexpr double highlight = SystemColour::Highlight.value;
+constexpr double highlightText = SystemColour::HighlightText.value;
+
 // In the interface's own order. The numbers are fixed for ever: compiled hosts hold them.
 // clang-format off
 constexpr std::array memberTable{
     property<&Tablio::MarkRow, &Tablio::setMarkRow>("MarkRow", 0x40030000, Type::Integer),
     property<&Tablio::CellTag, &Tablio::setCellTag>("CellTag", 0x40030001, Type::Matrix),
-    property<&Tablio::BackColorFixed, &Tablio::setBackColorFixed>("BackColorFixed", 0x6803002D, Type::Colour),
-    property<&Tablio::Enabled, &Tablio::setEnabled>("Enabled", 0x6803002C, Type::Boolean),
-    property<&Tablio::Font, &Tablio::setFont>("Font", -512, Type::Font),
-    property<&Tablio::ForeColorFixed, &Tablio::setForeColorFixed>("ForeColorFixed", 0x6803002B, Type::Colour),
-    property<&Tablio::Cols, &Tablio::setCols>("Cols", 0x6803002A, Type::Long),
-    property<&Tablio::Rows, &Tablio::setRows>("Rows", 0x68030029, Type::Long),
-    property<&Tablio::RowMinHeight, &Tablio::setRowMinHeight>("RowMinHeight", 0x68030028, Type::Long),
-    property<&Tablio::StripeColor, &Tablio::setStripeColor>("StripeColor", 0x68030027, Type::Colour),
-    property<&Tablio::CheckBoxColor, &Tablio::setCheckBoxColor>("CheckBoxColor", 0x68030026, Type::Colour),
+    colour<&Tablio::BackColorFixed, &Tablio::setBackColorFixed>("BackColorFixed", 0x6803002D, {1, 1, Kept::Long, 0xC0C0C0}, SystemColour::ButtonFace),
+    stored(property<&Tablio::Enabled, &Tablio::setEnabled>("Enabled", 0x6803002C, Type::Boolean), {22, 18, Kept::Boolean, -1}),
+    stored(property<&Tablio::Font, &Tablio::setFont>("Font", -512, Type::Font), {4, 4, Kept::Font}),
+    colour<&Tablio::ForeColorFixed, &Tablio::setForeColorFixed>("ForeColorFixed", 0x6803002B, {5, 5, Kept::Double, buttonText}, SystemColour::ButtonText),
+    stored(property<&Tablio::Cols, &Tablio::setCols>("Cols", 0x6803002A, Type::Long), {6, 6, Kept::Long, 1}),
+    stored(property<&Tablio::Rows, &Tablio::setRows>("Rows", 0x68030029, Type::Long), {7, 7, Kept::Long, 2}),
+    stored(property<&Tablio::RowMinHeight, &Tablio::setRowMinHeight>("RowMinHeight", 0x68030028, Type::Long), {23, 19, Kept::Long, 64, 285}),
+    colour<&Tablio::StripeColor, &Tablio::setStripeColor>("StripeColor", 0x68030027, {24, 24, Kept::Long, 0xFFFFFF}, SystemColour::Window),
+    colour<&Tablio::CheckBoxColor, &Tablio::setCheckBoxColor>("CheckBoxColor", 0x68030026, {25, 25, Kept::Long, 0xFF}, Colour{0xFF}),
     property<&Tablio::RowHeight, &Tablio::setRowHeight>("RowHeight", 0x68030025, Type::Long, row32),
     property<&Tablio::CellFont, &Tablio::setCellFont>("CellFont", 0x68030024, Type::String, cell32),
     property<&Tablio::CellFontBold, &Tablio::setCellFontBold>("CellFontBold", 0x68030023, Type::Boolean, cell32),
@@ -62,23 +84,23 @@ constexpr std::array memberTable{
     property<&Tablio::SetStatusCell, &Tablio::setSetStatusCell>("SetStatusCell", 0x68030020, Type::Boolean),
     property<&Tablio::CellBackColor, &Tablio::setCellBackColor>("CellBackColor", 0x6803001F, Type::Colour, cell16),
     property<&Tablio::CellForeColor, &Tablio::setCellForeColor>("CellForeColor", 0x6803001E, Type::Colour, cell16),
-    property<&Tablio::FixedRows, &Tablio::setFixedRows>("FixedRows", 0x6803001D, Type::Long),
-    property<&Tablio::FixedCols, &Tablio::setFixedCols>("FixedCols", 0x6803001C, Type::Long),
-    property<&Tablio::ForeColorData, &Tablio::setForeColorData>("ForeColorData", 0x6803001B, Type::Colour),
-    property<&Tablio::WithFixedColumn, &Tablio::setWithFixedColumn>("WithFixedColumn", 0x6803001A, Type::Boolean),
+    stored(property<&Tablio::FixedRows, &Tablio::setFixedRows>("FixedRows", 0x6803001D, Type::Long), {9, 8, Kept::Long, 0}),
+    stored(property<&Tablio::FixedCols, &Tablio::setFixedCols>("FixedCols", 0x6803001C, Type::Long), {8, 9, Kept::Long, 0}),
+    colour<&Tablio::ForeColorData, &Tablio::setForeColorData>("ForeColorData", 0x6803001B, {13, 13, Kept::Double, buttonText}, SystemColour::WindowText),
+    stored(property<&Tablio::WithFixedColumn, &Tablio::setWithFixedColumn>("WithFixedColumn", 0x6803001A, Type::Boolean), {16, 20, Kept::Integer, 0}),
     property<&Tablio::ColDataAlignment, &Tablio::setColDataAlignment>("ColDataAlignment", 0x68030019, Type::ColumnAlignment, index32),
     property<&Tablio::ColHeaderAlignment, &Tablio::setColHeaderAlignment>("ColHeaderAlignment", 0x68030018, Type::ColumnAlignment, index32),
     property<&Tablio::ColWidth, &Tablio::setColWidth>("ColWidth", Number::ColWidth, Type::Long, index32),
     property<&Tablio::ColTextHeader, &Tablio::setColTextHeader>("ColTextHeader", 0x68030016, Type::String, index16),
-    property<&Tablio::HeaderRowHeight, &Tablio::setHeaderRowHeight>("HeaderRowHeight", 0x68030015, Type::Long),
-    property<&Tablio::CheckBoxes, &Tablio::setCheckBoxes>("CheckBoxes", 0x68030014, Type::Integer),
-    property<&Tablio::BackColorData, &Tablio::setBackColorData>("BackColorData", 0x68030013, Type::Colour),
-    property<&Tablio::GridColorData, &Tablio::setGridColorData>("GridColorData", 0x68030012, Type::Colour),
-    property<&Tablio::GridColorFixed, &Tablio::setGridColorFixed>("GridColorFixed", 0x68030011, Type::Colour),
-    property<&Tablio::BackColorMarkRow, &Tablio::setBackColorMarkRow>("BackColorMarkRow", 0x68030010, Type::Colour),
-    property<&Tablio::GridPopUpMenu, &Tablio::setGridPopUpMenu>("GridPopUpMenu", 0x6803000F, Type::Boolean),
-    property<&Tablio::ForeColorMarkRow, &Tablio::setForeColorMarkRow>("ForeColorMarkRow", 0x6803000E, Type::Colour),
-    property<&Tablio::PrimaryColumn, &Tablio::setPrimaryColumn>("PrimaryColumn", 0x6803000D, Type::Long),
+    stored(property<&Tablio::HeaderRowHeight, &Tablio::setHeaderRowHeight>("HeaderRowHeight", 0x68030015, Type::Long), {17, 16, Kept::Long, 0, 700}),
+    stored(property<&Tablio::CheckBoxes, &Tablio::setCheckBoxes>("CheckBoxes", 0x68030014, Type::Integer), {21, 23, Kept::Integer, 0}),
+    colour<&Tablio::BackColorData, &Tablio::setBackColorData>("BackColorData", 0x68030013, {10, 10, Kept::Long, 0xFFFFFF}, SystemColour::Window),
+    colour<&Tablio::GridColorData, &Tablio::setGridColorData>("GridColorData", 0x68030012, {11, 11, Kept::Long, 0xC0C0C0}, SystemColour::ButtonShadow),
+    colour<&Tablio::GridColorFixed, &Tablio::setGridColorFixed>("GridColorFixed", 0x68030011, {12, 12, Kept::Long, 0xC0C0C0}, SystemColour::ButtonShadow),
+    colour<&Tablio::BackColorMarkRow, &Tablio::setBackColorMarkRow>("BackColorMarkRow", 0x68030010, {14, 14, Kept::Long, highlight}, SystemColour::Highlight),
+    byReference(stored(property<&Tablio::GridPopUpMenu, &Tablio::setGridPopUpMenu>("GridPopUpMenu", 0x6803000F, Type::Boolean), {3, 3, Kept::Boolean, -1})),
+    colour<&Tablio::ForeColorMarkRow, &Tablio::setForeColorMarkRow>("ForeColorMarkRow", 0x6803000E, {15, 15, Kept::Long, highlightText}, SystemColour::HighlightText),
+    stored(property<&Tablio::PrimaryColumn, &Tablio::setPrimaryColumn>("PrimaryColumn", 0x6803000D, Type::Long), {19, 21, Kept::Long, 0}),
     property<&Tablio::ColStyle, &Tablio::setColStyle>("ColStyle", 0x6803000C, Type::ColumnStyle, index16),
     property<&Tablio::ColEditType, &Tablio::setColEditType>("ColEditType", 0x6803000B, Type::ColumnType, index16),
     property<&Tablio::ColDataType, &Tablio::setColDataType>("ColDataType", 0x6803000A, Type::DataType, index16),
@@ -89,53 +111,60 @@ constexpr std::array memberTable{
     writeOnly<&Tablio::setLookupResult>("LookupResult", 0x68030005, Type::String, cell16),
     method<&Tablio::ComboClear>("ComboClear", 0x60030050),
     method<&Tablio::ComboAddItem>("ComboAddItem", 0x60030051, newItem),
-    property<&Tablio::BackColor, &Tablio::setBackColor>("BackColor", 0x68030004, Type::Colour),
-    property<&Tablio::WordWrap, &Tablio::setWordWrap>("WordWrap", 0x68030003, Type::Boolean),
-    property<&Tablio::HeaderFontBold, &Tablio::setHeaderFontBold>("HeaderFontBold", 0x68030002, Type::Boolean),
+    colour<&Tablio::BackColor, &Tablio::setBackColor>("BackColor", 0x68030004, {18, 17, Kept::Long, 0xFFFFFF}, SystemColour::Window),
+    stored(property<&Tablio::WordWrap, &Tablio::setWordWrap>("WordWrap", 0x68030003, Type::Boolean), {2, 2, Kept::Boolean, -1}),
+    stored(property<&Tablio::HeaderFontBold, &Tablio::setHeaderFontBold>("HeaderFontBold", 0x68030002, Type::Boolean), {20, 22, Kept::Integer, 0}),
     method<&Tablio::SetColProperty>("SetColProperty", 0x60030052, columnSettings),
-    method<&Tablio::ResetRow>("ResetRow", 0x6003005B, row16),
+    method<&Tablio::ResetRow>("ResetRow", 0x6003005B, rowReference),
     method<&Tablio::CellFocus>("CellFocus", 0x6003005C, focusCell),
     method<&Tablio::TableClear>("TableClear", 0x6003005D),
     readOnly<&Tablio::DataCount>("DataCount", 0x68030001, Type::Long),
     method<&Tablio::MarkActiveRow>("MarkActiveRow", 0x60030061),
     readOnly<&Tablio::MarkStatus>("MarkStatus", 0x68030000, Type::Boolean),
-    method<&Tablio::FindDuplicatePrimaryColumn>("FindDuplicatePrimaryColumn", 0x60030067, row16, Type::Integer),
+    method<&Tablio::FindDuplicatePrimaryColumn>("FindDuplicatePrimaryColumn", 0x60030067, rowReference, Type::Integer),
     method<&Tablio::AddRow>("AddRow", 0x60030068),
-    method<&Tablio::RemoveRow>("RemoveRow", 0x60030069, row16),
-    method<&Tablio::Checked>("Checked", 0x6003006A, row16, Type::Boolean),
-    method<&Tablio::ListIndex>("ListIndex", 0x6003006B, cell16, Type::Integer),
+    method<&Tablio::RemoveRow>("RemoveRow", 0x60030069, rowReference),
+    method<&Tablio::Checked>("Checked", 0x6003006A, rowReference, Type::Boolean),
+    method<&Tablio::ListIndex>("ListIndex", 0x6003006B, cellReference, Type::Integer),
     method<&Tablio::Check>("Check", 0x6003006C, checkRow),
-    method<&Tablio::InsertRow>("InsertRow", 0x6003006D, row16),
+    method<&Tablio::InsertRow>("InsertRow", 0x6003006D, rowReference),
     method<&Tablio::SetHeaderBackColor>("SetHeaderBackColor", 0x6003006E, headerColour),
     method<&Tablio::SetHeaderForeColor>("SetHeaderForeColor", 0x6003006F, headerColour),
 };
 // clang-format on
 
-constexpr std::array editStart{Argument{"Row", Type::Integer}, Argument{"Col", Type::Integer},
-                               Argument{"Cancel", Type::Boolean}};
-constexpr std::array editChange{Argument{"Row", Type::Integer}, Argument{"Col", Type::Integer},
-                                Argument{"OnEdit", Type::String}};
-constexpr std::array editEnd{Argument{"Row", Type::Integer},    Argument{"Col", Type::Integer},
-                             Argument{"Valid", Type::Boolean},  Argument{"OldData", Type::String},
-                             Argument{"NewData", Type::String}, Argument{"LastKey", Type::Integer}};
-constexpr std::array keyPress{Argument{"Row", Type::Integer}, Argument{"Col", Type::Integer},
-                              Argument{"KeyAscii", Type::Integer}};
-constexpr std::array keyDown{Argument{"KeyCode", Type::Integer}, Argument{"Shift", Type::Integer},
-                             Argument{"Row", Type::Integer}, Argument{"Col", Type::Integer}};
-constexpr std::array rowChange{Argument{"OldRow", Type::Integer},
-                               Argument{"NewRow", Type::Integer}};
+constexpr std::array matrixTable{
+    Member{"Text", 0x68030000, MemberKind::Property, Type::Any, cellReference},
+};
+
+constexpr std::array editStart{byReference("Row", Type::Integer), byReference("Col", Type::Integer),
+                               byReference("Cancel", Type::Boolean)};
+constexpr std::array editChange{byReference("Row", Type::Integer),
+                                byReference("Col", Type::Integer),
+                                byReference("OnEdit", Type::String)};
+constexpr std::array editEnd{
+    byReference("Row", Type::Integer),    byReference("Col", Type::Integer),
+    byReference("Valid", Type::Boolean),  byReference("OldData", Type::String),
+    byReference("NewData", Type::String), byReference("LastKey", Type::Integer)};
+constexpr std::array keyPress{byReference("Row", Type::Integer), byReference("Col", Type::Integer),
+                              byReference("KeyAscii", Type::Integer)};
+constexpr std::array keyDown{byReference("KeyCode", Type::Integer),
+                             byReference("Shift", Type::Integer), byReference("Row", Type::Integer),
+                             byReference("Col", Type::Integer)};
+constexpr std::array rowChange{byReference("OldRow", Type::Integer),
+                               byReference("NewRow", Type::Integer)};
 
 constexpr std::array eventTable{
     detail::event<&HostEvents::EditPreValidation>(1, "EditPreValidation", editStart),
     detail::event<&HostEvents::EditOnChange>(2, "EditOnChange", editChange),
     detail::event<&HostEvents::EditPostValidation>(3, "EditPostValidation", editEnd),
-    detail::event<&HostEvents::EditLookup>(4, "EditLookup", cell16),
-    detail::event<&HostEvents::CellFocus>(5, "CellFocus", cell16),
+    detail::event<&HostEvents::EditLookup>(4, "EditLookup", cellReference),
+    detail::event<&HostEvents::CellFocus>(5, "CellFocus", cellReference),
     detail::event<&HostEvents::CellKeyPress>(6, "CellKeyPress", keyPress),
     detail::event<&HostEvents::TableChange>(7, "TableChange"),
     detail::event<&HostEvents::TableKeyDown>(8, "TableKeyDown", keyDown),
     detail::event<&HostEvents::TableRowChange>(9, "TableRowChange", rowChange),
-    detail::event<&HostEvents::DoubleClick>(10, "DoubleClick", cell16),
+    detail::event<&HostEvents::DoubleClick>(10, "DoubleClick", cellReference),
 };
 
 template <typename Value> constexpr EnumerationMember named(std::string_view name, Value value) {
@@ -172,6 +201,14 @@ constexpr std::array enumerationTable{
     Enumeration{"TColumnAlignment", alignments},
 };
 
+Value keptAs(Value::Type type, double number) {
+    if (type == Value::Type::Font)
+        return Font{};
+    // A system colour's unsigned reading is the Long with the same bits.
+    return type == Value::Type::Long ? Value(Value(number).toColour())
+                                     : Value(number).convertedTo(type);
+}
+
 template <typename Row, typename Matches>
 const Row &find(std::span<const Row> table, Matches matches, const std::string &unknown) {
     const auto found = std::find_if(table.begin(), table.end(), matches);
@@ -183,10 +220,10 @@ const Row &find(std::span<const Row> table, Matches matches, const std::string &
 } // namespace
 
 std::string_view nameOf(MemberType type) noexcept {
-    static constexpr std::array<std::string_view, 13> names{
-        "",          "Boolean",    "16-bit integer",  "32-bit integer", "String",
-        "OLE_COLOR", "Font",       "TMatrix",         "TColumnStyle",   "TColumnType",
-        "TDataType", "TCalcStyle", "TColumnAlignment"};
+    static constexpr std::array<std::string_view, 14> names{
+        "",          "Boolean",    "16-bit integer",   "32-bit integer", "String",
+        "OLE_COLOR", "Font",       "TMatrix",          "TColumnStyle",   "TColumnType",
+        "TDataType", "TCalcStyle", "TColumnAlignment", "Variant"};
     return names[static_cast<std::size_t>(type)];
 }
 
@@ -206,6 +243,8 @@ Value convertedTo(MemberType type, const Value &value) {
         return value.toFont();
     case MemberType::Matrix:
         return value.toObject();
+    case MemberType::Any:
+        return value;
     default:
         return value.toLong();
     }
@@ -215,7 +254,13 @@ Value Argument::defaultValue() const {
     return type == MemberType::String ? Value("") : convertedTo(type, defaultNumber);
 }
 
+Value Stored::defaultToWrite() const { return keptAs(defaultType, writeDefault); }
+
+Value Stored::defaultToRead() const { return keptAs(defaultType, readDefault); }
+
 std::span<const Member> members() noexcept { return memberTable; }
+
+std::span<const Member> matrixMembers() noexcept { return matrixTable; }
 
 std::span<const Event> events() noexcept { return eventTable; }
 

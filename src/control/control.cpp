@@ -10,7 +10,7 @@ Control::Control()
       textEditor(state, session, navigator), comboEditor(state, session, navigator),
       dateEditor(state, session, navigator),
       replacement(state, session, navigator, cells, marker, rows),
-      gridInput(state, session, navigator, replacement, checks) {
+      gridInput(state, session, navigator, replacement, checks), start(state) {
     session.setEditors([this](TColumnType type) -> BoxEditor & {
         if (type == TColumnType::ColumnCombo)
             return comboEditor;
@@ -62,7 +62,7 @@ void Control::gridAreaChanged(const Rect &area) { state.link.face().areaChanged(
 void Control::widgetChanged(WidgetId /*widget*/) { state.link.markChanged(); }
 
 void Control::notify(std::string_view property) {
-    if (state.link.hasFace())
+    if (state.link.hasFace() && !isLoading)
         state.link.propertyChanged(findMember(property).number);
 }
 

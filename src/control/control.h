@@ -4,6 +4,7 @@
 /// together. It decides only which of them hears what; every rule stands in one of them. Both
 /// outer classes share it, so that it outlives a `Tablio` that a handler destroys.
 
+#include "control/start.h"
 #include "editing/cell_replacement.h"
 #include "editing/combo_editor.h"
 #include "editing/date_editor.h"
@@ -45,6 +46,10 @@ public:
     DateEditor dateEditor;
     CellReplacement replacement;
     GridInput gridInput;
+    Start start;
+
+    /// A store is being read: nobody is told of it, and cells that were painted stay so.
+    bool isLoading = false;
 
     /// The rows, for an operation on them: an open edit ends first.
     [[nodiscard]] RowStock &settledRows();

@@ -221,4 +221,8 @@ void Input::resized(Twips width, Twips height) {
     Call(control_)->state.grid.view.setSize(width, height);
 }
 
+void Input::appeared() { Call(control_)->start.appear(); }
+
+void Input::textHeight(Twips height) { Call(control_)->start.setTextHeight(height); }
+
 } // namespace tablio

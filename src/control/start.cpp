@@ -21,7 +21,7 @@ void Start::appear() {
         return;
     // The host hears of the cell when the keyboard comes to it.
     grid.setCurrentQuietly(first);
-    state_.current = first;
+    state_.cursor.enter(first);
 }
 
 void Start::setTextHeight(Twips height) {

@@ -2,6 +2,8 @@
 
 #include "control/call.h"
 
+#include <tablio/members.h>
+
 #include <utility>
 
 namespace tablio {
@@ -15,6 +17,20 @@ void Tablio::setFace(Face *face) { control_->state.link.setFace(face); }
 void Tablio::setHost(HostEvents *host) { control_->state.link.setHost(host); }
 
 void Tablio::InitProperties() { control_->state.settings = Settings{}; }
+
+void Tablio::startThemed() {
+    const Call control(control_);
+    InitProperties();
+    control->isLoading = true;
+    for (const Member &member : members()) {
+        const Value colour = member.themed;
+        if (member.stored.written > 0 && member.type == MemberType::Colour)
+            member.write(*this, {&colour, 1});
+    }
+    control->isLoading = false;
+    Show();
+    control->start.leaveCursor();
+}
 
 void Tablio::Show() {
     const Call control(control_);

@@ -84,7 +84,8 @@ void Tablio::setStripeColor(Colour colour) {
     const Call control(control_);
     control->state.settings.StripeColor = colour;
     control->notify("StripeColor");
-    control->appearance.PaintStripes();
+    if (!control->isLoading)
+        control->appearance.PaintStripes();
 }
 
 Colour Tablio::CheckBoxColor() const { return control_->state.settings.CheckBoxColor; }
@@ -100,7 +101,8 @@ void Tablio::setHeaderFontBold(bool bold) {
     const Call control(control_);
     control->state.settings.HeaderFontBold = bold;
     control->notify("HeaderFontBold");
-    control->appearance.showHeaderFontBold();
+    if (!control->isLoading)
+        control->appearance.showHeaderFontBold();
 }
 
 bool Tablio::WordWrap() const { return control_->state.grid.table.look().WordWrap; }

@@ -1,5 +1,6 @@
 /// Saving and loading a control through its container's property store.
 
+#include <tablio/members.h>
 #include <tablio/property_bag.h>
 #include <tablio/tablio.h>
 
@@ -28,44 +29,52 @@ std::string keyOf(std::string_view name, int col) {
     return std::string(name).append(std::to_string(col));
 }
 
+/// The setting that has this place among those that are written, or read; null behind the last.
+const Member *settingAt(int Stored::*order, int place) {
+    const auto all = members();
+    const auto found = std::find_if(all.begin(), all.end(), [=](const Member &member) {
+        return member.stored.*order == place;
+    });
+    return found == all.end() ? nullptr : &*found;
+}
+
 class Reader {
 public:
-    Reader(Control &control, const PropertyBag &bag)
-        : control_(control), state_(control.state), bag_(bag) {}
+    Reader(Tablio &tablio, Control &control, const PropertyBag &bag)
+        : tablio_(tablio), control_(control), state_(control.state), bag_(bag) {}
 
     void read() {
         state_.settings.SetStatusCell = false;
-        readGeneral({"BackColorFixed", "WordWrap", "GridPopUpMenu", "Font", "ForeColorFixed"});
-        readCols();
-        // The counts of rows come before what needs the rows.
-        readGeneral({"Rows", "FixedRows", "FixedCols", "BackColorData", "GridColorData",
-                     "GridColorFixed", "ForeColorData", "BackColorMarkRow", "ForeColorMarkRow",
-                     "HeaderRowHeight", "BackColor", "Enabled", "RowMinHeight"});
-        readGeneral({"WithFixedColumn", "PrimaryColumn", "HeaderFontBold", "CheckBoxes"});
-        // Stores have always been asked for the row height twice.
-        attempt([&] { (void)bag_.readProperty("RowMinHeight", 64); });
-        readGeneral({"StripeColor", "CheckBoxColor"});
+        readGeneral();
         readColumns();
         attempt([&] { control_.rows.RenumberFixedColumns(); });
         state_.settings.SetStatusCell = true;
     }
 
 private:
-    void readGeneral(std::initializer_list<std::string_view> names) {
-        for (const std::string_view name : names) {
-            const std::span<const GeneralKey> keys = generalKeys();
-            const auto key = std::find_if(keys.begin(), keys.end(),
-                                          [name](const GeneralKey &k) { return k.name == name; });
-            attempt([&] { key->target(control_, bag_.readProperty(name, key->readDefault)); });
+    void readGeneral() {
+        control_.isLoading = true;
+        for (int place = 1; const Member *member = settingAt(&Stored::read, place); ++place) {
+            attempt([&] { readGeneral(*member); });
+            // Stores have always been asked for the row height twice.
+            if (member->name == "CheckBoxes")
+                attempt([&] { (void)bag_.readProperty("RowMinHeight", 64); });
         }
+        control_.isLoading = false;
     }
 
-    /// The count that is stored leaves the tick column out.
-    void readCols() {
-        attempt([&] {
-            const double cols = numberAt("Cols", 1) + numberAt("CheckBoxes", 0);
-            state_.grid.table.setCols(Value(cols).toLong());
-        });
+    void readGeneral(const Member &member) {
+        Value value;
+        // The count that is stored leaves the tick column out.
+        if (member.name == "Cols") {
+            value = Value(numberAt("Cols", 1) + numberAt("CheckBoxes", 0)).toLong();
+            return state_.grid.table.setCols(value.toLong());
+        }
+        value =
+            convertedTo(member.type, bag_.readProperty(member.name, member.stored.defaultToRead()));
+        // A container may destroy the control while it answers.
+        if (!state_.link.isClosed())
+            member.write(tablio_, {&value, 1});
     }
 
     double numberAt(std::string_view name, int defaultNumber) {
@@ -113,6 +122,7 @@ private:
 
     static constexpr Twips tickColumnWidth = 300;
 
+    Tablio &tablio_;
     Control &control_;
     ControlState &state_;
     const PropertyBag &bag_;
@@ -123,14 +133,25 @@ private:
 void Tablio::ReadProperties(const PropertyBag &bag) {
     const Call control(control_);
     attempt([&] { control->session.EndCellEdit(); });
-    Reader(*control, bag).read();
+    if (!control->state.link.isClosed())
+        Reader(*this, *control, bag).read();
 }
 
 void Tablio::WriteProperties(PropertyBag &bag) const {
     const Call control(control_);
     const ControlState &state = control->state;
-    for (const GeneralKey &key : generalKeys())
-        attempt([&] { bag.writeProperty(key.name, key.source(state), key.writeDefault); });
+    // Reading a property of the whole control changes nothing.
+    auto &tablio = const_cast<Tablio &>(*this);
+    for (int place = 1; const Member *member = settingAt(&Stored::written, place); ++place) {
+        attempt([&] {
+            Value value = convertedTo(member->type, member->read(tablio, {}));
+            if (member->name == "Cols")
+                value = state.grid.table.Cols() - state.settings.CheckBoxes;
+            else if (member->name == "Enabled") // Whether or not the calendar is open.
+                value = state.settings.Enabled;
+            bag.writeProperty(member->name, value, member->stored.defaultToWrite());
+        });
+    }
     for (int col = 0; col < state.grid.table.Cols(); ++col) {
         for (const ColumnKey &key : columnKeys())
             attempt([&] {

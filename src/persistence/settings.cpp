@@ -33,13 +33,13 @@ void Tablio::loadSettings(const PropertyBag &bag) {
         return state.settings.StripeColor != state.grid.table.look().BackColor;
     };
     const bool hadStripes = hasStripes();
-    const bool wasEnabled = state.Enabled;
+    const bool wasEnabled = state.settings.Enabled;
     const bool isCursorUntouched = control->start.isCursorUntouched();
 
     control->rows.watchNumbers();
     ReadProperties(bag);
     control->rows.blankFormerNumbers();
-    state.Enabled = wasEnabled;
+    state.settings.Enabled = wasEnabled;
     if (isCursorUntouched)
         control->start.leaveCursor();
     if (bag.readProperty(rowMinHeightKey, {}).type() == Value::Type::Empty)

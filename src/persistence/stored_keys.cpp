@@ -1,6 +1,5 @@
 #include "persistence/stored_keys.h"
 
-#include "automation/value_as.h"
 #include "model/text/number_text.h"
 
 #include <array>
@@ -10,42 +9,9 @@ namespace tablio {
 namespace {
 
 constexpr std::int16_t zero = 0;
-constexpr Colour white{0x00FFFFFFU};
-constexpr Colour grey{0x00C0C0C0U};
-/// The unsigned reading of the button text colour. No Long equals it, so a colour with this
-/// default is always stored.
-constexpr double buttonText = 2147483666.0;
 /// The grid's "general" alignment, which files do not know.
 constexpr int generalAlignment = 9;
 constexpr int leftAlignment = 1;
-
-template <Colour GridLook::*member>
-GeneralKey lookColour(std::string_view name, const Value &defaultValue) {
-    return {name, defaultValue, defaultValue,
-            [](const ControlState &state) -> Value { return state.grid.table.look().*member; },
-            [](Control &control, const Value &value) {
-                const Colour colour = value.toColour();
-                control.appearance.changeLook([&](GridLook &look) { look.*member = colour; });
-            }};
-}
-
-template <auto member> GeneralKey setting(std::string_view name, const Value &defaultValue) {
-    using Type = std::remove_cvref_t<decltype(std::declval<Settings>().*member)>;
-    return {name, defaultValue, defaultValue,
-            [](const ControlState &state) -> Value { return state.settings.*member; },
-            [](Control &control, const Value &value) {
-                control.state.settings.*member = valueAs<Type>(value);
-            }};
-}
-
-template <int (GridTable::*get)() const noexcept, void (GridTable::*set)(int)>
-GeneralKey tableSize(std::string_view name, int writeDefault, int readDefault) {
-    return {name, writeDefault, readDefault,
-            [](const ControlState &state) -> Value { return (state.grid.table.*get)(); },
-            [](Control &control, const Value &value) {
-                (control.state.grid.table.*set)(value.toLong());
-            }};
-}
 
 double numberOf(const std::string &text) {
     std::string number = NormalizeNumberText(text);
@@ -102,57 +68,6 @@ ColumnKey alignment(std::string_view name) {
 }
 
 } // namespace
-
-std::span<const GeneralKey> generalKeys() {
-    static const std::array<GeneralKey, 25> keys{
-        lookColour<&GridLook::BackColorFixed>("BackColorFixed", grey),
-        GeneralKey{
-            "WordWrap", true, true,
-            [](const ControlState &state) -> Value { return state.grid.table.look().WordWrap; },
-            [](Control &control, const Value &value) {
-                const bool wrap = value.toBoolean();
-                control.appearance.changeLook([wrap](GridLook &look) { look.WordWrap = wrap; });
-            }},
-        setting<&Settings::GridPopUpMenu>("GridPopUpMenu", true),
-        // The container's ambient font is the face's own, which an empty font stands for.
-        GeneralKey{"Font", Font{}, Font{},
-                   [](const ControlState &state) -> Value { return state.grid.table.look().Font; },
-                   [](Control &control, const Value &value) {
-                       const Font font = value.toFont();
-                       control.appearance.changeLook([&](GridLook &look) { look.Font = font; });
-                   }},
-        lookColour<&GridLook::ForeColorFixed>("ForeColorFixed", buttonText),
-        GeneralKey{"Cols", 1, 1,
-                   [](const ControlState &state) -> Value {
-                       return state.grid.table.Cols() - state.settings.CheckBoxes;
-                   },
-                   nullptr},
-        tableSize<&GridTable::Rows, &GridTable::setRows>("Rows", 2, 2),
-        tableSize<&GridTable::FixedCols, &GridTable::setFixedCols>("FixedCols", 0, 0),
-        tableSize<&GridTable::FixedRows, &GridTable::setFixedRows>("FixedRows", 0, 0),
-        lookColour<&GridLook::BackColor>("BackColorData", white),
-        lookColour<&GridLook::GridColor>("GridColorData", grey),
-        lookColour<&GridLook::GridColorFixed>("GridColorFixed", grey),
-        lookColour<&GridLook::ForeColor>("ForeColorData", buttonText),
-        lookColour<&GridLook::BackColorSel>("BackColorMarkRow", SystemColour::Highlight),
-        lookColour<&GridLook::ForeColorSel>("ForeColorMarkRow", SystemColour::HighlightText),
-        setting<&Settings::WithFixedColumn>("WithFixedColumn", zero),
-        GeneralKey{"HeaderRowHeight", 0, 700,
-                   [](const ControlState &state) -> Value { return state.grid.table.RowHeight(0); },
-                   [](Control &control, const Value &value) {
-                       control.state.grid.table.setRowHeight(0, value.toLong());
-                   }},
-        lookColour<&GridLook::BackColorBkg>("BackColor", white),
-        setting<&Settings::PrimaryColumn>("PrimaryColumn", 0),
-        setting<&Settings::HeaderFontBold>("HeaderFontBold", zero),
-        setting<&Settings::CheckBoxes>("CheckBoxes", zero),
-        setting<&Settings::Enabled>("Enabled", true),
-        tableSize<&GridTable::RowHeightMin, &GridTable::setRowHeightMin>("RowMinHeight", 64, 285),
-        setting<&Settings::StripeColor>("StripeColor", white),
-        setting<&Settings::CheckBoxColor>("CheckBoxColor", Colour{0x000000FFU}),
-    };
-    return keys;
-}
 
 std::span<const ColumnKey> columnKeys() {
     static const std::array<ColumnKey, 10> keys{

@@ -1,10 +1,11 @@
 #pragma once
 
-/// The keys under which a control's settings are stored, each with its defaults and the place its
-/// value comes from and goes to. Hosts' files hold these names: they and the defaults are fixed,
-/// also where a value is written and read with different ones.
+/// The keys under which the settings of single columns are stored, each with its defaults and the
+/// place its value comes from and goes to; those of the whole control stand in the member table.
+/// Hosts' files hold these names: they and the defaults are fixed, also where a value is written
+/// and read with different ones.
 
-#include "control/control.h"
+#include "state/control_state.h"
 
 #include <tablio/value.h>
 
@@ -12,16 +13,6 @@
 #include <string_view>
 
 namespace tablio {
-
-/// A setting of the whole control.
-struct GeneralKey {
-    std::string_view name;
-    Value writeDefault;
-    Value readDefault;
-    Value (*source)(const ControlState &state);
-    /// Throws what the conversion or the grid throws. Null: ReadProperties reads it in its own way.
-    void (*target)(Control &control, const Value &value);
-};
 
 /// A setting of one column; the column's number follows the name.
 struct ColumnKey {
@@ -34,7 +25,6 @@ struct ColumnKey {
 };
 
 /// In the order of writing.
-[[nodiscard]] std::span<const GeneralKey> generalKeys();
 [[nodiscard]] std::span<const ColumnKey> columnKeys();
 
 } // namespace tablio
