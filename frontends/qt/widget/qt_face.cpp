@@ -28,6 +28,11 @@ constexpr qint64 scanGap = 10;
 /// A look at the clock takes longer than most of what is done between two calls.
 constexpr unsigned callsPerLook = 64;
 
+/// Empty where any property may have changed.
+QString nameOf(MemberNumber number) {
+    return number == Number::All ? QString() : toQString(findMember(number).name);
+}
+
 } // namespace
 
 void QtFace::shown() { parts_.mirror(); }
@@ -100,7 +105,7 @@ void QtFace::propertyChanged(MemberNumber number) {
     static std::map<MemberNumber, QString> names;
     static const std::pair<const MemberNumber, QString> *last = nullptr;
     if (last == nullptr || last->first != number)
-        last = &*names.try_emplace(number, toQString(findMember(number).name)).first;
+        last = &*names.try_emplace(number, nameOf(number)).first;
     Q_EMIT parts_.widget.propertyChanged(last->second);
 }
 

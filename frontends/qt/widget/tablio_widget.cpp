@@ -92,7 +92,7 @@ void TablioWidget::resizeEvent(QResizeEvent * /*event*/) { d_->arrange(); }
 
 void TablioWidget::showEvent(QShowEvent * /*event*/) {
     d_->arrange();
-    guarded([&] { d_->putCursorOnFirstCell(); });
+    guarded([&] { d_->input().appeared(); });
 }
 
 QSize TablioWidget::sizeHint() const {
@@ -115,33 +115,6 @@ QSize TablioWidget::minimumSizeHint() const {
     return {GridTable::defaultColWidth / twipsPerPixel + d_->vertical->sizeHint().width(),
             std::max(rowsToShow * row / twipsPerPixel, d_->vertical->minimumSizeHint().height())};
 }
-
-int TablioWidget::rows() const { return d_->core.Rows(); }
-void TablioWidget::setRows(int count) { d_->core.setRows(count); }
-int TablioWidget::cols() const { return d_->core.Cols(); }
-void TablioWidget::setCols(int count) { d_->core.setCols(count); }
-int TablioWidget::fixedRows() const { return d_->core.FixedRows(); }
-void TablioWidget::setFixedRows(int count) { d_->core.setFixedRows(count); }
-int TablioWidget::fixedCols() const { return d_->core.FixedCols(); }
-void TablioWidget::setFixedCols(int count) { d_->core.setFixedCols(count); }
-bool TablioWidget::withFixedColumn() const { return d_->core.WithFixedColumn(); }
-void TablioWidget::setWithFixedColumn(bool fixed) { d_->core.setWithFixedColumn(fixed); }
-int TablioWidget::primaryColumn() const { return d_->core.PrimaryColumn(); }
-void TablioWidget::setPrimaryColumn(int col) { d_->core.setPrimaryColumn(col); }
-int TablioWidget::checkBoxes() const { return d_->core.CheckBoxes(); }
-void TablioWidget::setCheckBoxes(int checkBoxes) { d_->core.setCheckBoxes(checkBoxes); }
-bool TablioWidget::gridPopUpMenu() const { return d_->core.GridPopUpMenu(); }
-void TablioWidget::setGridPopUpMenu(bool offered) { d_->core.setGridPopUpMenu(offered); }
-int TablioWidget::rowMinHeight() const { return d_->core.RowMinHeight(); }
-void TablioWidget::setRowMinHeight(int twips) { d_->core.setRowMinHeight(twips); }
-int TablioWidget::headerRowHeight() const { return d_->core.HeaderRowHeight(); }
-void TablioWidget::setHeaderRowHeight(int twips) { d_->core.setHeaderRowHeight(twips); }
-bool TablioWidget::wordWrap() const { return d_->core.WordWrap(); }
-void TablioWidget::setWordWrap(bool wrap) { d_->core.setWordWrap(wrap); }
-bool TablioWidget::statusCell() const { return d_->core.SetStatusCell(); }
-void TablioWidget::setStatusCell(bool status) { d_->core.setSetStatusCell(status); }
-int TablioWidget::rowHeight(int row) const { return d_->core.RowHeight(row); }
-void TablioWidget::setRowHeight(int row, int twips) { d_->core.setRowHeight(row, twips); }
 
 bool TablioWidget::hostKeyPreview() const { return d_->face.hostKeyPreview(); }
 

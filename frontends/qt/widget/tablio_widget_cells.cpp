@@ -1,7 +1,10 @@
-/// The cells of `TablioWidget`, and how a host's QVariant is kept as a cell's tag.
+/// The cells and colours of `TablioWidget`, and how a host's QVariant is kept as a cell's tag.
 
+#include "widget/qt_look.h"
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"
+
+#include <tablio/members.h>
 
 #include <QDate>
 
@@ -69,5 +72,18 @@ QVariant TablioWidget::cellTag(int row, int col) const {
 void TablioWidget::setCellTag(int row, int col, const QVariant &value) {
     d_->core.CellTag()->setText(row, col, fromVariant(value));
 }
+
+QColor TablioWidget::colour(std::string_view name) const {
+    return shown(Dispatch(d_->core).get(name).toColour());
+}
+
+void TablioWidget::setColour(std::string_view name, const QColor &colour) {
+    const Colour start = findMember(name).themed;
+    Dispatch(d_->core).put(name, colour.isValid() ? literal(colour) : start);
+}
+
+QColor TablioWidget::shown(Colour colour) const { return d_->colour(colour); }
+
+Colour TablioWidget::literal(const QColor &colour) { return fromQColor(colour); }
 
 } // namespace tablio::qt

@@ -17,27 +17,11 @@
 
 namespace tablio::qt {
 
-namespace {
-
-/// What a row keeps free above and below its text, in pixels.
-constexpr int rowPadding = 6;
-
-} // namespace
-
 TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &owner)
     : widget(owner), face(*this), host(owner), control(core.control()) {
     makeChildren();
-    startLook = state().grid.table.look();
-    startLook.BackColor = startLook.BackColorBkg = SystemColour::Window;
-    startLook.ForeColor = SystemColour::WindowText;
-    startLook.GridColor = startLook.GridColorFixed = SystemColour::ButtonShadow;
-    startSettings.StripeColor = SystemColour::Window;
-    core.InitProperties();
-    state().grid.table.setLook(startLook);
-    state().settings.StripeColor = startSettings.StripeColor;
     fitRowsToFont();
-    core.Show();
-    startStamp_ = state().grid.cursorStamp();
+    core.startThemed();
     core.setFace(&face);
     core.setHost(&host);
     // A widget that gets the focus while our window is inactive takes it from nobody, natively.
@@ -233,25 +217,8 @@ void TablioWidgetPrivate::showAnew() {
     canvas->update();
 }
 
-void TablioWidgetPrivate::putCursorOnFirstCell() {
-    FlexGrid &grid = state().grid;
-    const bool isUntouched = startStamp_ == grid.cursorStamp();
-    startStamp_.reset();
-    const CellAddress first{grid.table.FixedRows(), core.PrimaryColumn()};
-    if (!isUntouched || !grid.table.hasCell(first.row, first.col))
-        return;
-    // The host hears of the cell when the keyboard comes to it.
-    grid.setCurrentQuietly(first);
-    state().cursor.enter(first);
-}
-
 void TablioWidgetPrivate::fitRowsToFont() {
-    GridTable &table = state().grid.table;
-    const Twips needed = (widget.fontMetrics().height() + rowPadding) * twipsPerPixel;
-    if (table.RowHeightMin() != fittedRowHeight_)
-        return;
-    fittedRowHeight_ = std::max(needed, GridTable::defaultRowHeight);
-    table.setRowHeightMin(fittedRowHeight_);
+    input().textHeight(widget.fontMetrics().height() * twipsPerPixel);
 }
 
 } // namespace tablio::qt

@@ -15,14 +15,8 @@
 #include <QEvent>
 #include <QPointer>
 
-#include <optional>
-
 class QScrollBar;
 class QToolButton;
-
-namespace tablio {
-class TextBag;
-}
 
 namespace tablio::qt {
 
@@ -39,10 +33,6 @@ public:
     ~TablioWidgetPrivate();
     TablioWidgetPrivate(const TablioWidgetPrivate &) = delete;
     TablioWidgetPrivate &operator=(const TablioWidgetPrivate &) = delete;
-
-    /// How a new widget looks.
-    GridLook startLook;
-    Settings startSettings;
 
     TablioWidget &widget;
     QtFace face;
@@ -94,13 +84,8 @@ public:
     [[nodiscard]] int coveredByButtons(int right) const;
     /// Font, palette or screen are others: shows everything anew.
     void showAnew();
-    /// Starts where entry starts, unless the cursor was moved before the widget was first shown.
-    void putCursorOnFirstCell();
-    /// Rows at least as high as the widget's font needs, unless the host has set another height.
+    /// Tells the core how high the widget's font is.
     void fitRowsToFont();
-    /// Loads what TablioWidget::settings() has written.
-    void readSettings(const TextBag &bag);
-    [[nodiscard]] bool rowsFollowFont() const;
 
 private:
     void makeChildren();
@@ -109,10 +94,7 @@ private:
     [[nodiscard]] bool rowsFit(Twips height) const;
     [[nodiscard]] bool colsFit(Twips width) const;
 
-    Twips fittedRowHeight_ = 0;
     bool arranging_ = false;
-    /// The grid's cursor as it was left by the start, until the widget is first shown.
-    std::optional<std::uint64_t> startStamp_;
 };
 
 /// The font of a cell that the widget's own font completes, in logical size.

@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <string_view>
 
 namespace tablio::qt {
 
@@ -129,69 +130,69 @@ public:
     void setSettings(const QByteArray &settings);
 
     // The table.
-    [[nodiscard]] int rows() const;
+    [[nodiscard]] int rows() const { return core().Rows(); }
     /// Header rows included; at most 32,768.
-    void setRows(int count);
-    [[nodiscard]] int cols() const;
+    void setRows(int count) { core().setRows(count); }
+    [[nodiscard]] int cols() const { return core().Cols(); }
     /// Fixed columns included. Settings of columns that go away come back with them.
-    void setCols(int count);
-    [[nodiscard]] int fixedRows() const;
-    void setFixedRows(int count);
-    [[nodiscard]] int fixedCols() const;
-    void setFixedCols(int count);
-    [[nodiscard]] bool withFixedColumn() const;
-    void setWithFixedColumn(bool fixed);
+    void setCols(int count) { core().setCols(count); }
+    [[nodiscard]] int fixedRows() const { return core().FixedRows(); }
+    void setFixedRows(int count) { core().setFixedRows(count); }
+    [[nodiscard]] int fixedCols() const { return core().FixedCols(); }
+    void setFixedCols(int count) { core().setFixedCols(count); }
+    [[nodiscard]] bool withFixedColumn() const { return core().WithFixedColumn(); }
+    void setWithFixedColumn(bool fixed) { core().setWithFixedColumn(fixed); }
     /// The column that makes a row a data row.
-    [[nodiscard]] int primaryColumn() const;
-    void setPrimaryColumn(int col);
-    [[nodiscard]] int checkBoxes() const;
+    [[nodiscard]] int primaryColumn() const { return core().PrimaryColumn(); }
+    void setPrimaryColumn(int col) { core().setPrimaryColumn(col); }
+    [[nodiscard]] int checkBoxes() const { return core().CheckBoxes(); }
     /// 1 or −1 makes the last column a tick column.
-    void setCheckBoxes(int checkBoxes);
-    [[nodiscard]] bool gridPopUpMenu() const;
-    void setGridPopUpMenu(bool offered);
+    void setCheckBoxes(int checkBoxes) { core().setCheckBoxes(checkBoxes); }
+    [[nodiscard]] bool gridPopUpMenu() const { return core().GridPopUpMenu(); }
+    void setGridPopUpMenu(bool offered) { core().setGridPopUpMenu(offered); }
 
     // Looks. The widget's own font and palette are what cells use that nobody styled.
-    [[nodiscard]] int rowMinHeight() const;
-    void setRowMinHeight(int twips);
-    [[nodiscard]] int headerRowHeight() const;
-    void setHeaderRowHeight(int twips);
-    [[nodiscard]] bool wordWrap() const;
-    void setWordWrap(bool wrap);
+    [[nodiscard]] int rowMinHeight() const { return core().RowMinHeight(); }
+    void setRowMinHeight(int twips) { core().setRowMinHeight(twips); }
+    [[nodiscard]] int headerRowHeight() const { return core().HeaderRowHeight(); }
+    void setHeaderRowHeight(int twips) { core().setHeaderRowHeight(twips); }
+    [[nodiscard]] bool wordWrap() const { return core().WordWrap(); }
+    void setWordWrap(bool wrap) { core().setWordWrap(wrap); }
     /// False suspends painting, true paints.
-    [[nodiscard]] bool statusCell() const;
-    void setStatusCell(bool status);
-    Q_INVOKABLE int rowHeight(int row) const;
-    Q_INVOKABLE void setRowHeight(int row, int twips);
+    [[nodiscard]] bool statusCell() const { return core().SetStatusCell(); }
+    void setStatusCell(bool status) { core().setSetStatusCell(status); }
+    Q_INVOKABLE int rowHeight(int row) const { return core().RowHeight(row); }
+    Q_INVOKABLE void setRowHeight(int row, int twips) { core().setRowHeight(row, twips); }
 
     // Colours. A new widget follows its palette in all of them but checkBoxColor. One that is set
     // here stays as it is set, and core() takes system colours, too. An invalid QColor, as the
     // reset functions set it, brings a new widget's colour back.
-    [[nodiscard]] QColor backColor() const;
-    void setBackColor(const QColor &colour);
-    [[nodiscard]] QColor backColorData() const;
-    void setBackColorData(const QColor &colour);
-    [[nodiscard]] QColor foreColorData() const;
-    void setForeColorData(const QColor &colour);
-    [[nodiscard]] QColor backColorFixed() const;
-    void setBackColorFixed(const QColor &colour);
-    [[nodiscard]] QColor foreColorFixed() const;
-    void setForeColorFixed(const QColor &colour);
-    [[nodiscard]] QColor gridColorData() const;
-    void setGridColorData(const QColor &colour);
-    [[nodiscard]] QColor gridColorFixed() const;
-    void setGridColorFixed(const QColor &colour);
-    [[nodiscard]] QColor backColorMarkRow() const;
-    void setBackColorMarkRow(const QColor &colour);
-    [[nodiscard]] QColor foreColorMarkRow() const;
-    void setForeColorMarkRow(const QColor &colour);
-    [[nodiscard]] QColor stripeColor() const;
+    [[nodiscard]] QColor backColor() const { return colour("BackColor"); }
+    void setBackColor(const QColor &value) { setColour("BackColor", value); }
+    [[nodiscard]] QColor backColorData() const { return colour("BackColorData"); }
+    void setBackColorData(const QColor &value) { setColour("BackColorData", value); }
+    [[nodiscard]] QColor foreColorData() const { return colour("ForeColorData"); }
+    void setForeColorData(const QColor &value) { setColour("ForeColorData", value); }
+    [[nodiscard]] QColor backColorFixed() const { return colour("BackColorFixed"); }
+    void setBackColorFixed(const QColor &value) { setColour("BackColorFixed", value); }
+    [[nodiscard]] QColor foreColorFixed() const { return colour("ForeColorFixed"); }
+    void setForeColorFixed(const QColor &value) { setColour("ForeColorFixed", value); }
+    [[nodiscard]] QColor gridColorData() const { return colour("GridColorData"); }
+    void setGridColorData(const QColor &value) { setColour("GridColorData", value); }
+    [[nodiscard]] QColor gridColorFixed() const { return colour("GridColorFixed"); }
+    void setGridColorFixed(const QColor &value) { setColour("GridColorFixed", value); }
+    [[nodiscard]] QColor backColorMarkRow() const { return colour("BackColorMarkRow"); }
+    void setBackColorMarkRow(const QColor &value) { setColour("BackColorMarkRow", value); }
+    [[nodiscard]] QColor foreColorMarkRow() const { return colour("ForeColorMarkRow"); }
+    void setForeColorMarkRow(const QColor &value) { setColour("ForeColorMarkRow", value); }
+    [[nodiscard]] QColor stripeColor() const { return colour("StripeColor"); }
     /// Every second data row; the same as backColorData for no stripes.
-    void setStripeColor(const QColor &colour);
-    [[nodiscard]] QColor checkBoxColor() const;
+    void setStripeColor(const QColor &value) { setColour("StripeColor", value); }
+    [[nodiscard]] QColor checkBoxColor() const { return colour("CheckBoxColor"); }
     /// The ticks of the last column.
-    void setCheckBoxColor(const QColor &colour);
-    [[nodiscard]] bool headerFontBold() const;
-    void setHeaderFontBold(bool bold);
+    void setCheckBoxColor(const QColor &value) { setColour("CheckBoxColor", value); }
+    [[nodiscard]] bool headerFontBold() const { return core().HeaderFontBold(); }
+    void setHeaderFontBold(bool bold) { core().setHeaderFontBold(bold); }
     void resetBackColor() { setBackColor({}); }
     void resetBackColorData() { setBackColorData({}); }
     void resetForeColorData() { setForeColorData({}); }
@@ -206,20 +207,42 @@ public:
 
     // Looks of single cells. Reading one, and writing a font, leaves the cursor there; writing a
     // colour puts it back. No signal goes out.
-    Q_INVOKABLE QString cellFont(int row, int col);
-    Q_INVOKABLE void setCellFont(int row, int col, const QString &family);
-    Q_INVOKABLE bool cellFontBold(int row, int col);
-    Q_INVOKABLE void setCellFontBold(int row, int col, bool bold);
-    Q_INVOKABLE bool cellFontItalic(int row, int col);
-    Q_INVOKABLE void setCellFontItalic(int row, int col, bool italic);
-    Q_INVOKABLE int cellFontSize(int row, int col);
-    Q_INVOKABLE void setCellFontSize(int row, int col, int points);
-    Q_INVOKABLE QColor cellBackColor(int row, int col);
-    Q_INVOKABLE void setCellBackColor(int row, int col, const QColor &colour);
-    Q_INVOKABLE QColor cellForeColor(int row, int col);
-    Q_INVOKABLE void setCellForeColor(int row, int col, const QColor &colour);
-    Q_INVOKABLE void setHeaderBackColor(int col, const QColor &colour);
-    Q_INVOKABLE void setHeaderForeColor(int col, const QColor &colour);
+    Q_INVOKABLE QString cellFont(int row, int col) {
+        return QString::fromStdString(core().CellFont(row, col));
+    }
+    Q_INVOKABLE void setCellFont(int row, int col, const QString &family) {
+        core().setCellFont(row, col, family.toStdString());
+    }
+    Q_INVOKABLE bool cellFontBold(int row, int col) { return core().CellFontBold(row, col); }
+    Q_INVOKABLE void setCellFontBold(int row, int col, bool bold) {
+        core().setCellFontBold(row, col, bold);
+    }
+    Q_INVOKABLE bool cellFontItalic(int row, int col) { return core().CellFontItalic(row, col); }
+    Q_INVOKABLE void setCellFontItalic(int row, int col, bool italic) {
+        core().setCellFontItalic(row, col, italic);
+    }
+    Q_INVOKABLE int cellFontSize(int row, int col) { return core().CellFontSize(row, col); }
+    Q_INVOKABLE void setCellFontSize(int row, int col, int points) {
+        core().setCellFontSize(row, col, points);
+    }
+    Q_INVOKABLE QColor cellBackColor(int row, int col) {
+        return shown(core().CellBackColor(row, col));
+    }
+    Q_INVOKABLE void setCellBackColor(int row, int col, const QColor &colour) {
+        core().setCellBackColor(row, col, literal(colour));
+    }
+    Q_INVOKABLE QColor cellForeColor(int row, int col) {
+        return shown(core().CellForeColor(row, col));
+    }
+    Q_INVOKABLE void setCellForeColor(int row, int col, const QColor &colour) {
+        core().setCellForeColor(row, col, literal(colour));
+    }
+    Q_INVOKABLE void setHeaderBackColor(int col, const QColor &colour) {
+        core().SetHeaderBackColor(col, literal(colour));
+    }
+    Q_INVOKABLE void setHeaderForeColor(int col, const QColor &colour) {
+        core().SetHeaderForeColor(col, literal(colour));
+    }
 
     // Cells.
     /// The cell's text; of a numeric column the plain number, "0" where there is none.
@@ -232,30 +255,62 @@ public:
     Q_INVOKABLE void setCellTag(int row, int col, const QVariant &value);
 
     // Columns.
-    Q_INVOKABLE tablio::qt::TablioWidget::ColumnStyle colStyle(int col) const;
-    Q_INVOKABLE void setColStyle(int col, tablio::qt::TablioWidget::ColumnStyle style);
-    Q_INVOKABLE tablio::qt::TablioWidget::ColumnType colEditType(int col) const;
-    Q_INVOKABLE void setColEditType(int col, tablio::qt::TablioWidget::ColumnType type);
-    Q_INVOKABLE QString colFormat(int col) const;
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnStyle colStyle(int col) const {
+        return static_cast<ColumnStyle>(core().ColStyle(col));
+    }
+    Q_INVOKABLE void setColStyle(int col, tablio::qt::TablioWidget::ColumnStyle style) {
+        core().setColStyle(col, static_cast<TColumnStyle>(style));
+    }
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnType colEditType(int col) const {
+        return static_cast<ColumnType>(core().ColEditType(col));
+    }
+    Q_INVOKABLE void setColEditType(int col, tablio::qt::TablioWidget::ColumnType type) {
+        core().setColEditType(col, static_cast<TColumnType>(type));
+    }
+    Q_INVOKABLE QString colFormat(int col) const {
+        return QString::fromStdString(core().ColFormat(col));
+    }
     /// A picture such as "###,##0.00"; cells that are already filled keep their text.
-    Q_INVOKABLE void setColFormat(int col, const QString &format);
-    Q_INVOKABLE int colMaxLength(int col) const;
+    Q_INVOKABLE void setColFormat(int col, const QString &format) {
+        core().setColFormat(col, format.toStdString());
+    }
+    Q_INVOKABLE int colMaxLength(int col) const { return core().ColMaxLength(col); }
     /// Most characters that may be typed; 0 is no limit.
-    Q_INVOKABLE void setColMaxLength(int col, int length);
-    Q_INVOKABLE tablio::qt::TablioWidget::DataType colDataType(int col) const;
-    Q_INVOKABLE void setColDataType(int col, tablio::qt::TablioWidget::DataType type);
-    Q_INVOKABLE tablio::qt::TablioWidget::CalculationStyle colCalcStyle(int col) const;
-    Q_INVOKABLE void setColCalcStyle(int col, tablio::qt::TablioWidget::CalculationStyle style);
-    Q_INVOKABLE QString colTextHeader(int col) const;
-    Q_INVOKABLE void setColTextHeader(int col, const QString &header);
-    Q_INVOKABLE int colWidth(int col) const;
-    Q_INVOKABLE void setColWidth(int col, int twips);
-    Q_INVOKABLE tablio::qt::TablioWidget::ColumnAlignment colDataAlignment(int col) const;
+    Q_INVOKABLE void setColMaxLength(int col, int length) { core().setColMaxLength(col, length); }
+    Q_INVOKABLE tablio::qt::TablioWidget::DataType colDataType(int col) const {
+        return static_cast<DataType>(core().ColDataType(col));
+    }
+    Q_INVOKABLE void setColDataType(int col, tablio::qt::TablioWidget::DataType type) {
+        core().setColDataType(col, static_cast<TDataType>(type));
+    }
+    Q_INVOKABLE tablio::qt::TablioWidget::CalculationStyle colCalcStyle(int col) const {
+        return static_cast<CalculationStyle>(core().ColCalcStyle(col));
+    }
+    Q_INVOKABLE void setColCalcStyle(int col, tablio::qt::TablioWidget::CalculationStyle style) {
+        core().setColCalcStyle(col, static_cast<TCalcStyle>(style));
+    }
+    Q_INVOKABLE QString colTextHeader(int col) const {
+        return QString::fromStdString(core().ColTextHeader(col));
+    }
+    Q_INVOKABLE void setColTextHeader(int col, const QString &header) {
+        core().setColTextHeader(col, header.toStdString());
+    }
+    Q_INVOKABLE int colWidth(int col) const { return core().ColWidth(col); }
+    Q_INVOKABLE void setColWidth(int col, int twips) { core().setColWidth(col, twips); }
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnAlignment colDataAlignment(int col) const {
+        return static_cast<ColumnAlignment>(core().ColDataAlignment(col));
+    }
     Q_INVOKABLE void setColDataAlignment(int col,
-                                         tablio::qt::TablioWidget::ColumnAlignment alignment);
-    Q_INVOKABLE tablio::qt::TablioWidget::ColumnAlignment colHeaderAlignment(int col) const;
+                                         tablio::qt::TablioWidget::ColumnAlignment alignment) {
+        core().setColDataAlignment(col, static_cast<TColumnAlignment>(alignment));
+    }
+    Q_INVOKABLE tablio::qt::TablioWidget::ColumnAlignment colHeaderAlignment(int col) const {
+        return static_cast<ColumnAlignment>(core().ColHeaderAlignment(col));
+    }
     Q_INVOKABLE void setColHeaderAlignment(int col,
-                                           tablio::qt::TablioWidget::ColumnAlignment alignment);
+                                           tablio::qt::TablioWidget::ColumnAlignment alignment) {
+        core().setColHeaderAlignment(col, static_cast<TColumnAlignment>(alignment));
+    }
     /// Sets eight settings of a column at once; what is left out gets the default shown here.
     Q_INVOKABLE void
     setColProperty(int col, const QString &textHeader = {}, int widthTwips = 1000,
@@ -263,44 +318,53 @@ public:
                    tablio::qt::TablioWidget::ColumnType editType = ColumnString,
                    tablio::qt::TablioWidget::ColumnAlignment headerAlignment = ColumnLeft,
                    tablio::qt::TablioWidget::ColumnAlignment dataAlignment = ColumnLeft,
-                   int maxLength = 64, const QString &format = {});
+                   int maxLength = 64, const QString &format = {}) {
+        core().SetColProperty(
+            col, textHeader.toStdString(), widthTwips, static_cast<TColumnStyle>(style),
+            static_cast<TColumnType>(editType), static_cast<TColumnAlignment>(headerAlignment),
+            static_cast<TColumnAlignment>(dataAlignment), maxLength, format.toStdString());
+    }
 
     // Rows.
     /// Appends a blank row and puts the cursor on it.
-    Q_INVOKABLE void addRow();
+    Q_INVOKABLE void addRow() { core().AddRow(); }
     /// Wipes all data; headers stay.
-    Q_INVOKABLE void tableClear();
+    Q_INVOKABLE void tableClear() { core().TableClear(); }
     /// The last row whose primary column holds text, 0 where none does.
-    [[nodiscard]] int dataCount() const;
+    [[nodiscard]] int dataCount() const { return core().DataCount(); }
     /// Inserts a blank row at the marked row, whatever row says. Without a marked row it marks row
     /// and throws GridError; so does removeRow.
-    Q_INVOKABLE void insertRow(int row);
+    Q_INVOKABLE void insertRow(int row) { core().InsertRow(row); }
     /// Removes the marked row and appends a blank one.
-    Q_INVOKABLE void removeRow(int row);
+    Q_INVOKABLE void removeRow(int row) { core().RemoveRow(row); }
     /// Blanks a row except its automatic number.
-    Q_INVOKABLE void resetRow(int row);
+    Q_INVOKABLE void resetRow(int row) { core().ResetRow(row); }
     /// The first other data row with the primary text of this row; −1 for none.
-    Q_INVOKABLE int findDuplicatePrimaryColumn(int row) const;
+    Q_INVOKABLE int findDuplicatePrimaryColumn(int row) const {
+        return core().FindDuplicatePrimaryColumn(row);
+    }
     /// Puts the cursor on a cell and the keyboard focus on the grid.
-    Q_INVOKABLE void focusCell(int row, int col);
+    Q_INVOKABLE void focusCell(int row, int col) { core().CellFocus(row, col); }
 
     // Marks, ticks, choices, lookups.
     /// The marked row, −1 for none. Writing it marks nothing.
-    [[nodiscard]] int markRow() const;
-    void setMarkRow(int row);
-    [[nodiscard]] bool markStatus() const;
+    [[nodiscard]] int markRow() const { return core().MarkRow(); }
+    void setMarkRow(int row) { core().setMarkRow(row); }
+    [[nodiscard]] bool markStatus() const { return core().MarkStatus(); }
     /// Marks the row of the cell last entered, or unmarks the marked row.
-    Q_INVOKABLE void markActiveRow();
+    Q_INVOKABLE void markActiveRow() { core().MarkActiveRow(); }
     /// Ticks or clears a row's box and leaves the cursor there; nothing without a tick column.
-    Q_INVOKABLE void check(int row, bool checked);
-    Q_INVOKABLE bool checked(int row) const;
+    Q_INVOKABLE void check(int row, bool checked) { core().Check(row, checked); }
+    Q_INVOKABLE bool checked(int row) const { return core().Checked(row); }
     /// The control has one list of choices, which a host fills before each edit of a combo column.
-    Q_INVOKABLE void comboClear();
-    Q_INVOKABLE void comboAddItem(const QString &item);
+    Q_INVOKABLE void comboClear() { core().ComboClear(); }
+    Q_INVOKABLE void comboAddItem(const QString &item) { core().ComboAddItem(item.toStdString()); }
     /// The position in the list of a combo cell's text; −1 for none and for other columns.
-    Q_INVOKABLE int listIndex(int row, int col);
+    Q_INVOKABLE int listIndex(int row, int col) { return core().ListIndex(row, col); }
     /// The value found for a cell after editLookup, at once or later.
-    Q_INVOKABLE void setLookupResult(int row, int col, const QString &value);
+    Q_INVOKABLE void setLookupResult(int row, int col, const QString &value) {
+        core().setLookupResult(row, col, value.toStdString());
+    }
 
     /// What the control last asked of its host's form: whether the form may see keys first. A Qt
     /// form does that by event filters of its own, so the widget only keeps the answer.
@@ -350,6 +414,13 @@ protected:
 
 private:
     friend class HostSignals;
+
+    /// Of the member with this name. An invalid colour stands for a new widget's.
+    [[nodiscard]] QColor colour(std::string_view name) const;
+    void setColour(std::string_view name, const QColor &colour);
+    /// As the palette has it now.
+    [[nodiscard]] QColor shown(Colour colour) const;
+    [[nodiscard]] static Colour literal(const QColor &colour);
 
     std::unique_ptr<TablioWidgetPrivate> d_;
 };
