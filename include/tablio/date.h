@@ -107,4 +107,8 @@ constexpr Date Date::addMonths(int months) const noexcept {
     return result;
 }
 
+/// The first and the last day that a date cell can hold.
+inline constexpr Date firstCellDay{1000, 1, 1};
+inline constexpr Date lastCellDay{9999, 12, 31};
+
 } // namespace tablio

@@ -6,6 +6,7 @@
 #include <tablio/face.h>
 #include <tablio/types.h>
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,6 +30,9 @@ enum class MenuEntry {
     mnuLine2,
     mnuTableClear,
 };
+
+/// How far a wheel was turned: in logical pixels, or in parts of a row or column, 120 to each.
+enum class WheelUnit { Pixel, Part };
 
 /// Exceptions that host handlers throw pass through every function here, with the control in order.
 class Input {
@@ -55,6 +59,9 @@ public:
     /// Scrolls by rows and columns, or to a row and a column, as far as there are any.
     void scrollBy(int rows, int cols);
     void scrollTo(int topRow, int leftCol);
+    /// The wheel was turned this far to the left and up. What is less than a column or a row is
+    /// kept for the next turn. Dealt::No where the table has nothing to scroll.
+    Dealt wheelTurned(WheelUnit unit, int left, int up);
 
     /// The keyboard has come into the control, or left it for another widget (not for a pop-up or
     /// another program's window).
@@ -101,6 +108,8 @@ private:
     std::shared_ptr<Control> control_;
     /// The key that is down is the keypad's decimal one, whose character the locale decides.
     bool decimalKeyIsDown_ = false;
+    /// What is left of the wheel's turns, by their unit.
+    std::array<std::array<int, 2>, 2> wheelRests_{};
 };
 
 } // namespace tablio

@@ -5,6 +5,8 @@
 #include "model/text/number_text.h"
 #include "model/text/utf16.h"
 
+#include <tablio/pixels.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -95,6 +97,29 @@ void Input::scrollTo(int topRow, int leftCol) {
         grid.view.setTopRow(std::clamp(topRow, 0, grid.table.Rows() - 1));
     if (grid.table.Cols() > 0)
         grid.view.setLeftCol(std::clamp(leftCol, 0, grid.table.Cols() - 1));
+}
+
+Dealt Input::wheelTurned(WheelUnit unit, int left, int up) {
+    const Call control(control_);
+    const FlexGrid &grid = control->state.grid;
+    const int topRow = grid.view.TopRow();
+    const bool isPixels = unit == WheelUnit::Pixel;
+    const Twips rowHeight = grid.table.hasCell(topRow, 0) ? grid.table.RowHeight(topRow) : 0;
+    auto &[restLeft, restUp] = wheelRests_[isPixels ? 0 : 1];
+    const auto whole = [](int &rest, int turned, int step) {
+        rest += turned;
+        const int steps = rest / step;
+        rest %= step;
+        return steps;
+    };
+    constexpr int parts = 120;
+    const int cols =
+        whole(restLeft, left, isPixels ? GridTable::defaultColWidth / twipsPerPixel : parts);
+    const int rows = whole(restUp, up, isPixels ? std::max(1, rowHeight / twipsPerPixel) : parts);
+    const bool canScroll = grid.view.maxTopRow() > grid.table.FixedRows() ||
+                           grid.view.maxLeftCol() > grid.table.FixedCols();
+    scrollTo(topRow - rows, grid.view.LeftCol() - cols);
+    return canScroll ? Dealt::Yes : Dealt::No;
 }
 
 void Input::focusEntered() {
