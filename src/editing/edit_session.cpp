@@ -44,6 +44,7 @@ void EditSession::BeginCellEdit(const EditStart &start) {
     LastKey_ = static_cast<std::int16_t>(start.Key);
     editor.open(start, state_.grid.view.cellRect(cell.row, cell.col),
                 cells_.read(cell.row, cell.col));
+    state_.grid.view.invalidateFramed(cell.row, cell.col);
     const bool autoButton =
         !start.Typed && start.Key == static_cast<char32_t>(Key::F10) && !start.NoAutoButton;
     if (autoButton && openEdit() == number)
@@ -68,6 +69,8 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     const EditResult result = edit.editor->result(Accept && edit.accepts);
     const std::string oldText = edit.editor->oldText();
     edit.editor->hide();
+    if (state_.grid.table.hasCell(cell.row, cell.col))
+        state_.grid.view.invalidateFramed(cell.row, cell.col);
     state_.focus.pass(keyboardTo);
     const Standing ended(state_, *this, cell);
     if (result.written && edit.begun.isSameCell())

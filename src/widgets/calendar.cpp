@@ -4,7 +4,9 @@
 
 namespace tablio {
 
-void Calendar::setValue(const Date &value) { set(value_, std::clamp(value, firstDay, lastDay)); }
+void Calendar::setValue(const Date &value) {
+    set(value_, std::clamp(value, firstCellDay, lastCellDay));
+}
 
 bool Calendar::keyDown(KeyCode key, ShiftState shift) {
     const int months = (shift & Shift::Ctrl) != 0 ? 12 : 1;

@@ -11,12 +11,8 @@ class Calendar : public Widget {
 public:
     using Widget::Widget;
 
-    /// The first and the last day that a date cell can hold.
-    static constexpr Date firstDay{1000, 1, 1};
-    static constexpr Date lastDay{9999, 12, 31};
-
     [[nodiscard]] const Date &Value() const noexcept { return value_; }
-    /// A day outside the range becomes its nearest end.
+    /// A day that no cell can hold becomes the nearest one.
     void setValue(const Date &value);
     /// Arrows a day or a week, pages a month or with Ctrl a year, Home and End to the ends of the
     /// month. Answers whether the key is one of those.

@@ -25,7 +25,8 @@ public:
     [[nodiscard]] int indexOf(std::string_view text) const noexcept;
 
     [[nodiscard]] bool DroppedDown() const noexcept { return droppedDown_; }
-    void setDroppedDown(bool dropped) { set(droppedDown_, dropped); }
+    /// A list without items stays closed.
+    void setDroppedDown(bool dropped) { set(droppedDown_, dropped && !items_.empty()); }
 
     /// Moves through the list: arrows and pages, Home and End while it is down; F4 and Alt+Down
     /// open and close it. Any other key is the text field's.

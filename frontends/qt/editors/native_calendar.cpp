@@ -1,15 +1,14 @@
 #include "editors/native_calendar.h"
 
-#include "editors/native_text_box.h"
 #include "widget/guarded.h"
-#include "widget/tablio_widget_p.h"
+#include "widget/surroundings.h"
 
 #include <QCalendarWidget>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QTextCharFormat>
 
-#include <algorithm>
+#include <optional>
 
 namespace tablio::qt {
 
@@ -21,14 +20,14 @@ Date fromQDate(const QDate &date) { return {date.year(), date.month(), date.day(
 
 } // namespace
 
-NativeCalendar::NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent)
-    : QFrame(parent), parts_(parts), calendar_(new QCalendarWidget(this)) {
+NativeCalendar::NativeCalendar(Surroundings &around, QWidget *parent)
+    : QFrame(parent), around_(around), calendar_(new QCalendarWidget(this)) {
     setObjectName(QStringLiteral("qt_picDate"));
     calendar_->setObjectName(QStringLiteral("qt_mvCalender"));
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setAutoFillBackground(true);
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    calendar_->setDateRange(toQDate(Calendar::firstDay), toQDate(Calendar::lastDay));
+    calendar_->setDateRange(toQDate(firstCellDay), toQDate(lastCellDay));
     calendar_->setFocusPolicy(Qt::NoFocus);
     const QList<QWidget *> inner = calendar_->findChildren<QWidget *>();
     for (QWidget *child : inner)
@@ -39,7 +38,7 @@ NativeCalendar::NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent)
         QMetaObject::invokeMethod(
             this,
             [this, edit = edit_, day] {
-                guarded([&] { parts_.input().calendarPicked(edit, fromQDate(day)); });
+                guarded([&] { around_.input().calendarPicked(edit, fromQDate(day)); });
             },
             Qt::QueuedConnection);
     });
@@ -47,31 +46,33 @@ NativeCalendar::NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent)
 }
 
 void NativeCalendar::mirror() {
-    const Widgets &widgets = parts_.state().widgets;
     if (mirroring_)
         return;
     const QScopedValueRollback<bool> quiet(mirroring_, true);
-    if (!widgets.picDate.Visible()) {
+    const Screen &screen = around_.screen();
+    const std::optional<ScreenEditor> editor = screen.editor();
+    ScreenWidget frame = screen.widget(WidgetId::picDate);
+    if (!editor || !frame.isVisible) {
         hide();
         return;
     }
-    edit_ = parts_.openEdit();
-    calendar_->setLocale(parts_.widget.locale());
-    calendar_->setFirstDayOfWeek(parts_.widget.locale().firstDayOfWeek());
+    edit_ = editor->edit;
+    calendar_->setLocale(around_.owner.locale());
+    calendar_->setFirstDayOfWeek(around_.owner.locale().firstDayOfWeek());
     // The style's own header can be white on white in a dark palette.
     QTextCharFormat header;
     header.setBackground(palette().brush(QPalette::Button));
     header.setForeground(palette().brush(QPalette::ButtonText));
     calendar_->setHeaderTextFormat(header);
-    calendar_->setSelectedDate(toQDate(widgets.mvCalender.Value()));
+    calendar_->setSelectedDate(toQDate(screen.calendarDay()));
     const int border = frameWidth();
     const QSize size = calendar_->sizeHint() + QSize(2 * border, 2 * border);
     const QSize twips = size * twipsPerPixel;
-    if (twips != QSize(widgets.picDate.Width(), widgets.picDate.Height()))
-        guarded([&] { parts_.input().calendarSized(twips.width(), twips.height()); });
-    setGeometry(
-        QRect(QPoint(widgets.picDate.Left() / twipsPerPixel, widgets.picDate.Top() / twipsPerPixel),
-              size));
+    if (twips != QSize(frame.place.width, frame.place.height)) {
+        guarded([&] { around_.input().calendarSized(twips.width(), twips.height()); });
+        frame = screen.widget(WidgetId::picDate);
+    }
+    setGeometry({{frame.place.left / twipsPerPixel, frame.place.top / twipsPerPixel}, size});
     calendar_->setGeometry(rect().adjusted(border, border, -border, -border));
     raise();
     show();
@@ -81,13 +82,13 @@ void NativeCalendar::mirror() {
 void NativeCalendar::turnedTo(int year, int month) {
     if (mirroring_)
         return;
-    const Date now = parts_.state().widgets.mvCalender.Value();
-    const Date day{year, month, std::min(now.day, daysInMonth(year, month))};
+    const Date now = around_.screen().calendarDay();
+    const Date day = now.addMonths((year - now.year) * 12 + month - now.month);
     const QPointer<NativeCalendar> alive(this);
-    guarded([&] { parts_.input().calendarMoved(edit_, day); });
+    guarded([&] { around_.input().calendarMoved(edit_, day); });
     // The year is typed into a box of the calendar's own, which gives the keyboard back here.
     if (alive)
-        parts_.textBox->takeFocus();
+        around_.takeKeyboard();
 }
 
 } // namespace tablio::qt

@@ -11,13 +11,13 @@ class QCalendarWidget;
 
 namespace tablio::qt {
 
-class TablioWidgetPrivate;
+class Surroundings;
 
 class NativeCalendar final : public QFrame {
     Q_OBJECT
 
 public:
-    NativeCalendar(TablioWidgetPrivate &parts, QWidget *parent);
+    NativeCalendar(Surroundings &around, QWidget *parent);
 
     /// Shows the core's calendar and its container.
     void mirror();
@@ -25,7 +25,7 @@ public:
 private:
     void turnedTo(int year, int month);
 
-    TablioWidgetPrivate &parts_;
+    Surroundings &around_;
     QCalendarWidget *calendar_;
     /// The edit that is shown.
     EditNumber edit_ = 0;

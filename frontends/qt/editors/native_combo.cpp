@@ -1,10 +1,10 @@
 #include "editors/native_combo.h"
 
+#include "grid/cell_fonts.h"
 #include "widget/guarded.h"
 #include "widget/key_translation.h"
-#include "widget/qt_look.h"
 #include "widget/qt_text.h"
-#include "widget/tablio_widget_p.h"
+#include "widget/surroundings.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>
@@ -13,8 +13,7 @@
 
 namespace tablio::qt {
 
-NativeCombo::NativeCombo(TablioWidgetPrivate &parts, QWidget *frame)
-    : QComboBox(frame), parts_(parts) {
+NativeCombo::NativeCombo(Surroundings &around, QWidget *frame) : QComboBox(frame), around_(around) {
     setObjectName(QStringLiteral("qt_cboEdit"));
     // An editable combo looks like a cell with an arrow; its own field lies under the text box.
     setEditable(true);
@@ -29,7 +28,7 @@ NativeCombo::NativeCombo(TablioWidgetPrivate &parts, QWidget *frame)
         QMetaObject::invokeMethod(
             this,
             [this, edit = edit_, index] {
-                guarded([&] { parts_.input().comboItemChosen(edit, index); });
+                guarded([&] { around_.input().comboItemChosen(edit, index); });
             },
             Qt::QueuedConnection);
     });
@@ -41,60 +40,57 @@ void NativeCombo::mirror() {
     if (mirroring_)
         return;
     const QScopedValueRollback<bool> quiet(mirroring_, true);
-    const Widgets &widgets = parts_.state().widgets;
-    const ComboBox &combo = widgets.cboEdit;
+    const Screen &screen = around_.screen();
+    const std::optional<ScreenEditor> editor = screen.editor();
+    const ScreenWidget box = screen.widget(WidgetId::cboEdit);
     QWidget *frame = parentWidget();
-    if (!combo.Visible() || !widgets.picEdit.Visible()) {
+    if (!editor || !box.isVisible) {
         if (isDown())
             QComboBox::hidePopup();
         frame->hide();
         return;
     }
-    edit_ = parts_.openEdit();
-    const DevicePixels pixels = parts_.pixels();
-    frame->setGeometry(toQRect(pixels.inside(pixels.withoutLines(widgets.picEdit.place()))));
-    setGeometry(toQRect(pixels.around(pixels.rect(combo.place()))));
-    setFont(completedFont(combo.look().Font, parts_.widget));
+    edit_ = editor->edit;
+    const DevicePixels pixels = around_.pixels();
+    frame->setGeometry(toQRect(pixels.inside(pixels.withoutLines(editor->frame))));
+    setGeometry(toQRect(pixels.around(pixels.rect(box.place))));
+    setFont(completedFont(editor->Font, around_.owner));
     view()->setFont(font());
-    mirrorItems();
+    const ScreenList list = screen.list();
+    mirrorItems(list);
     frame->show();
-    if (combo.DroppedDown() && !isDown()) {
+    if (list.isDropped && !isDown())
         QComboBox::showPopup();
-        // Qt shows no list without items.
-        if (!isDown())
-            guarded([this] { parts_.input().comboDropped(edit_, false); });
-    } else if (!combo.DroppedDown() && isDown()) {
+    else if (!list.isDropped && isDown())
         QComboBox::hidePopup();
-    }
     if (isDown())
-        view()->setCurrentIndex(model()->index(combo.ListIndex(), 0));
+        view()->setCurrentIndex(model()->index(list.chosen, 0));
 }
 
-void NativeCombo::mirrorItems() {
-    const ComboBox &combo = parts_.state().widgets.cboEdit;
-    const auto wanted = static_cast<int>(combo.items().size());
+void NativeCombo::mirrorItems(const ScreenList &list) {
+    const auto wanted = static_cast<int>(list.items.size());
     bool isSame = wanted == count();
     for (int item = 0; isSame && item < wanted; ++item)
-        isSame = itemText(item) == toQString(combo.items()[static_cast<std::size_t>(item)]);
+        isSame = itemText(item) == toQString(list.items[static_cast<std::size_t>(item)]);
     if (!isSame) {
         clear();
-        for (const std::string &item : combo.items())
+        for (const std::string &item : list.items)
             addItem(toQString(item));
     }
-    setCurrentIndex(combo.ListIndex());
+    setCurrentIndex(list.chosen);
 }
 
 void NativeCombo::showPopup() {
     QComboBox::showPopup();
     if (!mirroring_)
-        guarded([this] { parts_.input().comboDropped(edit_, isDown()); });
+        guarded([this] { around_.input().comboDropped(edit_, isDown()); });
 }
 
 void NativeCombo::hidePopup() {
     const QPointer<NativeCombo> alive(this);
     QComboBox::hidePopup();
     if (alive && !mirroring_)
-        guarded([this] { parts_.input().comboDropped(edit_, false); });
+        guarded([this] { around_.input().comboDropped(edit_, false); });
 }
 
 /// The list has the native keyboard while it is down; the core goes on deciding what a key does.
@@ -105,11 +101,11 @@ bool NativeCombo::eventFilter(QObject *watched, QEvent *event) {
     const QPointer<NativeCombo> alive(this);
     Dealt dealt = Dealt::No;
     if (stroke.code != 0)
-        guarded([&] { dealt = parts_.input().keyDown(stroke.code, stroke.shift); });
+        guarded([&] { dealt = around_.input().keyDown(stroke.code, stroke.shift); });
     for (const char32_t character : stroke.characters) {
         if (!alive || dealt == Dealt::Yes)
             break;
-        guarded([&] { parts_.input().keyPress(character); });
+        guarded([&] { around_.input().keyPress(character); });
     }
     return true;
 }

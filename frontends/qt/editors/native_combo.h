@@ -4,21 +4,21 @@
 /// list. The text itself is typed into the one native text box, which covers the combo's edit
 /// field, so that no key is lost on a change of focus. Keys that reach the list go to the core.
 
-#include <tablio/types.h>
+#include <tablio/screen.h>
 
 #include <QComboBox>
 #include <QWheelEvent>
 
 namespace tablio::qt {
 
-class TablioWidgetPrivate;
+class Surroundings;
 
 class NativeCombo final : public QComboBox {
     Q_OBJECT
 
 public:
     /// `frame` is the parent that clips the combo's border away.
-    NativeCombo(TablioWidgetPrivate &parts, QWidget *frame);
+    NativeCombo(Surroundings &around, QWidget *frame);
 
     /// Shows the core's combo: place, items, chosen item, list open or closed.
     void mirror();
@@ -32,10 +32,10 @@ protected:
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
 
 private:
-    void mirrorItems();
+    void mirrorItems(const ScreenList &list);
     [[nodiscard]] bool isDown() const;
 
-    TablioWidgetPrivate &parts_;
+    Surroundings &around_;
     /// The edit that is shown.
     EditNumber edit_ = 0;
     bool mirroring_ = false;

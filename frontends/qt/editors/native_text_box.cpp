@@ -1,10 +1,9 @@
 #include "editors/native_text_box.h"
 
-#include "grid/grid_canvas.h"
 #include "widget/guarded.h"
 #include "widget/key_translation.h"
 #include "widget/qt_text.h"
-#include "widget/tablio_widget_p.h"
+#include "widget/surroundings.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -18,8 +17,8 @@
 
 namespace tablio::qt {
 
-NativeTextBox::NativeTextBox(TablioWidgetPrivate &parts, QWidget *frame)
-    : QLineEdit(frame), parts_(parts) {
+NativeTextBox::NativeTextBox(Surroundings &around, QWidget *frame)
+    : QLineEdit(frame), around_(around) {
     setObjectName(QStringLiteral("qt_txtEdit"));
     setFrame(false);
     setFocusPolicy(Qt::StrongFocus);
@@ -35,10 +34,10 @@ NativeTextBox::NativeTextBox(TablioWidgetPrivate &parts, QWidget *frame)
     connect(this, &QLineEdit::cursorPositionChanged, this, report);
 }
 
-bool NativeTextBox::isEditing() const { return shownEditor(parts_.state()).has_value(); }
+bool NativeTextBox::isEditing() const { return around_.screen().editor().has_value(); }
 
 void NativeTextBox::takeFocus() {
-    if (!hasFocus() && parts_.widget.isVisible())
+    if (!hasFocus() && around_.owner.isVisible())
         setFocus(Qt::OtherFocusReason);
 }
 
@@ -69,8 +68,8 @@ bool NativeTextBox::event(QEvent *event) {
         compose(static_cast<QInputMethodEvent &>(*event));
         return true;
     case QEvent::FocusIn:
-        parts_.canvas->showCurrentCell();
-        parts_.enterLater();
+        around_.showCurrentCell();
+        around_.enterLater();
         return QLineEdit::event(event);
     case QEvent::FocusOut:
         focusLeft(static_cast<QFocusEvent &>(*event));
@@ -90,7 +89,7 @@ bool NativeTextBox::event(QEvent *event) {
 
 bool NativeTextBox::wantsKey(const QKeyEvent &event) const {
     const Keystroke stroke = keystroke(event);
-    return parts_.input().wantsKey(stroke.code, stroke.shift, !stroke.characters.empty());
+    return around_.input().wantsKey(stroke.code, stroke.shift, !stroke.characters.empty());
 }
 
 bool NativeTextBox::keyPressed(QKeyEvent &event) {
@@ -100,18 +99,18 @@ bool NativeTextBox::keyPressed(QKeyEvent &event) {
         return true;
     const Keystroke stroke = keystroke(event);
     const QPointer<NativeTextBox> alive(this);
-    parts_.enter();
+    around_.enter();
     if (!alive)
         return true;
     // A key whose handler fails has been dealt with.
     Dealt dealt = stroke.code == 0 ? Dealt::No : Dealt::Yes;
     if (stroke.code != 0)
-        guarded([&] { dealt = parts_.input().keyDown(stroke.code, stroke.shift); });
+        guarded([&] { dealt = around_.input().keyDown(stroke.code, stroke.shift); });
     if (dealt == Dealt::Yes)
         return true;
     for (const char32_t character : stroke.characters) {
         dealt = Dealt::Yes;
-        guarded([&] { dealt = parts_.input().keyPress(character); });
+        guarded([&] { dealt = around_.input().keyPress(character); });
         if (!alive)
             return true;
     }
@@ -133,15 +132,14 @@ bool NativeTextBox::keyPressed(QKeyEvent &event) {
 }
 
 void NativeTextBox::settle() {
-    const std::optional<ShownEditor> editor = shownEditor(parts_.state());
-    if (mirroring_ || !editor)
+    if (mirroring_ || !isEditing())
         return;
     const QString now = text();
     const int caret = cursorPosition();
     const int anchor = !hasSelectedText()          ? caret
                        : selectionStart() == caret ? selectionEnd()
                                                    : selectionStart();
-    guarded([&] { parts_.input().textSettled(edit_, fromQString(now), anchor, caret); });
+    guarded([&] { around_.input().textSettled(edit_, fromQString(now), anchor, caret); });
 }
 
 void NativeTextBox::focusLeft(const QFocusEvent &event) {
@@ -149,7 +147,7 @@ void NativeTextBox::focusLeft(const QFocusEvent &event) {
     const bool stays = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
                        reason == Qt::MenuBarFocusReason ||
                        QApplication::activePopupWidget() != nullptr ||
-                       parts_.widget.isAncestorOf(QApplication::focusWidget());
+                       around_.owner.isAncestorOf(QApplication::focusWidget());
     const QPointer<NativeTextBox> alive(this);
     if (!stays) {
         commitComposition();
@@ -162,17 +160,17 @@ void NativeTextBox::focusLeft(const QFocusEvent &event) {
         QFocusEvent copy(QEvent::FocusOut, reason);
         QLineEdit::event(&copy);
     }
-    parts_.canvas->showCurrentCell();
-    if (!stays && parts_.state().focus.owner())
-        guarded([&] { parts_.input().focusLeft(); });
+    around_.showCurrentCell();
+    if (!stays && around_.input().hasKeyboard())
+        guarded([&] { around_.input().focusLeft(); });
 }
 
 void NativeTextBox::sendKey(KeyCode key, ShiftState shift) {
-    guarded([&] { parts_.input().keyDown(key, shift); });
+    guarded([&] { around_.input().keyDown(key, shift); });
 }
 
 void NativeTextBox::typeText(const QString &text) {
-    guarded([&] { parts_.input().typeText(fromQString(text)); });
+    guarded([&] { around_.input().typeText(fromQString(text)); });
 }
 
 /// The menu of every line edit in Qt's own words, but each entry goes the way of its key: what is

@@ -5,7 +5,7 @@
 /// what the core's editor holds. Only what a platform's box does by itself (composing, mouse
 /// selection, word keys) happens here first and is then reported.
 
-#include "editors/shown_editor.h"
+#include <tablio/screen.h>
 
 #include <QLineEdit>
 #include <QPointer>
@@ -14,14 +14,14 @@
 
 namespace tablio::qt {
 
-class TablioWidgetPrivate;
+class Surroundings;
 
 class NativeTextBox final : public QLineEdit {
     Q_OBJECT
 
 public:
     /// `frame` is the parent that clips the box.
-    NativeTextBox(TablioWidgetPrivate &parts, QWidget *frame);
+    NativeTextBox(Surroundings &around, QWidget *frame);
 
     /// Shows the open editor of the core; without one the box is parked: it keeps the keyboard,
     /// is empty and clipped to nothing.
@@ -58,17 +58,23 @@ private:
     void tellPlace();
     [[nodiscard]] Qt::InputMethodHints cellHints() const;
 
-    void place(const ShownEditor &editor);
-    void setLook(const ShownEditor &editor);
-    void setContent(const ShownEditor &editor);
+    void place(const ScreenEditor &editor);
+    void setLook(const ScreenEditor &editor);
+    void setContent(const ScreenEditor &editor);
     void park();
     void sendKey(KeyCode key, ShiftState shift);
     void typeText(const QString &text);
 
-    TablioWidgetPrivate &parts_;
-    std::optional<EditorLook> look_;
-    /// Where the grid shows that an edit is open, in twips.
-    Rect framed_;
+    struct Look {
+        Colour back;
+        Colour fore;
+        tablio::Font font;
+
+        friend bool operator==(const Look &, const Look &) = default;
+    };
+
+    Surroundings &around_;
+    std::optional<Look> look_;
     /// The edit that the box shows.
     EditNumber edit_ = 0;
     QString preedit_;

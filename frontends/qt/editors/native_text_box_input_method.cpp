@@ -3,11 +3,9 @@
 
 #include "editors/native_text_box.h"
 
-#include "grid/grid_canvas.h"
 #include "widget/guarded.h"
-#include "widget/qt_look.h"
 #include "widget/qt_text.h"
-#include "widget/tablio_widget_p.h"
+#include "widget/surroundings.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -18,7 +16,7 @@ namespace tablio::qt {
 
 void NativeTextBox::compose(const QInputMethodEvent &event) {
     const QPointer<NativeTextBox> alive(this);
-    parts_.enter();
+    around_.enter();
     if (!alive)
         return;
     const QString &commit = event.commitString();
@@ -36,7 +34,7 @@ void NativeTextBox::compose(const QInputMethodEvent &event) {
     }
     if (!preedit.isEmpty() && !isEditing()) {
         Dealt dealt = Dealt::No;
-        guarded([&] { dealt = parts_.input().beginComposition(); });
+        guarded([&] { dealt = around_.input().beginComposition(); });
         if (!alive)
             return;
         if (dealt == Dealt::No || !isEditing()) {
@@ -95,26 +93,27 @@ QVariant NativeTextBox::inputMethodQuery(Qt::InputMethodQuery query) const {
         return static_cast<int>(cellHints());
     // While no edit is open, a composition would begin at the current cell.
     if (query == Qt::ImCursorRectangle && !isEditing()) {
-        const FlexGrid &grid = parts_.state().grid;
-        const CellAddress cell = grid.current();
-        if (grid.table.hasCell(cell.row, cell.col)) {
-            const DevicePixels pixels = parts_.pixels();
+        if (const std::optional<CellAddress> cell = around_.screen().currentCell()) {
+            const DevicePixels pixels = around_.pixels();
             const QRect place =
-                toQRect(pixels.around(pixels.rect(grid.view.cellRect(cell.row, cell.col))));
-            return QRect(mapFrom(parts_.canvas, place.topLeft()), QSize(1, place.height()));
+                toQRect(pixels.around(pixels.rect(around_.screen().cellRect(*cell))));
+            return QRect(mapFrom(parentWidget()->parentWidget(), place.topLeft()),
+                         QSize(1, place.height()));
         }
     }
     return QLineEdit::inputMethodQuery(query);
 }
 
 Qt::InputMethodHints NativeTextBox::cellHints() const {
-    const ControlState &state = parts_.state();
-    const int col = isEditing() ? parts_.control.session.cell().col : state.grid.Col();
-    if (col < 0 || col >= state.grid.table.Cols())
+    const Screen &screen = around_.screen();
+    const std::optional<ScreenEditor> editor = screen.editor();
+    const std::optional<CellAddress> cell = editor ? editor->cell : screen.currentCell();
+    if (!cell)
         return Qt::ImhNone;
-    if (state.columns.isNumeric(col))
+    const CellFacts facts = screen.facts(*cell);
+    if (facts.type == TColumnType::ColumnDecimal || facts.type == TColumnType::ColumnInteger)
         return Qt::ImhFormattedNumbersOnly | Qt::ImhNoPredictiveText;
-    switch (state.columns.ColDataType(col)) {
+    switch (facts.dataType) {
     case TDataType::UpperCase:
         return Qt::ImhPreferUppercase | Qt::ImhNoAutoUppercase;
     case TDataType::LowerCase:

@@ -2,10 +2,9 @@
 
 #include "editors/native_text_box.h"
 
-#include "grid/grid_canvas.h"
-#include "widget/qt_look.h"
+#include "grid/cell_fonts.h"
 #include "widget/qt_text.h"
-#include "widget/tablio_widget_p.h"
+#include "widget/surroundings.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -29,12 +28,12 @@ constexpr int textMargin = 3;
 
 void NativeTextBox::mirror() {
     const QScopedValueRollback<bool> quiet(mirroring_, true);
-    const std::optional<ShownEditor> editor = shownEditor(parts_.state());
+    const std::optional<ScreenEditor> editor = around_.screen().editor();
     if (!editor) {
         park();
         return;
     }
-    edit_ = parts_.openEdit();
+    edit_ = editor->edit;
     place(*editor);
     setLook(*editor);
     // Setting a text would end a composition.
@@ -42,27 +41,15 @@ void NativeTextBox::mirror() {
         setContent(*editor);
 }
 
-void NativeTextBox::place(const ShownEditor &editor) {
-    const DevicePixels pixels = parts_.pixels();
-    const QRect inner = toQRect(pixels.inside(pixels.withoutLines(editor.frame)));
-    // A right-aligned editor reaches to the cell's end, so that its margin alone decides where the
-    // text ends: exactly where the grid paints it.
-    const int width = editor.alignsRight
-                          ? inner.width()
-                          : std::min(inner.width(), editor.place.width / twipsPerPixel);
+void NativeTextBox::place(const ScreenEditor &editor) {
+    const EditorPlace where = around_.screen().placeOf(editor, around_.pixels());
     QWidget *frame = parentWidget();
+    const QRect inner = toQRect(where.frame);
     const bool moved = frame->geometry() != inner;
     frame->setGeometry(inner);
-    if (moved || framed_ != editor.frame) {
-        parts_.canvas->showFramed(framed_);
-        parts_.canvas->showFramed(editor.frame);
-        framed_ = editor.frame;
-    }
-    setGeometry(0, 0, width, inner.height());
-
-    const int covered = parts_.coveredByButtons(inner.x() + width);
+    setGeometry(0, 0, where.width, inner.height());
     const int side = textMargin - ownMargin;
-    const QMargins margins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + covered, 0);
+    const QMargins margins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + where.covered, 0);
     if (textMargins() != margins)
         setTextMargins(margins);
     const Qt::Alignment alignment =
@@ -73,20 +60,20 @@ void NativeTextBox::place(const ShownEditor &editor) {
         tellPlace();
 }
 
-void NativeTextBox::setLook(const ShownEditor &editor) {
-    if (look_ == editor.look)
+void NativeTextBox::setLook(const ScreenEditor &editor) {
+    const Look look{editor.BackColor, editor.ForeColor, editor.Font};
+    if (look_ == look)
         return;
-    look_ = editor.look;
-    setFont(completedFont(editor.look.Font, parts_.widget));
-    const PaletteColours colours = parts_.colours();
-    QPalette palette = parts_.widget.palette();
-    palette.setColor(QPalette::Base, toQColor(colours.of(editor.look.BackColor)));
-    palette.setColor(QPalette::Text,
-                     toQColor(colours.text(editor.look.ForeColor, editor.look.BackColor)));
+    look_ = look;
+    setFont(completedFont(look.font, around_.owner));
+    const PaletteColours colours = around_.colours();
+    QPalette palette = around_.owner.palette();
+    palette.setColor(QPalette::Base, toQColor(colours.of(look.back)));
+    palette.setColor(QPalette::Text, toQColor(colours.text(look.fore, look.back)));
     setPalette(palette);
 }
 
-void NativeTextBox::setContent(const ShownEditor &editor) {
+void NativeTextBox::setContent(const ScreenEditor &editor) {
     const QString wanted = toQString(editor.text);
     if (text() != wanted)
         setText(wanted);
@@ -114,8 +101,6 @@ void NativeTextBox::park() {
     QWidget *frame = parentWidget();
     if (frame->size().isEmpty())
         return;
-    parts_.canvas->showFramed(framed_);
-    framed_ = {};
     frame->setGeometry(0, 0, 0, 0);
     tellPlace();
 }

@@ -1,7 +1,6 @@
 #include "grid/cell_fonts.h"
 
 #include "widget/qt_text.h"
-#include "widget/tablio_widget_p.h"
 
 #include <QTextOption>
 

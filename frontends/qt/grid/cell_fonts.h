@@ -24,6 +24,9 @@ struct CellFont {
     QFontMetrics metrics;
 };
 
+/// What is empty in the font follows the widget's own, in logical size.
+[[nodiscard]] QFont completedFont(const tablio::Font &font, const QWidget &widget);
+
 class CellFonts {
 public:
     /// The fonts are of this scale from now on.

@@ -1,9 +1,8 @@
 #include "widget/qt_face.h"
 
-#include "editors/native_text_box.h"
 #include "grid/grid_canvas.h"
+#include "widget/guarded.h"
 #include "widget/qt_text.h"
-#include "widget/table_menu.h"
 #include "widget/tablio_widget_p.h"
 
 #include <tablio/members.h>
@@ -12,6 +11,7 @@
 #include <QClipboard>
 #include <QDate>
 #include <QLocale>
+#include <QMenu>
 #include <QMessageBox>
 
 #include <map>
@@ -37,7 +37,7 @@ QString nameOf(MemberNumber number) {
 
 void QtFace::shown() { parts_.mirror(); }
 
-void QtFace::takeFocus() { parts_.textBox->takeFocus(); }
+void QtFace::takeFocus() { parts_.takeKeyboard(); }
 
 void QtFace::areaChanged(const Rect &area) { parts_.canvas->showArea(area); }
 
@@ -48,8 +48,24 @@ void QtFace::scrolled() {
 }
 
 void QtFace::popUpMenu(Twips x, Twips y) {
-    const QPoint corner(x / twipsPerPixel, y / twipsPerPixel);
-    showTableMenu(parts_, parts_.canvas->mapToGlobal(corner));
+    auto *menu = new QMenu(&parts_.widget);
+    menu->setObjectName(QStringLiteral("qt_mnuTableMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const ScreenMenuEntry &entry : parts_.screen().menu()) {
+        if (entry.caption.empty()) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction *action = menu->addAction(TablioWidget::tr(std::string(entry.caption).c_str()));
+        action->setEnabled(entry.isEnabled);
+        action->setCheckable(entry.isChecked);
+        action->setChecked(entry.isChecked);
+        QObject::connect(action, &QAction::triggered, &parts_.widget,
+                         [&parts = parts_, name = entry.entry] {
+                             guarded([&] { parts.input().menuChosen(name); });
+                         });
+    }
+    menu->popup(parts_.canvas->mapToGlobal(QPoint(x / twipsPerPixel, y / twipsPerPixel)));
 }
 
 void QtFace::showWarning(std::string_view title, std::string_view text) {

@@ -22,6 +22,9 @@ namespace {
 constexpr QSize largestHint{800, 480};
 constexpr QSize smallestHint{240, 120};
 constexpr int rowsToShow = 3;
+/// Of a column and of a row without a size of their own.
+constexpr Twips usualColWidth = 960;
+constexpr Twips usualRowHeight = 300;
 
 } // namespace
 
@@ -50,6 +53,9 @@ bool TablioWidget::event(QEvent *event) {
         d_->enter();
         return true;
     }
+    // The control shows its own menu when the button is released.
+    if (d_ != nullptr && event->type() == QEvent::ContextMenu && gridPopUpMenu())
+        return true;
     return QWidget::event(event);
 }
 
@@ -85,7 +91,7 @@ void TablioWidget::paintEvent(QPaintEvent * /*event*/) {
     option.initFrom(this);
     style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
     const QRect outline = contentsRect().adjusted(-1, -1, 1, 1);
-    painter.fillRect(outline, d_->colour(d_->state().grid.table.look().GridColorFixed));
+    painter.fillRect(outline, gridColorFixed());
 }
 
 void TablioWidget::resizeEvent(QResizeEvent * /*event*/) { d_->arrange(); }
@@ -96,23 +102,16 @@ void TablioWidget::showEvent(QShowEvent * /*event*/) {
 }
 
 QSize TablioWidget::sizeHint() const {
-    const GridTable &table = d_->state().grid.table;
-    Twips width = 0;
-    for (int col = 0; col < table.Cols(); ++col)
-        width += table.ColWidth(col);
-    Twips height = 0;
-    for (int row = 0; row < table.Rows() && height < largestHint.height() * twipsPerPixel; ++row)
-        height += table.RowHeight(row);
-    const QSize whole =
-        QSize(width / twipsPerPixel + d_->vertical->sizeHint().width(), height / twipsPerPixel + 1)
-            .grownBy(contentsMargins());
+    const Rect table = d_->screen().wholeTable();
+    const QSize whole = QSize(table.width / twipsPerPixel + d_->vertical->sizeHint().width(),
+                              table.height / twipsPerPixel + 1)
+                            .grownBy(contentsMargins());
     return whole.boundedTo(largestHint).expandedTo(smallestHint);
 }
 
 QSize TablioWidget::minimumSizeHint() const {
-    const GridTable &table = d_->state().grid.table;
-    const Twips row = table.Rows() > 0 ? table.RowHeight(0) : GridTable::defaultRowHeight;
-    return {GridTable::defaultColWidth / twipsPerPixel + d_->vertical->sizeHint().width(),
+    const Twips row = rows() > 0 ? headerRowHeight() : usualRowHeight;
+    return {usualColWidth / twipsPerPixel + d_->vertical->sizeHint().width(),
             std::max(rowsToShow * row / twipsPerPixel, d_->vertical->minimumSizeHint().height())};
 }
 

@@ -5,7 +5,6 @@
 #include "editors/native_text_box.h"
 #include "grid/grid_canvas.h"
 #include "widget/guarded.h"
-#include "widget/qt_look.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -17,8 +16,9 @@
 
 namespace tablio::qt {
 
-TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &owner)
-    : widget(owner), face(*this), host(owner), control(core.control()) {
+TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &itself)
+    : Surroundings(itself, core), widget(itself), face(*this), host(itself),
+      control(core.control()) {
     makeChildren();
     fitRowsToFont();
     core.startThemed();
@@ -29,7 +29,7 @@ TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &owner)
         const bool isOurs = now == nullptr || now == &widget || widget.isAncestorOf(now);
         if (isOurs || now->window() != widget.window() || qobject_cast<QMenuBar *>(now) != nullptr)
             return;
-        if (state().focus.owner())
+        if (input().hasKeyboard())
             guarded([this] { input().focusLeft(); });
     });
 }
@@ -68,10 +68,10 @@ void TablioWidgetPrivate::makeChildren() {
         part->hide();
     corner->setAutoFillBackground(true);
     QObject::connect(vertical, &QScrollBar::valueChanged, &widget, [this](int row) {
-        guarded([&] { input().scrollTo(row, state().grid.view.LeftCol()); });
+        guarded([&] { input().scrollTo(row, screen().colRange().position); });
     });
     QObject::connect(horizontal, &QScrollBar::valueChanged, &widget, [this](int col) {
-        guarded([&] { input().scrollTo(state().grid.view.TopRow(), col); });
+        guarded([&] { input().scrollTo(screen().rowRange().position, col); });
     });
 }
 
@@ -86,51 +86,31 @@ QToolButton *TablioWidgetPrivate::makeButton(WidgetId id, const char *name, cons
     return button;
 }
 
-DevicePixels TablioWidgetPrivate::pixels() const {
-    return DevicePixels(widget.devicePixelRatioF());
-}
-
-Palette TablioWidgetPrivate::palette() const {
-    const QPalette::ColorGroup group = !widget.isEnabled()       ? QPalette::Disabled
-                                       : widget.isActiveWindow() ? QPalette::Active
-                                                                 : QPalette::Inactive;
-    return toPalette(widget.palette(), group);
-}
-
-QColor TablioWidgetPrivate::colour(Colour colour) const { return toQColor(colours().of(colour)); }
-
-EditNumber TablioWidgetPrivate::openEdit() const noexcept { return control.session.openEdit(); }
-
 bool TablioWidgetPrivate::hasKeyboard() const { return textBox->hasFocus(); }
 
+void TablioWidgetPrivate::takeKeyboard() { textBox->takeFocus(); }
+
+void TablioWidgetPrivate::commitComposition() { textBox->commitComposition(); }
+
+void TablioWidgetPrivate::showCurrentCell() {
+    if (const std::optional<CellAddress> cell = screen().currentCell())
+        canvas->showArea(screen().cellRect(*cell));
+}
+
 void TablioWidgetPrivate::enter() {
-    if (hasKeyboard() && !state().focus.owner())
+    if (hasKeyboard() && !input().hasKeyboard())
         guarded([this] { input().focusEntered(); });
 }
 
 void TablioWidgetPrivate::enterLater() {
     // The core has asked for the focus itself, or a window comes back to life.
-    if (!state().focus.owner())
+    if (!input().hasKeyboard())
         QCoreApplication::postEvent(&widget, new QEvent(enterEvent()));
 }
 
 QEvent::Type TablioWidgetPrivate::enterEvent() {
     static const int type = QEvent::registerEventType();
     return static_cast<QEvent::Type>(type);
-}
-
-bool TablioWidgetPrivate::rowsFit(Twips height) const {
-    const GridTable &table = state().grid.table;
-    for (int row = 0; row < table.Rows() && height >= 0; ++row)
-        height -= table.RowHeight(row);
-    return height >= 0 || table.Rows() - table.FixedRows() < 2;
-}
-
-bool TablioWidgetPrivate::colsFit(Twips width) const {
-    const GridTable &table = state().grid.table;
-    for (int col = 0; col < table.Cols() && width >= 0; ++col)
-        width -= table.ColWidth(col);
-    return width >= 0 || table.Cols() - table.FixedCols() < 2;
 }
 
 void TablioWidgetPrivate::arrange() {
@@ -141,61 +121,45 @@ void TablioWidgetPrivate::arrange() {
     const QRect room = widget.contentsRect();
     const int breadth = vertical->sizeHint().width();
     const int depth = horizontal->sizeHint().height();
-    bool showHorizontal = !colsFit(room.width() * twipsPerPixel);
-    const int height = room.height() - (showHorizontal ? depth : 0);
-    const bool showVertical = !rowsFit(height * twipsPerPixel);
-    if (showVertical && !showHorizontal)
-        showHorizontal = !colsFit((room.width() - breadth) * twipsPerPixel);
-
-    const QSize inner(std::max(0, room.width() - (showVertical ? breadth : 0)),
-                      std::max(0, room.height() - (showHorizontal ? depth : 0)));
+    const Arrangement grid =
+        screen().arranged(room.width() * twipsPerPixel, room.height() * twipsPerPixel,
+                          breadth * twipsPerPixel, depth * twipsPerPixel);
+    const QSize inner(grid.width / twipsPerPixel, grid.height / twipsPerPixel);
     canvas->setGeometry(QRect(room.topLeft(), inner));
     vertical->setGeometry(room.x() + inner.width(), room.y(), breadth, inner.height());
     horizontal->setGeometry(room.x(), room.y() + inner.height(), inner.width(), depth);
     corner->setGeometry(room.x() + inner.width(), room.y() + inner.height(), breadth, depth);
-    vertical->setVisible(showVertical);
-    horizontal->setVisible(showHorizontal);
-    corner->setVisible(showVertical && showHorizontal);
-    input().resized(inner.width() * twipsPerPixel, inner.height() * twipsPerPixel);
+    vertical->setVisible(grid.hasRowBar);
+    horizontal->setVisible(grid.hasColBar);
+    corner->setVisible(grid.hasRowBar && grid.hasColBar);
+    input().resized(grid.width, grid.height);
     arranging_ = false;
 }
 
 void TablioWidgetPrivate::showScrollPosition() {
-    const FlexGrid &grid = state().grid;
-    const auto show = [](QScrollBar &bar, int from, int to, int page, int value) {
+    const auto show = [](QScrollBar &bar, const ScrollRange &range) {
         const QSignalBlocker quiet(bar);
-        bar.setRange(from, std::max(from, to));
-        bar.setPageStep(std::max(1, page));
-        bar.setValue(value);
+        bar.setRange(range.first, range.last);
+        bar.setPageStep(range.page);
+        bar.setValue(range.position);
     };
-    show(*vertical, grid.table.FixedRows(), grid.view.maxTopRow(), grid.view.pageRows(),
-         grid.view.TopRow());
-    const auto cols = static_cast<int>(grid.view.visibleCols().size());
-    show(*horizontal, grid.table.FixedCols(), grid.view.maxLeftCol(),
-         cols - grid.table.FixedCols() - 1, grid.view.LeftCol());
+    show(*vertical, screen().rowRange());
+    show(*horizontal, screen().colRange());
 }
 
 void TablioWidgetPrivate::showButtons() {
     const DevicePixels dots = pixels();
-    const auto show = [&](QToolButton &button, const PlainWidget &model) {
-        const bool appears = model.Visible() && button.isHidden();
-        if (model.Visible())
-            button.setGeometry(toQRect(dots.inside(dots.withoutLines(model.place()))));
-        button.setVisible(model.Visible());
+    const auto show = [&](QToolButton &button, WidgetId id) {
+        const ScreenWidget model = screen().widget(id);
+        const bool appears = model.isVisible && button.isHidden();
+        if (model.isVisible)
+            button.setGeometry(toQRect(dots.inside(dots.withoutLines(model.place))));
+        button.setVisible(model.isVisible);
         if (appears)
             button.raise();
     };
-    show(*lookupButton, state().widgets.cmdLookup);
-    show(*calendarButton, state().widgets.cmdCalender);
-}
-
-int TablioWidgetPrivate::coveredByButtons(int right) const {
-    int covered = 0;
-    for (const QToolButton *button : {lookupButton, calendarButton}) {
-        if (!button->isHidden())
-            covered = std::max(covered, right - button->geometry().x());
-    }
-    return covered;
+    show(*lookupButton, WidgetId::cmdLookup);
+    show(*calendarButton, WidgetId::cmdCalender);
 }
 
 void TablioWidgetPrivate::mirror() {

@@ -191,6 +191,13 @@ void GridView::invalidateCell(int row, int col) {
         report(cell);
 }
 
+void GridView::invalidateFramed(int row, int col) {
+    // At no scale is a line thicker than two pixels of 1/96 inch.
+    constexpr Twips line = 30;
+    const Rect cell = cellRect(row, col);
+    report({cell.left - line, cell.top - line, cell.width + line, cell.height + line});
+}
+
 void GridView::invalidateAll() { report({0, 0, width_, height_}); }
 
 void GridView::tableChanged() {

@@ -64,6 +64,8 @@ public:
     [[nodiscard]] std::optional<int> columnEdgeAt(Twips x, Twips y, Twips tolerance) const;
 
     void invalidateCell(int row, int col);
+    /// The same with the lines around the cell, which belong to its neighbours.
+    void invalidateFramed(int row, int col);
     void invalidateAll();
     /// The table has other sizes or counts: corrects the scroll position and paints all.
     void tableChanged();
