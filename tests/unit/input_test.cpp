@@ -1,0 +1,112 @@
+/// What a face sends that no scenario does: reports that come too late, a clipboard that comes with
+/// an event, and the question whose key it is.
+
+#include "control/inside.h"
+
+#include <gtest/gtest.h>
+
+namespace tablio {
+namespace {
+
+class ClipboardFace final : public Face {
+public:
+    std::string clipboard = "the platform's";
+    std::string clipboardText() override { return clipboard; }
+    void setClipboardText(std::string_view text) override { clipboard = text; }
+};
+
+class InputTest : public testing::Test {
+protected:
+    InputTest() {
+        table.setFace(&face);
+        table.setRows(5);
+        table.setCols(3);
+        table.setColEditType(1, TColumnType::ColumnCombo);
+        table.setColEditType(2, TColumnType::ColumnDate);
+        table.Show();
+        table.ComboAddItem("Bag");
+        input.focusEntered();
+    }
+
+    EditNumber open(int col) {
+        table.CellFocus(2, col);
+        input.keyDown(Key::F2, Shift::None);
+        return control.session.openEdit();
+    }
+
+    ClipboardFace face;
+    Tablio table;
+    Control &control = Inside::of(table);
+    Input &input = table.input();
+};
+
+TEST_F(InputTest, AReportForAnotherThanTheOpenEditIsDropped) {
+    const EditNumber text = open(0);
+    input.textSettled(text, "kept", 4, 4);
+    EXPECT_EQ(control.state.widgets.txtEdit.Text(), "kept");
+    const EditNumber combo = open(1);
+    input.textSettled(text, "late", 4, 4);
+    EXPECT_EQ(control.state.widgets.cboEdit.Text(), "");
+    const EditNumber date = open(2);
+    input.textSettled(combo, "01/01/2001", 0, 0);
+    input.comboItemChosen(combo, 0);
+    input.comboDropped(combo, true);
+    EXPECT_FALSE(control.state.widgets.cboEdit.DroppedDown());
+    EXPECT_EQ(control.state.widgets.cboEdit.Text(), "");
+    EXPECT_EQ(control.state.widgets.txtDateEdit.Text(), "__/__/____");
+    input.keyDown(Key::F4, Shift::None);
+    const Date shown = control.state.widgets.mvCalender.Value();
+    input.calendarMoved(combo, {2001, 1, 1});
+    input.calendarPicked(combo, {2001, 1, 1});
+    EXPECT_EQ(control.state.widgets.mvCalender.Value(), shown);
+    EXPECT_EQ(control.session.openEdit(), date);
+    input.focusLeft();
+    input.textSettled(0, "nobody's", 0, 0);
+    EXPECT_EQ(table.TextMatrix(2, 0), "kept");
+    EXPECT_EQ(table.TextMatrix(2, 1) + table.TextMatrix(2, 2), "");
+}
+
+TEST_F(InputTest, AClipboardThatComesWithAnEventTakesTheWayOfTheKey) {
+    EXPECT_EQ(input.paste("one\n\ttwo"), Dealt::Yes);
+    EXPECT_EQ(table.TextMatrix(1, 0), "one");
+    EXPECT_EQ(table.TextMatrix(2, 1), "two");
+    EXPECT_EQ(input.copy(), "one");
+    EXPECT_EQ(input.cut(), std::nullopt) << "a cell is not cut";
+    open(0);
+    EXPECT_EQ(input.copy(), std::nullopt) << "nothing is selected";
+    input.paste("four");
+    input.keyDown(Key::Left, Shift::Shift);
+    EXPECT_EQ(input.cut(), "r");
+    input.keyDown(Key::Enter, Shift::None);
+    EXPECT_EQ(table.TextMatrix(2, 0), "fou");
+    EXPECT_EQ(face.clipboard, "the platform's");
+}
+
+TEST_F(InputTest, TakesTheKeysThatItUsesBeforeAShortcutDoes) {
+    const struct {
+        KeyCode key;
+        ShiftState shift;
+        bool onTheGrid;
+        bool inAnEditor;
+    } cases[] = {
+        {Key::Enter, Shift::None, true, true},   {Key::Left, Shift::Ctrl, true, true},
+        {Key::Left, Shift::Alt, false, false},   {Key::Delete, Shift::Shift, true, true},
+        {Key::Escape, Shift::None, false, true}, {Key::Back, Shift::None, false, true},
+        {Key::F2, Shift::None, true, true},      {Key::F2, Shift::Ctrl, false, false},
+        {Key::V, Shift::Ctrl, true, true},       {Key::Z, Shift::Ctrl, false, true},
+        {'S', Shift::Ctrl, false, false},        {Key::F4, Shift::None, false, false},
+    };
+    for (const bool isEditing : {false, true}) {
+        EXPECT_EQ(isEditing, isEditing ? open(0) != 0 : control.session.isOpen());
+        for (const auto &each : cases) {
+            EXPECT_EQ(input.wantsKey(each.key, each.shift, false),
+                      isEditing ? each.inAnEditor : each.onTheGrid)
+                << each.key << " with " << each.shift << (isEditing ? ", editing" : "");
+        }
+        EXPECT_TRUE(input.wantsKey('S', Shift::None, true)) << "a letter is typed";
+        EXPECT_TRUE(input.wantsKey(Key::C, Shift::None, true));
+    }
+}
+
+} // namespace
+} // namespace tablio
