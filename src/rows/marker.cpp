@@ -23,7 +23,7 @@ void Marker::toggle() {
         if (isMarked())
             restore();
         else
-            mark(entered.row);
+            mark(state_.cursor.CurrentRow());
         if (state_.grid.table.hasCell(entered.row, entered.col)) {
             state_.grid.setCol(entered.col);
             if (state_.grid.table.hasCell(entered.row, state_.grid.Col()))

@@ -37,8 +37,6 @@ public:
 
     [[nodiscard]] bool Visible() const noexcept { return visible_; }
     void setVisible(bool visible) { set(visible_, visible); }
-    [[nodiscard]] bool Enabled() const noexcept { return enabled_; }
-    void setEnabled(bool enabled) { set(enabled_, enabled); }
 
     /// A text that the control keeps with the widget: an editor's is the cell's old text.
     [[nodiscard]] const std::string &Tag() const noexcept { return tag_; }
@@ -61,7 +59,6 @@ private:
     Rect place_;
     std::string tag_;
     bool visible_ = false;
-    bool enabled_ = true;
 };
 
 /// A clipping frame, or a push button.

@@ -64,8 +64,6 @@ Colour FlexGrid::CellForeColor() const { return foreColorOf(current_.row, curren
 
 Font FlexGrid::CellFont() const { return fontOf(current_.row, current_.col); }
 
-int FlexGrid::CellAlignment() const { return alignmentOf(current_.row, current_.col); }
-
 void FlexGrid::changeCellStyle(const std::function<void(CellStyle &)> &change) {
     CellStyle style = table.cellStyle(current_.row, current_.col);
     change(style);
@@ -118,7 +116,5 @@ void FlexGrid::looksChanged() { view.invalidateAll(); }
 void FlexGrid::areaChanged(const Rect &area) { events_.gridAreaChanged(area); }
 
 void FlexGrid::scrolled() { events_.gridScroll(); }
-
-Rect FlexGrid::currentRect() const { return view.cellRect(current_.row, current_.col); }
 
 } // namespace tablio

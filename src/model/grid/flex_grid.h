@@ -50,16 +50,10 @@ public:
     [[nodiscard]] std::string_view Text() const;
     void setText(std::string_view text);
 
-    [[nodiscard]] Twips CellLeft() const { return currentRect().left; }
-    [[nodiscard]] Twips CellTop() const { return currentRect().top; }
-    [[nodiscard]] Twips CellWidth() const { return currentRect().width; }
-    [[nodiscard]] Twips CellHeight() const { return currentRect().height; }
-
     /// The look of the current cell as it is seen: its own, or where it has none the grid's.
     [[nodiscard]] Colour CellBackColor() const;
     [[nodiscard]] Colour CellForeColor() const;
     [[nodiscard]] Font CellFont() const;
-    [[nodiscard]] int CellAlignment() const;
     /// Changes the current cell's own look.
     void changeCellStyle(const std::function<void(CellStyle &)> &change);
 
@@ -77,7 +71,6 @@ private:
     void areaChanged(const Rect &area) override;
     void scrolled() override;
     void moveTo(CellAddress cell);
-    [[nodiscard]] Rect currentRect() const;
 
     FlexGridEvents &events_;
     CellAddress current_{1, 0};

@@ -146,12 +146,6 @@ void Decimal::dropTrailingZeros() {
     }
 }
 
-Decimal Decimal::negated() const {
-    Decimal result = *this;
-    result.negative_ = !negative_ && !isZero();
-    return result;
-}
-
 int Decimal::leadingPower() const noexcept {
     return isZero() ? -1 : exponent_ + static_cast<int>(digits_.size()) - 1;
 }

@@ -29,7 +29,6 @@ public:
     /// False for zero: there is no negative zero.
     bool isNegative() const noexcept { return negative_; }
 
-    Decimal negated() const;
     /// Half away from zero after `places` digits of the fraction; negative: to tens, hundreds …
     Decimal rounded(int places) const;
     /// The number times 10 to the power `power`.
