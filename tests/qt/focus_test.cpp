@@ -34,15 +34,6 @@ TEST(Focus, ComingInIsNews) {
     EXPECT_EQ(entered, 1);
 }
 
-TEST(Focus, AMethodTakesIt) {
-    GridWindow w;
-    w.after->setFocus();
-    w.grid->focusCell(4, 2);
-    EXPECT_TRUE(w.box()->hasFocus());
-    w.type("8\n");
-    EXPECT_EQ(w.cell(4, 2), "8.00");
-}
-
 TEST(Focus, APopUpAndAnotherWindowLeaveTheEditOpen) {
     GridWindow w;
     w.type("ab");

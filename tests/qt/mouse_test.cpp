@@ -78,12 +78,7 @@ TEST(Mouse, TheMenuIsShownWithoutWaiting) {
     for (const QAction *action : menu->actions())
         captions << (action->isSeparator() ? "-" : action->isEnabled() ? action->text() : "");
     EXPECT_EQ(captions, (QStringList{"&Mark Row", "-", "&Add Row", "", "", "-", "Table &Clear"}));
-    const int rows = w.grid->rows();
-    menu->actions().at(2)->trigger();
-    menu->actions().at(6)->trigger();
     menu->close();
-    EXPECT_EQ(w.grid->rows(), rows + 1);
-    EXPECT_EQ(w.cell(2, 0), "");
     w.grid->setGridPopUpMenu(false);
     w.click(2, 0, Qt::RightButton);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);

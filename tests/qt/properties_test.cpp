@@ -1,4 +1,5 @@
-/// The widget as Qt's own tools see it: properties, enumerations, invokable methods, size hints.
+/// The widget as Qt's own tools see it: properties, enumerations, size hints. Its methods the
+/// scenarios invoke by name.
 
 #include "grid_window.h"
 
@@ -54,40 +55,6 @@ TEST(Properties, EveryTextIsReadAsItWasWritten) {
     EXPECT_TRUE(grid.textMatrix(1, 0).endsWith(u'x')) << "half a character harms no other";
 }
 
-TEST(Properties, MethodsReachTheRightCellsAndRows) {
-    TablioWidget grid;
-    grid.setCols(3);
-    grid.setRows(6);
-    grid.setCheckBoxes(1);
-    grid.setTextMatrix(2, 0, "Bolt");
-    grid.setTextMatrix(4, 0, " bolt ");
-    EXPECT_EQ(grid.findDuplicatePrimaryColumn(2), 4);
-    EXPECT_EQ(grid.dataCount(), 4);
-    grid.check(4, true);
-    EXPECT_TRUE(grid.checked(4));
-    EXPECT_FALSE(grid.checked(2));
-    grid.setColEditType(1, TablioWidget::ColumnCombo);
-    grid.setTextMatrix(2, 1, "kg");
-    grid.comboAddItem("m");
-    grid.comboAddItem("kg");
-    EXPECT_EQ(grid.listIndex(2, 1), 1);
-    grid.setCellForeColor(3, 1, QColor(200, 0, 0));
-    grid.setCellFontBold(3, 1, true);
-    grid.setCellFontSize(3, 1, 14);
-    EXPECT_EQ(grid.cellForeColor(3, 1), QColor(200, 0, 0));
-    EXPECT_TRUE(grid.cellFontBold(3, 1));
-    EXPECT_EQ(grid.cellFontSize(3, 1), 14);
-    EXPECT_FALSE(grid.cellFontItalic(3, 1));
-    grid.focusCell(2, 0);
-    grid.markActiveRow();
-    EXPECT_EQ(grid.markRow(), 2);
-    grid.removeRow(2);
-    EXPECT_FALSE(grid.markStatus());
-    EXPECT_EQ(grid.textMatrix(3, 0), " bolt ");
-    grid.resetRow(3);
-    EXPECT_EQ(grid.dataCount(), 0);
-}
-
 TEST(Properties, EnumerationsHaveTheCoresValues) {
     const QMetaObject &meta = TablioWidget::staticMetaObject;
     for (const tablio::Enumeration &enumeration : tablio::enumerations()) {
@@ -98,21 +65,6 @@ TEST(Properties, EnumerationsHaveTheCoresValues) {
             EXPECT_EQ(found, member.value) << member.name;
         }
     }
-}
-
-TEST(Properties, MethodsAreInvokedByName) {
-    TablioWidget grid;
-    grid.setCols(3);
-    EXPECT_TRUE(QMetaObject::invokeMethod(
-        &grid, "setColEditType", Q_ARG(int, 1),
-        Q_ARG(tablio::qt::TablioWidget::ColumnType, TablioWidget::ColumnDecimal)));
-    EXPECT_EQ(grid.colEditType(1), TablioWidget::ColumnDecimal);
-    EXPECT_TRUE(QMetaObject::invokeMethod(&grid, "setTextMatrix", Q_ARG(int, 1), Q_ARG(int, 1),
-                                          Q_ARG(QString, "1.5")));
-    QString text;
-    EXPECT_TRUE(QMetaObject::invokeMethod(&grid, "textMatrix", Q_RETURN_ARG(QString, text),
-                                          Q_ARG(int, 1), Q_ARG(int, 1)));
-    EXPECT_EQ(text, "1.5");
 }
 
 TEST(Properties, TagsKeepWhateverAHostPutsIn) {

@@ -1,5 +1,5 @@
-/// The keyboard: cells typed as a user and a scanner type them, keys of the native box, keys that
-/// belong to the host, and slots that have a say.
+/// The keyboard, beside what the scenarios type: a scanner, what the native box does by itself,
+/// keys that belong to the host.
 
 #include "grid_window.h"
 
@@ -41,23 +41,6 @@ TEST(Typing, AScannerLosesNoKey) {
     EXPECT_EQ(w.cursor(), "21,0");
 }
 
-TEST(Typing, TheNativeBoxShowsWhatTheEditorHolds) {
-    GridWindow w;
-    w.type("word");
-    const QRect place = w.place(1, 0);
-    const QRect frame(w.box()->parentWidget()->mapTo(&w.window, QPoint(0, 0)),
-                      w.box()->parentWidget()->size());
-    EXPECT_EQ(frame, place.adjusted(0, 0, -1, -1)) << "inside the lines of its cell";
-    EXPECT_EQ(w.box()->cursorPosition(), 4);
-    w.key(Qt::Key_Home, Qt::ShiftModifier);
-    EXPECT_EQ(w.box()->selectedText(), "word");
-    w.key(Qt::Key_Escape);
-    EXPECT_EQ(w.cell(1, 0), "");
-    EXPECT_TRUE(w.box()->text().isEmpty());
-    EXPECT_TRUE(w.box()->parentWidget()->size().isEmpty());
-    EXPECT_TRUE(w.box()->hasFocus());
-}
-
 TEST(Typing, WhatTheBoxDoesByItselfReachesTheEditor) {
     GridWindow w;
     w.type("one two");
@@ -90,16 +73,6 @@ TEST(Typing, PastedFromTheMenuObeysTheColumn) {
     }
 }
 
-TEST(Typing, ClipboardKeysReachTheDesktopsClipboard) {
-    GridWindow w;
-    w.grid->setTextMatrix(1, 0, "Bolt");
-    w.key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Bolt");
-    QGuiApplication::clipboard()->setText("Nut");
-    w.key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(w.box()->text(), "Nut");
-}
-
 TEST(Typing, KeysOfTheHostStayTheHosts) {
     GridWindow w;
     int saved = 0;
@@ -127,55 +100,10 @@ TEST(Typing, KeysOfTheHostStayTheHosts) {
 
 TEST(Typing, PunctuationIsNoCursorKey) {
     GridWindow w;
-    QList<int> codes;
-    QObject::connect(w.grid, &TablioWidget::tableKeyDown,
-                     [&](int &keyCode, int &, int &, int &) { codes << keyCode; });
-    for (const char character : {'.', '\'', '(', '&', '%', '#', '-'}) {
-        w.type(QString(QLatin1Char(character)));
-        EXPECT_EQ(w.box()->text(), QString(QLatin1Char(character)));
-        w.key(Qt::Key_Escape);
-    }
-    EXPECT_EQ(w.cursor(), "1,0");
-    for (const int code : codes)
-        EXPECT_TRUE(code > 185 && code < 232) << code;
-}
-
-TEST(Typing, ACommaLocaleAndTheKeypad) {
-    GridWindow w;
-    w.grid->setLocale(QLocale(QLocale::German, QLocale::Germany));
-    w.key(Qt::Key_Right);
-    w.key(Qt::Key_Right);
-    w.type("1234");
-    QTest::keyClick(w.window.windowHandle(), Qt::Key_Period, Qt::KeypadModifier);
-    w.type("5");
-    EXPECT_EQ(w.box()->text(), "1.234,5");
-    w.type("\n");
-    EXPECT_EQ(w.cell(1, 2), "1.234,50");
-}
-
-TEST(Typing, SlotsVetoAndChange) {
-    GridWindow w;
-    QObject::connect(w.grid, &TablioWidget::editPreValidation,
-                     [](int &, int &col, bool &cancel) { cancel = col == 1; });
-    QObject::connect(w.grid, &TablioWidget::cellKeyPress, [](int &, int &, int &keyAscii) {
-        keyAscii = keyAscii == '-' ? '/' : keyAscii;
+    QObject::connect(w.grid, &TablioWidget::tableKeyDown, [&](int &keyCode, int &, int &, int &) {
+        EXPECT_TRUE(keyCode > 185 && keyCode < 232) << keyCode;
     });
-    QObject::connect(w.grid, &TablioWidget::editPostValidation,
-                     [](int &, int &, bool &valid, QString &, QString &newData, int &) {
-                         valid = newData != "no";
-                     });
-    QObject::connect(w.grid, &TablioWidget::tableKeyDown, [](int &keyCode, int &, int &, int &) {
-        if (keyCode == Qt::Key_Q)
-            keyCode = 0;
-    });
-    w.type("a-b\n");
-    EXPECT_EQ(w.cell(1, 0), "a/b");
-    w.type("5");
-    EXPECT_EQ(w.cursor(), "1,1") << "vetoed";
-    w.key(Qt::Key_Left);
-    w.type("no\n");
-    EXPECT_EQ(w.cell(1, 0), "a/b") << "refused afterwards";
-    w.key(Qt::Key_Left);
-    w.type("q");
-    EXPECT_EQ(w.cursor(), "1,0") << "swallowed with its character";
+    w.type(".'(&%#-");
+    EXPECT_EQ(w.box()->text(), ".'(&%#-");
+    EXPECT_EQ(w.cursor(), "1,0!");
 }
