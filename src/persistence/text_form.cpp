@@ -54,7 +54,7 @@ template <typename Number> bool isReadAs(const std::string &text, Number number)
 template <typename Number> std::string shortest(Number number) {
     for (int digits = std::numeric_limits<Number>::digits10;
          digits <= std::numeric_limits<Number>::max_digits10 && number != 0; ++digits) {
-        const std::string text = textOfDouble(number, digits, 'e');
+        std::string text = textOfDouble(number, digits, 'e');
         if (isReadAs(text, number))
             return text;
     }
