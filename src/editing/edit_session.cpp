@@ -69,8 +69,7 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     const EditResult result = edit.editor->result(Accept && edit.accepts);
     const std::string oldText = edit.editor->oldText();
     edit.editor->hide();
-    if (state_.grid.table.hasCell(cell.row, cell.col))
-        state_.grid.view.invalidateFramed(cell.row, cell.col);
+    state_.grid.view.invalidateFramed(cell.row, cell.col);
     state_.focus.pass(keyboardTo);
     const Standing ended(state_, *this, cell);
     if (result.written && edit.begun.isSameCell())

@@ -194,6 +194,8 @@ void GridView::invalidateCell(int row, int col) {
 void GridView::invalidateFramed(int row, int col) {
     // At no scale is a line thicker than two pixels of 1/96 inch.
     constexpr Twips line = 30;
+    if (!table_.hasCell(row, col))
+        return;
     const Rect cell = cellRect(row, col);
     report({cell.left - line, cell.top - line, cell.width + line, cell.height + line});
 }
