@@ -1,7 +1,5 @@
 #include <tablio/testing/driver.h>
 
-#include "inside.h"
-
 #include <tablio/members.h>
 
 #include <variant>
@@ -41,7 +39,5 @@ Value Driver::readMember(std::string_view name, const Values &index) {
         return std::get<std::string>(core()->CellTag()->Text(index[0].toLong(), index[1].toLong()));
     return member.read(*core(), index);
 }
-
-EditNumber Driver::openEdit() { return openEditOf(*core()); }
 
 } // namespace tablio::scenario

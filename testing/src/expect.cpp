@@ -1,6 +1,5 @@
 /// The steps that begin with "expect".
 
-#include "inside.h"
 #include "members.h"
 #include "stage.h"
 
@@ -35,7 +34,7 @@ std::string listed(std::span<const std::string> lines) {
 /// "cell ROW COL", as its rectangle.
 Rect cellNamed(Stage &stage, Words &words) {
     words.require("cell");
-    return placeOf(stage.core(), words.cell());
+    return stage.screen().cellRect(words.cell());
 }
 
 void expectCell(Stage &stage, Words &words, const Line &line) {
@@ -43,7 +42,7 @@ void expectCell(Stage &stage, Words &words, const Line &line) {
     do {
         if (words.take("shows")) {
             stage.check(line, "shown", inQuotes(words.text()),
-                        inQuotes(shownText(stage.core(), cell)));
+                        inQuotes(stage.screen().facts(cell).text));
         } else {
             words.require("reads");
             const Value read = stage.driver.readMember("TextMatrix", {cell.row, cell.col});
@@ -53,17 +52,27 @@ void expectCell(Stage &stage, Words &words, const Line &line) {
 }
 
 /// The text with | for the caret or [ ] around the selection.
-std::string pictureOf(const OpenEditor &editor) {
-    std::string text = editor.text;
-    const std::size_t from = utf16::byteOffset(text, editor.selStart);
-    const std::size_t to = utf16::byteOffset(text, editor.selStart + editor.selLength);
+std::string pictureOf(const ScreenEditor &editor) {
+    std::string text(editor.text);
+    const auto [first, last] = std::minmax(editor.anchor, editor.caret);
+    const std::size_t from = utf16::byteOffset(text, first);
+    const std::size_t to = utf16::byteOffset(text, last);
     if (from == to)
         return text.insert(from, "|");
     return text.insert(to, "]").insert(from, "[");
 }
 
+/// Of the editor that is open.
+std::string_view tagOf(const Screen &screen) {
+    for (const WidgetId id : {WidgetId::txtEdit, WidgetId::cboEdit, WidgetId::txtDateEdit}) {
+        if (const ScreenWidget box = screen.widget(id); box.isVisible)
+            return box.tag;
+    }
+    return {};
+}
+
 void expectEditor(Stage &stage, Words &words, const Line &line) {
-    const std::optional<OpenEditor> editor = editorOf(stage.core());
+    const std::optional<ScreenEditor> editor = stage.screen().editor();
     if (words.take("closed")) {
         if (editor)
             stage.fail(line, "the editor is open and shows " + inQuotes(pictureOf(*editor)));
@@ -78,16 +87,16 @@ void expectEditor(Stage &stage, Words &words, const Line &line) {
         if (words.take("shows")) {
             stage.check(line, "editor", inQuotes(words.text()), inQuotes(pictureOf(*editor)));
         } else if (words.take("over")) {
-            stage.check(line, "place", textOf(cellNamed(stage, words)), textOf(editor->place));
+            stage.check(line, "place", textOf(cellNamed(stage, words)), textOf(editor->frame));
         } else if (words.take("tag")) {
-            stage.check(line, "Tag", inQuotes(words.text()), inQuotes(editor->tag));
+            stage.check(line, "Tag", inQuotes(words.text()), inQuotes(tagOf(stage.screen())));
         } else if (words.take("max")) {
             stage.check(line, "MaxLength", std::to_string(words.number("a length")),
                         std::to_string(editor->maxLength));
         } else {
             words.require("align");
             stage.check(line, "alignment", words.next("left or right").text,
-                        editor->isRightAligned ? "right" : "left");
+                        editor->alignsRight ? "right" : "left");
         }
     } while (!words.atEnd());
 }
@@ -163,7 +172,8 @@ void expectMenu(Stage &stage, Words &words, const Line &line) {
                     found ? textOf(CellAddress{found->first, found->second}) : "no menu");
         return;
     }
-    const EntryView entry = entryOf(stage.core(), words.next<MenuEntry>("a menu entry"));
+    const auto wanted = words.next<MenuEntry>("a menu entry");
+    const ScreenMenuEntry entry = stage.screen().menu().at(static_cast<std::size_t>(wanted));
     do {
         const std::string expected = words.next("a state").text;
         const char *const enabled = entry.isEnabled ? "enabled" : "disabled";
@@ -175,14 +185,14 @@ void expectMenu(Stage &stage, Words &words, const Line &line) {
 using Picture = std::vector<std::vector<std::string>>;
 
 /// The rows of cells as they are shown, header first, the cursor's cell in [ ].
-Picture pictureOf(Tablio &core) {
-    Picture rows(static_cast<std::size_t>(core.Rows()));
-    for (CellAddress cell; cell.row < core.Rows(); ++cell.row) {
-        for (cell.col = 0; cell.col < core.Cols(); ++cell.col) {
-            const std::string text = shownText(core, cell);
-            rows[static_cast<std::size_t>(cell.row)].push_back(
-                cell == cursorOf(core) ? "[" + text + "]" : text);
+Picture pictureOf(Stage &stage) {
+    Picture rows(static_cast<std::size_t>(stage.core().Rows()));
+    for (CellAddress cell; std::vector<std::string> & row : rows) {
+        for (cell.col = 0; cell.col < stage.core().Cols(); ++cell.col) {
+            const std::string text(stage.screen().facts(cell).text);
+            row.push_back(cell == stage.screen().currentCell() ? "[" + text + "]" : text);
         }
+        ++cell.row;
     }
     return rows;
 }
@@ -202,13 +212,14 @@ void expectTable(Stage &stage, Words & /*words*/, const Line &line) {
     Picture expected;
     for (const Line &row : line.block)
         expected.push_back(cellsOf(row.text));
-    const Picture found = pictureOf(stage.core());
+    const Picture found = pictureOf(stage);
     if (expected != found)
         stage.fail(line, "expected:" + drawn(expected) + "\n    found:" + drawn(found));
 }
 
 void expectWidget(Stage &stage, Words &words, const Line &line) {
-    const auto [place, isVisible] = widgetOf(stage.core(), words.next<WidgetId>("a widget"));
+    const ScreenWidget widget = stage.screen().widget(words.next<WidgetId>("a widget"));
+    const Rect &place = widget.place;
     do {
         if (words.take("at")) {
             std::string expected = words.next("left").text;
@@ -224,13 +235,13 @@ void expectWidget(Stage &stage, Words &words, const Line &line) {
         } else if (words.take("inside")) {
             words.require("the");
             words.require("control");
-            const Rect area = areaOf(stage.core());
+            const Rect area = stage.screen().widget(WidgetId::Grid).place;
             const bool isInside = place.left >= 0 && place.top >= 0 &&
                                   place.right() <= area.right() && place.bottom() <= area.bottom();
             stage.check(line, "inside", "True", isInside ? "True" : "False");
         } else {
             stage.check(line, "widget", words.next("\"at\", \"visible\" or \"hidden\"").text,
-                        isVisible ? "visible" : "hidden");
+                        widget.isVisible ? "visible" : "hidden");
         }
     } while (!words.atEnd());
 }
@@ -243,10 +254,14 @@ struct Fact {
 };
 
 constexpr Fact facts[] = {
-    {"cursor", "at", [](Stage &stage) { return textOf(cursorOf(stage.core())); }},
+    {"cursor", "at",
+     [](Stage &stage) {
+         const std::optional<CellAddress> cell = stage.screen().currentCell();
+         return cell ? textOf(*cell) : std::string("nowhere");
+     }},
     {"focus", "on",
      [](Stage &stage) {
-         const std::optional<WidgetId> owner = focusOf(stage.core());
+         const std::optional<WidgetId> owner = stage.screen().focusOwner();
          return owner ? shown(*owner) : std::string("nobody");
      }},
     {"key", "preview",

@@ -1,6 +1,5 @@
 #include <tablio/testing/player.h>
 
-#include "inside.h"
 #include "members.h"
 #include "stage.h"
 
@@ -76,7 +75,7 @@ void StepPlay::read() {
         behind_.insert(behind_.begin(), {"cursor"});
     } else if (takeBehind(tokens, "writes", 1, behind_) ||
                takeBehind(tokens, "writes", 3, behind_)) {
-        const CellAddress cell = cursorOf(stage_.core());
+        const CellAddress cell = stage_.screen().currentCell().value_or(CellAddress{});
         behind_.insert(
             behind_.begin(),
             {{"cell"}, {std::to_string(cell.row)}, {std::to_string(cell.col)}, {"shows"}});

@@ -23,8 +23,9 @@ public:
     ScenarioHost host;
     std::vector<Failure> failures;
 
-    /// Throws ScriptError while there is no control.
+    /// Throw ScriptError while there is no control.
     [[nodiscard]] Tablio &core() const;
+    [[nodiscard]] const Screen &screen() const { return core().screen(); }
 
     /// What has been raised and told so far is nobody's business.
     void forgetAll();

@@ -1,6 +1,5 @@
 /// The steps that do something. What a scenario expects stands in expect.cpp.
 
-#include "inside.h"
 #include "members.h"
 #include "stage.h"
 
@@ -155,12 +154,14 @@ Point pointOf(Stage &stage, Words &words) {
     }
     words.require("cell");
     const CellAddress cell = words.cell();
-    const Rect place = placeOf(stage.core(), cell);
+    const Screen &screen = stage.screen();
+    const Rect place = screen.cellRect(cell);
     const Point middle{place.left + place.width / 2, place.top + place.height / 2};
-    if (cellAt(stage.core(), middle.x, middle.y) != cell)
+    if (screen.cellAt(middle.x, middle.y) != cell ||
+        !screen.widget(WidgetId::Grid).place.contains(middle.x, middle.y))
         throw ScriptError("the cell is not in view");
-    const std::optional<OpenEditor> editor = editorOf(stage.core());
-    if (editor && editor->place.contains(middle.x, middle.y))
+    const std::optional<ScreenEditor> editor = screen.editor();
+    if (editor && editor->frame.contains(middle.x, middle.y))
         throw ScriptError("the editor lies over the cell");
     return middle;
 }
@@ -190,7 +191,7 @@ Actions doubleClick(Stage &stage, Words &words, const Line & /*line*/) {
 Actions drag(Stage &stage, Words &words, const Line & /*line*/) {
     for (const char *const word : {"border", "of", "column"})
         words.require(word);
-    const Rect header = placeOf(stage.core(), {0, words.number("a column")});
+    const Rect header = stage.screen().cellRect({0, words.number("a column")});
     words.require("by");
     const Twips distance = words.number("a distance");
     const Point from{header.right(), header.top + header.height / 2};
@@ -207,14 +208,14 @@ Actions scroll(Stage &stage, Words &words, const Line & /*line*/) {
     if (!isRow)
         words.require("column");
     const int index = words.number("a row or column");
-    const auto other = insideValue(stage.core(), isRow ? "LeftCol" : "TopRow");
-    const int kept = other->second.toLong();
+    const Screen &screen = stage.screen();
+    const int kept = (isRow ? screen.colRange() : screen.rowRange()).position;
     return {[=](Driver &driver) { driver.scrollTo(isRow ? index : kept, isRow ? kept : index); }};
 }
 
 Actions push(Stage &stage, Words &words, const Line & /*line*/) {
     const auto button = words.next<WidgetId>("a button");
-    if (!widgetOf(stage.core(), button).isVisible)
+    if (!stage.screen().widget(button).isVisible)
         throw ScriptError("the button is not to be seen");
     return {[=](Driver &driver) { driver.pushButton(button); }};
 }
@@ -229,7 +230,7 @@ Actions choose(Stage & /*stage*/, Words &words, const Line & /*line*/) {
 }
 
 Actions pick(Stage &stage, Words &words, const Line & /*line*/) {
-    if (!widgetOf(stage.core(), WidgetId::mvCalender).isVisible)
+    if (!stage.screen().widget(WidgetId::mvCalender).isVisible)
         throw ScriptError("the calendar is not to be seen");
     const Date day = words.next<Date>("a day");
     return {[=](Driver &driver) { driver.pickDay(day); }};

@@ -1,7 +1,5 @@
 #include "qt_runner/native_check.h"
 
-#include "control/inside.h"
-
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCalendarWidget>
@@ -12,68 +10,51 @@
 
 namespace tablio::scenario {
 
-namespace {
-
-QString pictureOf(const QString &text, int selStart, int selLength) {
-    return QStringLiteral("\"%1\" %2+%3").arg(text).arg(selStart).arg(selLength);
-}
-
-/// The open editor's text and selection, of whatever kind it is.
-QString pictureOf(const Widgets &widgets) {
-    const auto picture = [](const auto &box) {
-        return pictureOf(QString::fromStdString(box.Text()), box.SelStart(), box.SelLength());
-    };
-    return widgets.txtEdit.Visible()       ? picture(widgets.txtEdit)
-           : widgets.cboEdit.Visible()     ? picture(widgets.cboEdit)
-           : widgets.txtDateEdit.Visible() ? picture(widgets.txtDateEdit)
-                                           : QString();
-}
-
-} // namespace
-
 std::string nativeDifference(qt::TablioWidget &widget) {
-    const ControlState &state = Inside::of(widget.core()).state;
-    const Widgets &widgets = state.widgets;
+    const Screen &screen = widget.core().screen();
     QString differences;
     const auto compare = [&](const char *what, const QVariant &control, const QVariant &native) {
         if (control != native)
             differences += QStringLiteral("%1: the control has %2, the native widget %3; ")
                                .arg(what, control.toString(), native.toString());
     };
+    const auto isShown = [&](WidgetId id) { return screen.widget(id).isVisible; };
+
     const auto *box = widget.findChild<QLineEdit *>(QStringLiteral("qt_txtEdit"));
-    const bool isOpen = !box->parentWidget()->size().isEmpty();
-    compare("the editor", pictureOf(widgets),
-            isOpen
-                ? pictureOf(box->text(),
-                            box->hasSelectedText() ? box->selectionStart() : box->cursorPosition(),
-                            static_cast<int>(box->selectedText().size()))
-                : QString());
+    const std::optional<ScreenEditor> editor = screen.editor();
+    compare("an editor", editor.has_value(), !box->parentWidget()->size().isEmpty());
+    if (editor) {
+        const auto [from, to] = std::minmax(editor->anchor, editor->caret);
+        const auto text = std::string(editor->text);
+        compare("the text", QString::fromStdString(text), box->text());
+        compare("the caret", editor->caret, box->cursorPosition());
+        compare("the selection", to - from, box->selectedText().size());
+    }
     const auto *combo = widget.findChild<QComboBox *>(QStringLiteral("qt_cboEdit"));
-    compare("the combo", widgets.cboEdit.Visible(), combo->isVisible());
-    const bool isDown = combo->isVisible() && combo->view()->isVisible();
-    compare("the list", widgets.cboEdit.Visible() && widgets.cboEdit.DroppedDown(), isDown);
-    if (isDown)
-        compare("the item", widgets.cboEdit.ListIndex(), combo->view()->currentIndex().row());
+    compare("the combo", isShown(WidgetId::cboEdit), combo->isVisible());
+    const ScreenList list = screen.list();
+    if (combo->isVisible())
+        compare("the list", list.isDropped, combo->view()->isVisible());
+    if (combo->view()->isVisible())
+        compare("the item", list.chosen, combo->view()->currentIndex().row());
     const auto *calendar = widget.findChild<QCalendarWidget *>(QStringLiteral("qt_mvCalender"));
-    compare("the calendar", widgets.mvCalender.Visible(), calendar->isVisible());
-    const Date day = widgets.mvCalender.Value();
+    compare("the calendar", isShown(WidgetId::mvCalender), calendar->isVisible());
+    const Date day = screen.calendarDay();
     if (calendar->isVisible())
         compare("the day", QDate(day.year, day.month, day.day), calendar->selectedDate());
-    for (const Widget *button : {&widgets.cmdLookup, &widgets.cmdCalender})
-        compare("a button", button->Visible(),
-                widget
-                    .findChild<QWidget *>(button == &widgets.cmdLookup ? "qt_cmdLookup"
-                                                                       : "qt_cmdCalender")
-                    ->isVisible());
-    const GridView &view = state.grid.view;
+    for (const auto &[id, name] : {std::pair(WidgetId::cmdLookup, "qt_cmdLookup"),
+                                   std::pair(WidgetId::cmdCalender, "qt_cmdCalender")})
+        compare(name, isShown(id), widget.findChild<QWidget *>(name)->isVisible());
     const auto bars = widget.findChildren<QScrollBar *>(QString(), Qt::FindDirectChildrenOnly);
     for (const QScrollBar *bar : bars)
-        compare("a scroll bar", bar->orientation() == Qt::Vertical ? view.TopRow() : view.LeftCol(),
-                bar->value());
+        compare(
+            "a scroll bar",
+            (bar->orientation() == Qt::Vertical ? screen.rowRange() : screen.colRange()).position,
+            bar->value());
     const QWidget *owner = QApplication::focusWidget();
     if (QApplication::activeWindow() == widget.window() &&
         QApplication::activePopupWidget() == nullptr)
-        compare("the keyboard's place", state.focus.owner().has_value(),
+        compare("the keyboard", screen.focusOwner().has_value(),
                 owner != nullptr && widget.isAncestorOf(owner));
     return differences.toStdString();
 }

@@ -280,7 +280,7 @@ void QtDriver::compose(std::string_view text) {
         QPointer<QObject> box = QGuiApplication::focusObject();
         QInputMethodEvent preedit(asQString(text), {});
         QCoreApplication::sendEvent(box, &preedit);
-        if (!box || core() == nullptr || !Inside::of(*core()).session.isOpen())
+        if (!box || core() == nullptr || !core()->screen().editor())
             return;
         QInputMethodEvent commit;
         commit.setCommitString(asQString(text));

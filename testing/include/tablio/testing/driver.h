@@ -10,6 +10,7 @@
 #include <tablio/dispatch.h>
 #include <tablio/tablio.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -108,7 +109,10 @@ public:
 private:
     Input &input() { return core()->input(); }
     /// The edit that the face shows, 0 for none.
-    EditNumber openEdit();
+    EditNumber openEdit() {
+        const std::optional<ScreenEditor> editor = core()->screen().editor();
+        return editor ? editor->edit : 0;
+    }
 };
 
 } // namespace tablio::scenario
