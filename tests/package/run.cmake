@@ -40,6 +40,13 @@ run_and_expect("3" "${WORK_DIR}/core/bin/outside_core")
 file(GLOB scenarios "${WORK_DIR}/moved/*/tablio/scenarios/*/*.scenario")
 run("${WORK_DIR}/core/bin/outside_scenarios" ${scenarios})
 
+# A face that knows the package alone plays all scenarios through itself.
+run("${CMAKE_COMMAND}" ${toolchain} -S "${SOURCE_DIR}/examples/text_face"
+    -B "${WORK_DIR}/text_face" "-DCMAKE_PREFIX_PATH=${WORK_DIR}/moved"
+    -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON)
+run("${CMAKE_COMMAND}" --build "${WORK_DIR}/text_face" --config "${CONFIG}")
+run("${WORK_DIR}/text_face/text_face" ${scenarios})
+
 if(WITH_QT)
     run(${configure} -B "${WORK_DIR}/qt" -DOUTSIDE_QT=ON)
     run("${CMAKE_COMMAND}" --build "${WORK_DIR}/qt" --config "${CONFIG}")
