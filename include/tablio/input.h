@@ -67,6 +67,8 @@ public:
     /// another program's window).
     void focusEntered();
     void focusLeft();
+    /// Something outside is about to look at the table: an open edit ends as by a click elsewhere.
+    void endEdit();
     [[nodiscard]] bool hasKeyboard() const noexcept;
     /// Whether the control takes this key before any shortcut of its host's window may; a key that
     /// types a text is not a command of somebody else's.

@@ -126,6 +126,8 @@ struct CellFacts {
     bool isMarked = false;
     /// The open edit is here.
     bool isEdited = false;
+    /// The host refused what was last entered here, and nothing anywhere since.
+    bool isRefused = false;
 };
 
 /// Positions are twips from the grid's top left corner, if nothing else is said. What is answered

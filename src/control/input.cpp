@@ -129,6 +129,11 @@ void Input::focusEntered() {
         control->state.focus.set(WidgetId::Grid);
 }
 
+void Input::endEdit() {
+    const Call control(control_);
+    control->session.EndCellEdit();
+}
+
 void Input::focusLeft() {
     const Call control(control_);
     control->state.link.face().setHostKeyPreview(true);

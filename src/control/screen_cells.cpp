@@ -35,6 +35,7 @@ CellFacts Screen::facts(CellAddress cell) const {
     facts.isReadOnly = facts.isFixed || (!facts.isCheckBox && !state.columns.isInput(cell.col));
     facts.isMarked = control_.marker.isMarked() && control_.marker.MarkRow() == cell.row;
     facts.isEdited = control_.session.isOpen() && control_.session.cell() == cell;
+    facts.isRefused = control_.session.isRefused(cell);
     return facts;
 }
 

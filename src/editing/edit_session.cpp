@@ -76,8 +76,13 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
         cells_.write(cell.row, cell.col, *result.written);
     const bool accepted =
         state_.link.EditPostValidation(cell, result.valid, oldText, result.newText, LastKey_);
-    if (result.valid && !accepted && edit.begun.isSameCell())
+    const bool isRefused = result.valid && !accepted && edit.begun.isSameCell();
+    if (isRefused)
         cells_.putBack(cell, edit.before);
+    if (isRefused)
+        refused_ = ended;
+    else if (refused_ && refused_->cell() == cell)
+        refused_.reset();
     if (keyboardTo)
         state_.focus.arrive(*keyboardTo);
     return ended.isSameCell() && ended.isSameEdit() && ended.isSameCursor();

@@ -70,6 +70,10 @@ public:
     [[nodiscard]] int EditRow() const noexcept { return cell_.row; }
     [[nodiscard]] int EditCol() const noexcept { return cell_.col; }
 
+    /// Whether the host refused what was last entered into the cell, and nothing elsewhere since.
+    [[nodiscard]] bool isRefused(CellAddress cell) const noexcept {
+        return refused_ && refused_->cell() == cell && refused_->isSameCell();
+    }
     /// The last key code or character that an editor saw.
     [[nodiscard]] std::int16_t LastKey() const noexcept { return LastKey_; }
     void setLastKey(std::int16_t key) noexcept { LastKey_ = key; }
@@ -110,6 +114,7 @@ private:
     Marker &marker_;
     std::function<BoxEditor &(TColumnType)> editorFor_;
     std::optional<OpenEdit> open_;
+    std::optional<Standing> refused_;
     CellAddress cell_;
     EditNumber count_ = 0;
     std::int16_t LastKey_ = 0;

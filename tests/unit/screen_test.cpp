@@ -23,11 +23,7 @@ TEST(ScreenTest, ACalendarMonthIsSixWeeksWithADayOfTheMonthBefore) {
         const char *days;
     };
     const Case cases[] = {
-        {"16/05/2024",
-         0,
-         {2024, 4, 29},
-         "oo..............."
-         "ct..............ooooooooo"},
+        {"16/05/2024", 0, {2024, 4, 29}, "oo...............ct..............ooooooooo"},
         {"01/05/2024", 2, {2024, 4, 24}, "oooooooc...............t..............oooo"},
         {"29/02/2024", 6, {2024, 1, 28}, "oooo............................cooooooooo"},
         {"31/12/9999", 0, {9999, 11, 29}, "oo..............................cxxxxxxxxx"},
@@ -94,6 +90,27 @@ TEST(ScreenTest, FactsOfACellSayWhatCanBeDoneWithIt) {
     table.input().keyPress(U'a');
     EXPECT_EQ(said(3, 2), "Code= edited upper") << "the mark goes when an edit begins";
     EXPECT_THROW(static_cast<void>(said(4, 0)), GridError);
+}
+
+TEST(ScreenTest, ACellSaysThatItsLastEditWasRefused) {
+    struct Refuser final : HostEvents {
+        void EditPostValidation(std::int16_t &, std::int16_t &, bool &Valid, std::string &,
+                                std::string &NewData, std::int16_t &) override {
+            Valid = Valid && NewData != "x";
+        }
+    } host;
+    Tablio table;
+    table.setRows(4);
+    table.setHost(&host);
+    table.CellFocus(1, 0);
+    table.input().typeText("x");
+    table.input().endEdit();
+    EXPECT_TRUE(table.screen().facts({1, 0}).isRefused);
+    EXPECT_FALSE(table.screen().facts({2, 0}).isRefused);
+    table.input().typeText("y");
+    table.input().endEdit();
+    EXPECT_FALSE(table.screen().facts({1, 0}).isRefused);
+    table.setHost(nullptr);
 }
 
 TEST(ScreenTest, AWheelKeepsWhatIsLessThanARow) {

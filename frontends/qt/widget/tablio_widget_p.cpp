@@ -17,8 +17,7 @@
 namespace tablio::qt {
 
 TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &itself)
-    : Surroundings(itself, core), widget(itself), face(*this), host(itself),
-      control(core.control()) {
+    : Surroundings(itself, core), widget(itself), face(*this), host(itself) {
     makeChildren();
     fitRowsToFont();
     core.startThemed();

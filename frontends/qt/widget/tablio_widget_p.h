@@ -7,8 +7,6 @@
 #include "widget/qt_face.h"
 #include "widget/surroundings.h"
 
-#include "control/control.h"
-
 #include <tablio/qt/tablio_widget.h>
 
 #include <QEvent>
@@ -35,7 +33,6 @@ public:
     HostSignals host;
     /// After its partners, so that it is closed before they go.
     Tablio core;
-    Control &control;
 
     // Children of the widget.
     GridCanvas *canvas = nullptr;
@@ -47,8 +44,6 @@ public:
     QScrollBar *vertical = nullptr;
     QScrollBar *horizontal = nullptr;
     QWidget *corner = nullptr;
-
-    [[nodiscard]] ControlState &state() const noexcept { return control.state; }
 
     [[nodiscard]] QColor colour(Colour colour) const { return toQColor(colours().of(colour)); }
 

@@ -31,7 +31,7 @@ void TablioWidget::setSettings(const QByteArray &settings) {
 
 void TablioWidget::showPropertyPages() {
     const QPointer<TablioWidget> alive(this);
-    guarded([this] { d_->control.session.EndCellEdit(); });
+    guarded([this] { d_->input().endEdit(); });
     if (alive == nullptr)
         return;
     auto *dialog = findChild<PropertyPagesDialog *>(QString(), Qt::FindDirectChildrenOnly);
