@@ -1,7 +1,7 @@
 #pragma once
 
 /// The one way behind a `Tablio`, for what is built in this tree and needs more than hosts and
-/// faces do: the tests and the scenario player. Nothing that is installed includes it.
+/// faces do: the property pages, the tests and the scenario player. Nothing that is installed includes it.
 
 #include "control/control.h"
 
@@ -11,6 +11,9 @@ namespace tablio {
 
 struct Inside {
     [[nodiscard]] static Control &of(Tablio &tablio) noexcept { return *tablio.control_; }
+    [[nodiscard]] static const std::shared_ptr<Control> &shared(Tablio &tablio) noexcept {
+        return tablio.control_;
+    }
 };
 
 } // namespace tablio

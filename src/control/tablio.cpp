@@ -35,7 +35,7 @@ void Tablio::startThemed() {
 void Tablio::Show() {
     const Call control(control_);
     ControlState &state = control->state;
-    ControlState::PageEditing = false;
+    control->rows.setPageEditing(false);
     state.setStatusCell(true);
     control->settledRows().clear();
     state.grid.setCol(state.settings.PrimaryColumn);

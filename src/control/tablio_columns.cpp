@@ -32,7 +32,7 @@ void Tablio::setColStyle(int Index, TColumnStyle style) {
     setProperty(control_, "ColStyle", [&](Control &control) {
         control.state.columns.setNumber(ColumnSettings::Style, index16(Index),
                                         static_cast<std::int32_t>(style));
-        if (style == TColumnStyle::ColumnFixedWithAutoNumber || ControlState::PageEditing)
+        if (style == TColumnStyle::ColumnFixedWithAutoNumber || control.rows.PageEditing())
             control.rows.RenumberFixedColumns();
     });
 }

@@ -1,7 +1,6 @@
 #include <tablio/pages/general_page.h>
 
 #include "model/text/number_text.h"
-#include "pages/page_editing.h"
 #include "pages/page_numbers.h"
 
 #include <string>
@@ -52,7 +51,7 @@ void General::connect() {
 }
 
 void General::SelectionChanged() {
-    beginPageEditing();
+    editing_.emplace(control_);
     attempt([this] { chkCheckboxes.setValue(bitOf(get("CheckBoxes"))); });
     attempt([this] { txtRows.setText(get("Rows").toText()); });
     attempt([this] { txtCols.setText(dataColumns()); });

@@ -1,9 +1,16 @@
-#include "pages/page_editing.h"
+#include <tablio/pages/page_editing.h>
 
-#include "state/control_state.h"
+#include "control/inside.h"
 
 namespace tablio {
 
-void beginPageEditing() noexcept { ControlState::PageEditing = true; }
+PageEditing::PageEditing(Tablio &control) : control_(Inside::shared(control)) {
+    Inside::of(control).rows.setPageEditing(true);
+}
+
+PageEditing::~PageEditing() {
+    if (const std::shared_ptr<Control> control = control_.lock())
+        control->rows.setPageEditing(false);
+}
 
 } // namespace tablio

@@ -12,6 +12,7 @@ void PropertyPages::show(PropertyPage &page) {
     else if (&page == &general)
         general.followColumnCount();
     isLoaded = true;
+    general.endPageEditing();
 }
 
 void PropertyPages::apply() {
@@ -39,6 +40,7 @@ void PropertyPages::selectionChanged() {
         general.SelectionChanged();
     if (columnsIsLoaded_)
         reloadColumns();
+    general.endPageEditing();
 }
 
 void PropertyPages::reloadColumns() {

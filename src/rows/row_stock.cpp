@@ -218,8 +218,7 @@ void RowStock::RenumberFixedColumns() {
     for (int col = 0; col < state_.grid.table.Cols(); ++col) {
         if (isNumbered(col))
             numbered.push_back(col);
-        else if (ControlState::PageEditing &&
-                 state_.columns.ColStyle(col) == TColumnStyle::ColumnFixed)
+        else if (PageEditing_ && state_.columns.ColStyle(col) == TColumnStyle::ColumnFixed)
             blanked.push_back(col);
     }
     numbered_.insert(numbered.begin(), numbered.end());

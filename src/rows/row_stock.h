@@ -42,6 +42,10 @@ public:
     /// The first other used row with the key of this row in the primary column, blind to case and
     /// to blanks around it; −1 for none. Switches painting on. Throws GridError outside the grid.
     [[nodiscard]] int findDuplicate(int row) const;
+    /// While the control's design is being edited on a property page, numbering the rows blanks
+    /// fixed columns.
+    [[nodiscard]] bool PageEditing() const noexcept { return PageEditing_; }
+    void setPageEditing(bool editing) noexcept { PageEditing_ = editing; }
     /// Writes 1, 2, 3 … into the auto-number columns.
     void RenumberFixedColumns();
     /// Notes, from now on, which columns hold numbers. For whoever is about to change settings.
@@ -63,6 +67,7 @@ private:
     Appearance &appearance_;
     std::shared_ptr<TMatrix> CellTag_ = std::make_shared<TMatrix>();
     bool IsClearing_ = false;
+    bool PageEditing_ = false;
     /// The columns that have held numbers since watchNumbers().
     std::set<int> numbered_;
 };

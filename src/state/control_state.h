@@ -86,8 +86,6 @@ struct ControlState {
     Widgets widgets;
     Focus focus;
     Cursor cursor;
-    /// While a property page of any control is being edited, renumbering blanks fixed columns.
-    inline static bool PageEditing = false;
 
     /// Switches painting and the status flag together.
     void setStatusCell(bool status) {

@@ -30,7 +30,7 @@ constexpr InsideValue insideValues[] = {
     {"LeftCol", MemberType::Long,
      [](const Control &c) -> Value { return c.state.grid.view.LeftCol(); }},
     {"PageEditing", MemberType::Boolean,
-     [](const Control &c) -> Value { return c.state.PageEditing; }},
+     [](const Control &c) -> Value { return c.rows.PageEditing(); }},
     {"Redraw", MemberType::Boolean,
      [](const Control &c) -> Value { return c.state.grid.view.Redraw(); }},
     {"Row", MemberType::Long, [](const Control &c) -> Value { return c.state.grid.Row(); }},

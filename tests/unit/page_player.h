@@ -23,11 +23,7 @@ protected:
         table.InitProperties();
         play("Cols=5; Rows=10; WordWrap=False; GridPopUpMenu=True");
     }
-    ~PropertyPagesTest() override {
-        table.setFace(nullptr);
-        // Page editing is a matter of all controls; other tests expect it off.
-        Tablio().Show();
-    }
+    ~PropertyPagesTest() override { table.setFace(nullptr); }
     void propertyChanged(MemberNumber number) override {
         notices.append(findMember(number).name).append(" ");
     }

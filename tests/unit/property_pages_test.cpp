@@ -39,11 +39,15 @@ TEST_F(PropertyPagesTest, GeneralShowsWhatTheControlHolds) {
          "chkHeaderFontBold chkWordWrap chkGridPopUpMenu==1 1 0");
 }
 
-TEST_F(PropertyPagesTest, LoadingSwitchesPageEditingOnUntilAControlIsShown) {
-    play("TextMatrix11=kept; ColStyle1=2; TextMatrix11==kept; "
-         "load general; ColStyle1=2; TextMatrix11==");
-    Tablio().Show();
-    play("TextMatrix11=kept; ColStyle1=2; TextMatrix11==kept");
+TEST_F(PropertyPagesTest, LoadingSwitchesPageEditingOnUntilTheControlIsShownOrThePageGoes) {
+    const std::string kept = "TextMatrix11=kept; ColStyle1=2; TextMatrix11==kept";
+    const std::string blanked = "load general; ColStyle1=2; TextMatrix11==";
+    play(kept + "; " + blanked);
+    table.Show();
+    play(kept + "; " + blanked);
+    reopen();
+    // A dialog edits what may hold data.
+    play(kept + "; show general; ColStyle1=2; TextMatrix11==kept");
 }
 
 TEST_F(PropertyPagesTest, EveryChangeButTheMenuTickMarksItsPage) {

@@ -18,13 +18,6 @@
 
 namespace tablio::qt {
 
-namespace {
-
-/// A table that holds data is edited here, too: its fixed columns must not be blanked.
-void endPageEditing() { ControlState::PageEditing = false; }
-
-} // namespace
-
 PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
     : QDialog(parent), edited_(edited), pages_(edited.core(), *this),
       generalView_(new PropertyPageView(pages_.general)),
@@ -117,7 +110,6 @@ void PropertyPagesDialog::showPage(int tab) {
     // Where the buttons that go from column to column put it, too.
     if (!isGeneral && !tabs_->tabBar()->hasFocus())
         columnsView_->giveFocus(pages_.columns.txtColTextHeader);
-    endPageEditing();
     previewTimer_.start();
 }
 
@@ -149,7 +141,6 @@ void PropertyPagesDialog::follow() {
         return;
     known_ = now;
     pages_.selectionChanged();
-    endPageEditing();
 }
 
 } // namespace tablio::qt

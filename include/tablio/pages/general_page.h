@@ -4,7 +4,11 @@
 /// whole table. Front ends show it, design tools edit a control with it. It checks what its boxes
 /// say against each other; what the control refuses is skipped.
 
+#include <tablio/pages/page_editing.h>
 #include <tablio/pages/property_page.h>
+
+#include <optional>
+#include <string>
 
 namespace tablio {
 
@@ -12,10 +16,12 @@ class General final : public PropertyPage {
 public:
     General(Tablio &control, PageListener &listener);
 
-    /// Also switches page editing on, until a control is shown. The page holds what the control
-    /// holds and is not marked changed.
+    /// Also switches page editing on, until the page goes or the control is shown. The page holds
+    /// what the control holds and is not marked changed.
     void SelectionChanged() override;
     void ApplyChanges() override;
+    /// The control holds data, which has to stay.
+    void endPageEditing() noexcept { editing_.reset(); }
     /// The column count may have changed elsewhere: shows it, unless the user has typed another.
     void followColumnCount();
     void copyFrom(const General &other);
@@ -48,6 +54,7 @@ private:
     void chkWithFixedColumn_Click();
     [[nodiscard]] std::string dataColumns();
 
+    std::optional<PageEditing> editing_;
     /// What txtCols showed when page and control last agreed.
     std::string agreedCols_;
 };

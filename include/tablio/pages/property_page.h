@@ -56,7 +56,7 @@ public:
 protected:
     /// The control and the listener must outlive the page.
     PropertyPage(std::string_view name, Tablio &control, PageListener &listener)
-        : listener_(listener), selected_(control), name_(name) {}
+        : control_(control), listener_(listener), selected_(control), name_(name) {}
 
     void setControls(std::vector<PageControl *> controls) { controls_ = std::move(controls); }
     void setFocus(const PageControl &control) { listener_.focusMoved(control); }
@@ -77,6 +77,7 @@ protected:
     void put(std::string_view property, const Value &value);
     void put(std::string_view property, int index, const Value &value);
 
+    Tablio &control_;
     PageListener &listener_;
 
 private:

@@ -11,7 +11,8 @@ namespace tablio {
 
 class PropertyPages {
 public:
-    /// The control and the listener must outlive the pages. Nothing is loaded before show().
+    /// The control and the listener must outlive the pages. Nothing is loaded before show(). What
+    /// the control's fixed columns hold stays.
     PropertyPages(Tablio &control, PageListener &listener);
 
     General general;
