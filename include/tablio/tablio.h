@@ -40,8 +40,6 @@ public:
     [[nodiscard]] Input &input() noexcept { return input_; }
     /// What a face shows.
     [[nodiscard]] const Screen &screen() const noexcept { return screen_; }
-    /// The models that a face mirrors; front ends include "control/control.h" for them.
-    [[nodiscard]] Control &control() noexcept { return *control_; }
 
     // Lifecycle. A container calls InitProperties for a control that is new, then Show each time it
     // is first shown. Show starts with a cleared table and the cursor on its first data cell.

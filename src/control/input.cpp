@@ -197,7 +197,7 @@ std::optional<std::string> Input::cut() {
 
 Dealt Input::clipboardKey(KeyCode key, std::optional<std::string> &clipboard) {
     const Call control(control_);
-    const HostLink::OtherClipboard other(control->state.link, clipboard);
+    const auto other = control->state.link.otherClipboard(clipboard);
     return keyDown(key, Shift::Ctrl);
 }
 

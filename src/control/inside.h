@@ -1,7 +1,8 @@
 #pragma once
 
 /// The one way behind a `Tablio`, for what is built in this tree and needs more than hosts and
-/// faces do: the property pages, the tests and the scenario player. Nothing that is installed includes it.
+/// faces do: the property pages, the tests and the scenario player. Nothing that is installed
+/// includes it.
 
 #include "control/control.h"
 

@@ -1,9 +1,28 @@
 #include <tablio/pages/property_pages.h>
 
+#include "control/call.h"
+#include "control/inside.h"
+
+#include <tablio/members.h>
+#include <tablio/text_bag.h>
+
+#include <utility>
+
 namespace tablio {
 
+namespace {
+
+std::string settingsOf(const Tablio &control) {
+    TextBag bag;
+    control.saveSettings(bag);
+    return bag.text();
+}
+
+} // namespace
+
 PropertyPages::PropertyPages(Tablio &control, PageListener &listener)
-    : general(control, listener), columns(control, listener) {}
+    : general(control, listener), columns(control, listener), control_(control),
+      listener_(listener), known_(settingsOf(control)) {}
 
 void PropertyPages::show(PropertyPage &page) {
     bool &isLoaded = &page == &general ? generalIsLoaded_ : columnsIsLoaded_;
@@ -16,6 +35,38 @@ void PropertyPages::show(PropertyPage &page) {
 }
 
 void PropertyPages::apply() {
+    change([this] {
+        write();
+        // There may be more rows.
+        Inside::of(control_).rows.RenumberFixedColumns();
+    });
+}
+
+void PropertyPages::pressed(PageButton &button) {
+    change([&] { columns.pressed(button); });
+}
+
+void PropertyPages::change(const std::function<void()> &action) {
+    const std::shared_ptr<Control> control = Inside::shared(control_);
+    {
+        const Call call(control);
+        const auto quiet = control->state.link.quiet();
+        control->rows.watchNumbers();
+        action();
+        control->rows.blankFormerNumbers();
+    }
+    if (!hasOtherSettings())
+        return;
+    // From here on these pages may be gone.
+    listener_.settingsChanged();
+    control->state.link.propertyChanged(Number::All);
+}
+
+bool PropertyPages::hasOtherSettings() {
+    return std::exchange(known_, settingsOf(control_)) != known_;
+}
+
+void PropertyPages::write() {
     // First: the column that it shows may be the one that the other page makes a check-box column.
     if (columns.Changed())
         columns.ApplyChanges();
@@ -30,12 +81,9 @@ void PropertyPages::apply() {
     }
 }
 
-void PropertyPages::copyFrom(const PropertyPages &other) {
-    general.copyFrom(other.general);
-    columns.copyFrom(other.columns);
-}
-
-void PropertyPages::selectionChanged() {
+void PropertyPages::follow() {
+    if (!hasOtherSettings())
+        return;
     if (generalIsLoaded_)
         general.SelectionChanged();
     if (columnsIsLoaded_)

@@ -53,14 +53,13 @@ public:
 
 private:
     void readGeneral() {
-        control_.isLoading = true;
+        const Temporarily loading(control_.isLoading, true);
         for (int place = 1; const Member *member = settingAt(&Stored::read, place); ++place) {
             attempt([&] { readGeneral(*member); });
             // Stores have always been asked for the row height twice.
             if (member->name == "CheckBoxes")
                 attempt([&] { (void)bag_.readProperty("RowMinHeight", 64); });
         }
-        control_.isLoading = false;
     }
 
     void readGeneral(const Member &member) {

@@ -49,6 +49,11 @@ public:
 
     [[nodiscard]] int length() const noexcept { return static_cast<int>(lists_[Style].size()); }
     void clear();
+    /// Holds what the other holds, also for columns that went.
+    void copy(const ColumnSettings &other) {
+        isStart_ = false;
+        lists_ = other.lists_;
+    }
     /// One more entry for the next column.
     void append(const std::array<std::string, 6> &entry);
 

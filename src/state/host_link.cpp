@@ -27,18 +27,20 @@ void HostLink::close() noexcept {
 }
 
 void HostLink::takeFocus() {
-    const Outside outside(*this);
+    const auto outermost = outside();
     face_->takeFocus();
 }
 
 void HostLink::letPendingEventsRun() {
-    const Outside outside(*this);
+    const auto outermost = outside();
     report();
     face_->letPendingEventsRun();
 }
 
 void HostLink::propertyChangedInside(MemberNumber number) {
-    const Outside outside(*this);
+    if (isQuiet_)
+        return;
+    const auto outermost = outside();
     report();
     face_->propertyChanged(number);
 }

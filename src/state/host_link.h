@@ -5,6 +5,8 @@
 /// handler falls silent at once and the handler's caller can finish safely. It also knows when the
 /// face has to hear that something changed: once for each outermost call.
 
+#include "state/temporarily.h"
+
 #include <tablio/face.h>
 #include <tablio/host_events.h>
 
@@ -54,18 +56,12 @@ public:
     void setClipboardText(std::string_view text);
     /// While it lives, this text stands for the platform's clipboard, for a face that gets and
     /// gives the clipboard with an event.
-    class OtherClipboard {
-    public:
-        OtherClipboard(HostLink &link, std::optional<std::string> &text)
-            : link_(link), before_(std::exchange(link.clipboard_, &text)) {}
-        ~OtherClipboard() { link_.clipboard_ = before_; }
-        OtherClipboard(const OtherClipboard &) = delete;
-        OtherClipboard &operator=(const OtherClipboard &) = delete;
-
-    private:
-        HostLink &link_;
-        std::optional<std::string> *before_;
-    };
+    [[nodiscard]] Temporarily<std::optional<std::string> *>
+    otherClipboard(std::optional<std::string> &text) {
+        return {clipboard_, &text};
+    }
+    /// While it lives, inside a call, the host hears no event and the face of no property.
+    [[nodiscard]] Temporarily<bool> quiet() { return {isQuiet_, true}; }
 
     /// Raise an event; rows and columns beyond 16 bits throw OverflowError before the host hears
     /// anything. What the host may change is answered.
@@ -84,17 +80,7 @@ public:
 private:
     /// While it lives a host's code may run, with an event loop of its own: its calls count as
     /// outermost ones.
-    class Outside {
-    public:
-        explicit Outside(HostLink &link) : link_(link), depth_(std::exchange(link.depth_, 0)) {}
-        ~Outside() { link_.depth_ = depth_; }
-        Outside(const Outside &) = delete;
-        Outside &operator=(const Outside &) = delete;
-
-    private:
-        HostLink &link_;
-        int depth_;
-    };
+    [[nodiscard]] Temporarily<int> outside() { return {depth_, 0}; }
 
     void report() {
         if (std::exchange(isChanged_, false))
@@ -104,9 +90,9 @@ private:
     /// Raises an event that takes these arguments.
     template <typename... Arguments>
     void raise(void (HostEvents::*event)(Arguments &...), Arguments &...arguments) {
-        if (host_ == nullptr)
+        if (host_ == nullptr || isQuiet_)
             return;
-        const Outside outside(*this);
+        const auto outermost = outside();
         report();
         if (host_ != nullptr)
             (host_->*event)(arguments...);
@@ -118,6 +104,7 @@ private:
     int depth_ = 0;
     bool isChanged_ = false;
     std::optional<std::string> *clipboard_ = nullptr;
+    bool isQuiet_ = false;
     bool closed_ = false;
 };
 

@@ -69,7 +69,7 @@ QString GridWindow::cell(int row, int col) const {
 
 QString GridWindow::cursor() const {
     const tablio::FlexGrid &surface = state().grid;
-    const bool isOpen = grid->core().control().session.isOpen();
+    const bool isOpen = tablio::Inside::of(grid->core()).session.isOpen();
     return QStringLiteral("%1,%2%3").arg(surface.Row()).arg(surface.Col()).arg(isOpen ? "!" : "");
 }
 

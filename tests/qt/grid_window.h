@@ -3,7 +3,7 @@
 /// A window with a grid between two other fields, as the Qt tests use it. Keys and clicks go to the
 /// window, so that they take the way that a user's take.
 
-#include "control/control.h"
+#include "control/inside.h"
 
 #include <tablio/qt/tablio_widget.h>
 
@@ -41,5 +41,7 @@ public:
     [[nodiscard]] QWidget *canvas() const;
     /// Where a cell is in the window, in logical pixels.
     [[nodiscard]] QRect place(int row, int col) const;
-    [[nodiscard]] tablio::ControlState &state() const { return grid->core().control().state; }
+    [[nodiscard]] tablio::ControlState &state() const {
+        return tablio::Inside::of(grid->core()).state;
+    }
 };

@@ -148,5 +148,5 @@ TEST(Lifetime, WhatIsFilledInBeforeShowIsThereAfterIt) {
     grid.focusCell(3, 0);
     grid.show();
     EXPECT_EQ(grid.textMatrix(2, 1), "early");
-    EXPECT_EQ(grid.core().control().state.grid.current(), (tablio::CellAddress{3, 0}));
+    EXPECT_EQ(tablio::Inside::of(grid.core()).state.grid.current(), (tablio::CellAddress{3, 0}));
 }

@@ -98,7 +98,7 @@ TEST(Layout, ScrollBarsComeWhenTheyAreNeeded) {
     EXPECT_EQ(shown(), "vh");
     for (QScrollBar *bar : grid.findChildren<QScrollBar *>())
         bar->setValue(bar->orientation() == Qt::Vertical ? bar->maximum() : bar->value());
-    const tablio::FlexGrid &surface = grid.core().control().state.grid;
+    const tablio::FlexGrid &surface = tablio::Inside::of(grid.core()).state.grid;
     EXPECT_EQ(surface.view.TopRow(), surface.view.maxTopRow());
     EXPECT_LE(surface.view.cellRect(49, 1).bottom(), surface.view.Height());
     grid.setRows(3);

@@ -25,7 +25,7 @@ protected:
     }
     ~PropertyPagesTest() override { table.setFace(nullptr); }
     void propertyChanged(MemberNumber number) override {
-        notices.append(findMember(number).name).append(" ");
+        notices.append(number == Number::All ? "all" : findMember(number).name).append(" ");
     }
     void focusMoved(const PageControl &control) override { focus = control.name(); }
 

@@ -340,7 +340,9 @@ TEST_F(PropertyPagesTest, BothAreAppliedTogether) {
     play("ColTextHeader0=A; changed==; show general; changed==; chkGridPopUpMenu; show columns; "
          "changed==columns; txtColTextHeader=edited; show general");
     // The page keeps what was done; going to another applies nothing.
+    notices.clear();
     play("chkGridPopUpMenu ColTextHeader0==0 A; apply; ColTextHeader0==edited");
+    EXPECT_EQ(notices, "all ") << "once, when all is done";
     play("GridPopUpMenu changed==True "); // Nothing else was changed on its page.
     // Inserted columns survive the other page's column count, unless that was edited, too.
     play("chkWordWrap; cmdCommand(0); apply; Cols GridPopUpMenu==6 False; "
@@ -349,7 +351,7 @@ TEST_F(PropertyPagesTest, BothAreAppliedTogether) {
     // A fixed column is offered again when there are two columns.
     play("txtCols=1; leave txtCols; chkWithFixedColumn==0(off); apply; cmdCommand(0); "
          "show general; chkWithFixedColumn==0; Cols=3; txtCols=1; leave txtCols");
-    pages->selectionChanged();
+    pages->follow();
     play("txtCols chkWithFixedColumn==3 0");
 }
 

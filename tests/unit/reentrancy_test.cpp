@@ -1,7 +1,7 @@
 /// Hosts do anything from inside any event. Every action is tried in every event of every way to
 /// edit every kind of cell; afterwards the control has to be in order and to go on working.
 
-#include "control/control.h"
+#include "control/inside.h"
 
 #include <tablio/dispatch.h>
 #include <tablio/members.h>
@@ -85,7 +85,7 @@ public:
 
     /// Nothing is left switched off, half open or lying about.
     void expectOrder() {
-        const Control &control = grid->control();
+        const Control &control = Inside::of(*grid);
         const ControlState &state = control.state;
         EXPECT_TRUE(state.grid.view.Redraw());
         EXPECT_FALSE(control.rows.IsClearing());

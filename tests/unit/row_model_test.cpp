@@ -2,7 +2,7 @@
 /// control and against a reference that is nothing but a vector of rows. After each step texts,
 /// unformatted values, tags, looks, marks, menu states, cursor and event counts have to agree.
 
-#include "control/control.h"
+#include "control/inside.h"
 
 #include <tablio/tablio.h>
 
@@ -126,7 +126,7 @@ public:
     }
 
     void compare() {
-        const Control &control = grid_.control();
+        const Control &control = Inside::of(grid_);
         const ControlState &state = control.state;
         ASSERT_EQ(grid_.Rows(), expected_.last() + 1);
         for (int row = 1; row <= expected_.last(); ++row) {

@@ -5,13 +5,10 @@
 #include "widget/guarded.h"
 #include "widget/qt_text.h"
 
-#include "control/control.h"
-
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -19,10 +16,10 @@
 namespace tablio::qt {
 
 PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
-    : QDialog(parent), edited_(edited), pages_(edited.core(), *this),
+    : QDialog(parent), pages_(edited.core(), *this),
       generalView_(new PropertyPageView(pages_.general)),
       columnsView_(new PropertyPageView(pages_.columns)), tabs_(new QTabWidget),
-      preview_(new PropertyPagesPreview(edited, pages_)), known_(edited.settings()) {
+      preview_(new PropertyPagesPreview(edited, pages_)) {
     setWindowTitle(tr("Property Pages"));
     tabs_->addTab(generalView_, toQString(pages_.general.name()));
     tabs_->addTab(columnsView_, toQString(pages_.columns.name()));
@@ -50,7 +47,7 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
     connect(applyButton_, &QPushButton::clicked, this, &PropertyPagesDialog::apply);
     connect(tabs_, &QTabWidget::currentChanged, this, &PropertyPagesDialog::showPage);
     connect(columnsView_, &PropertyPageView::pressed, this,
-            [this](PageButton &button) { change([&] { pages_.columns.pressed(button); }); });
+            [this](PageButton &button) { guarded([&] { pages_.pressed(button); }); });
     connect(columnsView_, &PropertyPageView::columnNamed, this,
             [this] { pages_.columns.SelectionChanged(); });
 
@@ -68,24 +65,6 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
 
 PropertyPagesDialog::~PropertyPagesDialog() = default;
 
-template <typename Action> void PropertyPagesDialog::change(const Action &action) {
-    {
-        const QSignalBlocker quiet(edited_);
-        RowStock &rows = edited_.core().control().rows;
-        rows.watchNumbers();
-        guarded(action);
-        rows.blankFormerNumbers();
-    }
-    const QByteArray now = edited_.settings();
-    if (now == known_)
-        return;
-    known_ = now;
-    const QPointer<PropertyPagesDialog> alive(this);
-    guarded([this] { Q_EMIT edited_.propertyChanged({}); });
-    if (alive != nullptr)
-        Q_EMIT applied();
-}
-
 void PropertyPagesDialog::controlChanged(const PageControl &control) {
     generalView_->mirror(control);
     columnsView_->mirror(control);
@@ -100,6 +79,8 @@ void PropertyPagesDialog::focusMoved(const PageControl &control) {
 void PropertyPagesDialog::changedFlagSet(const PropertyPage & /*page*/) {
     applyButton_->setEnabled(pages_.canApply());
 }
+
+void PropertyPagesDialog::settingsChanged() { Q_EMIT applied(); }
 
 void PropertyPagesDialog::showPage(int tab) {
     const bool isGeneral = tabs_->widget(tab) == generalView_;
@@ -121,11 +102,7 @@ void PropertyPagesDialog::apply() {
     // The keyboard may still be in a box that checks its number when it is left.
     generalView_->settle();
     columnsView_->settle();
-    change([this] {
-        pages_.apply();
-        // There may be more rows.
-        edited_.core().control().rows.RenumberFixedColumns();
-    });
+    guarded([this] { pages_.apply(); });
 }
 
 void PropertyPagesDialog::accept() {
@@ -136,11 +113,7 @@ void PropertyPagesDialog::accept() {
 }
 
 void PropertyPagesDialog::follow() {
-    const QByteArray now = edited_.settings();
-    if (now == known_)
-        return;
-    known_ = now;
-    pages_.selectionChanged();
+    guarded([this] { pages_.follow(); });
 }
 
 } // namespace tablio::qt

@@ -36,17 +36,14 @@ private:
     void controlChanged(const PageControl &control) override;
     void focusMoved(const PageControl &control) override;
     void changedFlagSet(const PropertyPage &page) override;
+    void settingsChanged() override;
 
     void apply();
     void showPage(int tab);
     void refreshPreview();
     /// Somebody else may have changed the widget.
     void follow();
-    /// Does what may change the edited widget. Its host hears of it when all is done, because a
-    /// handler may delete the widget and this dialog with it.
-    template <typename Action> void change(const Action &action);
 
-    TablioWidget &edited_;
     PropertyPages pages_;
     PropertyPageView *generalView_;
     PropertyPageView *columnsView_;
@@ -55,8 +52,6 @@ private:
     QPushButton *applyButton_;
     QTimer previewTimer_;
     QTimer followTimer_;
-    /// The settings that the pages know of.
-    QByteArray known_;
 };
 
 } // namespace tablio::qt

@@ -13,8 +13,8 @@ class PropertyPagesPreview final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Both must outlive the preview.
-    PropertyPagesPreview(TablioWidget &edited, const PropertyPages &pages,
+    /// Looks like the edited widget. The pages must outlive the preview.
+    PropertyPagesPreview(const TablioWidget &edited, const PropertyPages &pages,
                          QWidget *parent = nullptr);
 
     /// Shows the edited table with what the pages have not applied yet, and which column is being
@@ -27,10 +27,8 @@ protected:
 private:
     /// Room for the rows as they are now, and for the bar below them.
     void fitHeight();
-    void fillColumn(int col);
     void showEditedColumn();
 
-    TablioWidget &edited_;
     const PropertyPages &pages_;
     TablioWidget *table_;
     QWidget *columnMark_;

@@ -18,6 +18,8 @@ public:
     /// Loads the column that txtIndex names; leaves the page marked changed.
     void SelectionChanged() override;
     void ApplyChanges() override;
+    /// The column that the page edits; it may be none that the control has.
+    [[nodiscard]] int index() const;
 
     /// Counted from 0, the check-box column included.
     PageTextBox txtIndex{"txtIndex", "Index", listener_};
@@ -64,7 +66,6 @@ private:
     void insertColumn();
     void removeColumn();
 
-    [[nodiscard]] int index() const;
     [[nodiscard]] int Cols();
     void copySettings(int from, int to, std::string_view calcStyleName);
     void setNewColumn(int col, int dataType, std::string_view calcStyleName);

@@ -26,6 +26,8 @@ public:
     virtual void focusMoved(const PageControl & /*control*/) {}
     /// The page's `Changed` flag went on or off.
     virtual void changedFlagSet(const PropertyPage & /*page*/) {}
+    /// The pages have given their control other settings. This one may do anything.
+    virtual void settingsChanged() {}
 };
 
 enum class PageControlKind { TextBox, CheckBox, List, Button, Spinner };

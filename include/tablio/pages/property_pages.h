@@ -1,13 +1,24 @@
 #pragma once
 
-/// Both property pages of one control, tied together for one dialog with OK, Apply and Cancel. A
-/// front end shows the current page and calls apply() for OK and Apply; Cancel needs nothing from
-/// here. Going from page to page applies nothing.
+/// Both property pages of one control, tied together for one dialog with OK, Apply, Cancel and a
+/// preview. A front end shows the current page, hands in what the user does and shows what it
+/// hears; Cancel needs nothing from here. Going from page to page applies nothing.
 
 #include <tablio/pages/columns_page.h>
 #include <tablio/pages/general_page.h>
+#include <tablio/types.h>
+
+#include <functional>
+#include <optional>
+#include <string>
 
 namespace tablio {
+
+/// What stands in the cells of a preview, in the user's language.
+struct SampleWords {
+    std::string text = "Sample text";
+    std::string choice = "Choice";
+};
 
 class PropertyPages {
 public:
@@ -23,19 +34,39 @@ public:
     void show(PropertyPage &page);
     /// Whether Apply is enabled. OK and Cancel always are.
     [[nodiscard]] bool canApply() const noexcept { return general.Changed() || columns.Changed(); }
+
+    // What changes the control. Its host hears no event meanwhile. When all is done, and if it has
+    // other settings then, the listener hears settingsChanged() and the control's face that any
+    // property may have changed; either may destroy the control and these pages.
     /// Writes back each page that is marked changed. Columns then shows what General has made of
     /// its column.
     void apply();
-    /// Holds what other pages hold, which are another control's: apply() does to this control what
-    /// theirs does to the other.
-    void copyFrom(const PropertyPages &other);
-    /// The control was changed by somebody else: loads again the pages that have been shown. What
-    /// was not applied is lost.
-    void selectionChanged();
+    /// The user has pressed a button of Columns, some of which act at once.
+    void pressed(PageButton &button);
+
+    /// The control may have been changed by somebody else: if so, loads again the pages that have
+    /// been shown. What was not applied is lost.
+    void follow();
+
+    /// Makes another control one that looks as apply() would make this one, with this many rows
+    /// behind its header; all but the last hold samples.
+    void preview(Tablio &sample, const SampleWords &words) const;
+    static constexpr int sampleRows = 3;
+    /// Scrolls the preview to the column that is being edited, and answers where its header is, in
+    /// twips; nothing where there is no such column.
+    [[nodiscard]] std::optional<Rect> showEditedColumn(Tablio &sample) const;
 
 private:
+    void write();
+    void change(const std::function<void()> &action);
+    /// Than the pages know of; now they know.
+    [[nodiscard]] bool hasOtherSettings();
     void reloadColumns();
 
+    Tablio &control_;
+    PageListener &listener_;
+    /// As one text.
+    std::string known_;
     bool generalIsLoaded_ = false;
     bool columnsIsLoaded_ = false;
 };

@@ -1,6 +1,6 @@
 /// The property pages and the settings of a widget that runs: a table with data in it.
 
-#include "control/control.h"
+#include "control/inside.h"
 
 #include <tablio/qt/tablio_widget.h>
 
@@ -267,7 +267,7 @@ TEST_F(RunningTable, SettingsLeaveToQtWhatIsQts) {
     loaded->setSettings(grid->settings());
     EXPECT_TRUE(loaded->core().Enabled());
     parent.show();
-    EXPECT_EQ(loaded->core().control().state.grid.current(), (tablio::CellAddress{1, 1}));
+    EXPECT_EQ(tablio::Inside::of(loaded->core()).state.grid.current(), (tablio::CellAddress{1, 1}));
 
     const int height = loaded->rowMinHeight();
     QFont font = loaded->font();
