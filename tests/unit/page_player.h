@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tablio {
 
@@ -34,14 +35,25 @@ protected:
     /// Plays steps with "; " between them. "txtRows=7" types, chooses or spins; "chkWordWrap"
     /// clicks or presses; "Rows=7" and "ColWidth1=7" write a member of the control. "leave txtRows"
     /// takes the keyboard away, "load", "show" and "apply" with "general" or "columns" are the
-    /// page's own, "apply" alone is the dialog's. "txtRows txtCols==7 3" expects what each of the
-    /// names holds.
+    /// page's own, "apply" alone is the dialog's; "reopen" makes new pages, "fill" columns, and
+    /// "forget" what was told. "txtRows txtCols==7 3" expects what each of the names holds.
     void play(const std::string &steps) {
         std::size_t from = 0;
         while (from < steps.size()) {
             const std::size_t end = std::min(steps.find("; ", from), steps.size());
             step(steps.substr(from, end - from));
             from = end + 2;
+        }
+    }
+    /// Plays the steps once a row, with the row's texts in the places of %1, %2 and so on.
+    void playEach(const std::string &steps, const std::vector<std::vector<std::string>> &rows) {
+        for (const std::vector<std::string> &row : rows) {
+            std::string filled;
+            for (std::size_t at = 0; at < steps.size(); ++at)
+                filled += steps[at] == '%' ? row.at(static_cast<std::size_t>(steps[++at] - '1'))
+                                           : std::string(1, steps[at]);
+            SCOPED_TRACE(filled);
+            play(filled);
         }
     }
     void step(const std::string &step) {
@@ -56,8 +68,9 @@ protected:
             write(name, step.substr(sign + 1));
     }
 
-    /// What controls and members hold; a list its item's number, a button nothing. "(off)" is
-    /// behind what is disabled, "changed" is which pages are marked so.
+    /// What controls and members hold; a list its item's number, with a * its items, a button
+    /// nothing. "(off)" is behind what is disabled. "changed" is which pages are marked so, "told"
+    /// what was written, "focus" where the page put the keyboard, "column1" all of a column.
     std::string held(const std::string &names) {
         const std::size_t blank = names.find(' ');
         if (blank != std::string::npos)
@@ -65,11 +78,18 @@ protected:
         if (names == "changed")
             return std::string(pages->general.Changed() ? "general" : "") +
                    (pages->columns.Changed() ? "columns" : "");
-        PageControl *control = find(names);
+        if (names == "told" || names == "focus")
+            return names == "told" ? notices : focus;
+        if (names.starts_with("column"))
+            return column(names.back());
+        PageControl *control = find(names.substr(0, names.find('*')));
         if (control == nullptr)
             return Dispatch(table).get(memberOf(names), indexOf(names)).toText();
         std::string text;
-        if (control->kind() == PageControlKind::TextBox)
+        if (names.back() == '*')
+            for (const std::string &item : static_cast<PageList *>(control)->items())
+                text += (text.empty() ? "" : ",") + item;
+        else if (control->kind() == PageControlKind::TextBox)
             text = static_cast<PageTextBox *>(control)->Text();
         else if (control->kind() == PageControlKind::CheckBox)
             text = std::to_string(static_cast<PageCheckBox *>(control)->Value());
@@ -81,18 +101,18 @@ protected:
     }
 
     /// All settings of a column.
-    std::string column(int col) {
+    std::string column(char col) {
         std::string names;
         for (const char *name :
              {"ColTextHeader", "ColStyle", "ColEditType", "ColDataType", "ColCalcStyle",
               "ColFormat", "ColMaxLength", "ColWidth", "ColDataAlignment", "ColHeaderAlignment"})
-            names += (names.empty() ? "" : " ") + (name + std::to_string(col));
+            names += (names.empty() ? "" : " ") + (std::string(name) + col);
         return held(names);
     }
-    /// Decimal columns that differ in every setting that can differ.
-    void fillColumns(int cols = 4) {
-        table.setCols(cols);
-        for (int col = 0; col < cols; ++col) {
+    /// Four decimal columns that differ in every setting that can differ.
+    void fillColumns() {
+        table.setCols(4);
+        for (int col = 0; col < 4; ++col) {
             table.SetColProperty(col, std::string(1, static_cast<char>('A' + col)), 1000 + col,
                                  static_cast<TColumnStyle>(col % 3), TColumnType::ColumnDecimal,
                                  static_cast<TColumnAlignment>(7 - col % 3 * 3),
@@ -137,6 +157,12 @@ private:
         PageControl *control = find(words);
         if (words == "apply")
             pages->apply();
+        else if (words == "reopen")
+            reopen();
+        else if (words == "fill")
+            fillColumns();
+        else if (words == "forget")
+            notices.clear();
         else if (words.starts_with("load "))
             page->SelectionChanged();
         else if (words.starts_with("show "))

@@ -1,38 +1,26 @@
 #include "unit/page_player.h"
 
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace tablio {
 namespace {
 
 TEST_F(PropertyPagesTest, GeneralShowsWhatTheControlHolds) {
-    const struct {
-        const char *members, *shown;
-    } cases[] = {
-        {"Cols=5; CheckBoxes=0; PrimaryColumn=0; WithFixedColumn=False", "5 0 0 0"},
-        {"Cols=6; CheckBoxes=-1; PrimaryColumn=2; WithFixedColumn=True", "5 1 2 1"},
-        {"Cols=6; CheckBoxes=1; PrimaryColumn=1; WithFixedColumn=True", "5 1 1 1"},
-        // Only the lowest bit counts.
-        {"Cols=6; CheckBoxes=2; PrimaryColumn=1; WithFixedColumn=True", "6 0 1 1"},
-        {"Cols=1; CheckBoxes=-1; PrimaryColumn=0; WithFixedColumn=False", "0 1 -1 0(off)"},
-        // The two exclude each other, but this is what is held.
-        {"Cols=5; CheckBoxes=0; PrimaryColumn=0; WithFixedColumn=True", "5 0 0 1"},
-        {"Cols=5; CheckBoxes=0; PrimaryColumn=3; WithFixedColumn=False", "5 0 3 1"},
-        {"Cols=5; CheckBoxes=0; PrimaryColumn=7; WithFixedColumn=True", "5 0 4 1"},
-    };
     // First pages that have shown something else before, then new ones.
-    for (const bool isNew : {false, true}) {
-        for (const auto &c : cases) {
-            SCOPED_TRACE(c.members);
-            if (isNew)
-                reopen();
-            play(c.members);
-            play("load general; changed==");
-            EXPECT_EQ(held("txtCols chkCheckboxes txtPrimaryColumn chkWithFixedColumn"), c.shown);
-        }
-    }
+    playEach("Cols=%1; CheckBoxes=%2; PrimaryColumn=%3; WithFixedColumn=%4; "
+             "load general; changed==; "
+             "txtCols chkCheckboxes txtPrimaryColumn chkWithFixedColumn==%5; reopen; "
+             "load general; txtCols chkCheckboxes txtPrimaryColumn chkWithFixedColumn==%5",
+             {{"5", "0", "0", "False", "5 0 0 0"},
+              {"6", "-1", "2", "True", "5 1 2 1"},
+              {"6", "1", "1", "True", "5 1 1 1"},
+              // Only the lowest bit counts.
+              {"6", "2", "1", "True", "6 0 1 1"},
+              {"1", "-1", "0", "False", "0 1 -1 0(off)"},
+              // The two exclude each other, but this is what is held.
+              {"5", "0", "0", "True", "5 0 0 1"},
+              {"5", "0", "3", "False", "5 0 3 1"},
+              {"5", "0", "7", "True", "5 0 4 1"}});
     play("HeaderRowHeight=450; RowMinHeight=240; HeaderFontBold=True; WordWrap=True; "
          "GridPopUpMenu=False; load general; "
          "txtRows RowUpDown txtHeaderRowHeight txtRowMinHeight==10 10 450 240; "
@@ -51,29 +39,35 @@ TEST_F(PropertyPagesTest, LoadingSwitchesPageEditingOnUntilTheControlIsShownOrTh
 }
 
 TEST_F(PropertyPagesTest, EveryChangeButTheMenuTickMarksItsPage) {
-    General &page = pages->general;
-    for (PageTextBox *box : {&page.txtRows, &page.txtCols, &page.txtHeaderRowHeight,
-                             &page.txtRowMinHeight, &page.txtPrimaryColumn}) {
-        const std::string &name = box->name();
-        play("load general");
-        play(name + "=" + box->Text() + "; leave " + name + "; changed==");
-        play(name + "=3; changed==general");
+    play("RowMinHeight=240");
+    playEach("load general; %1=%2; leave %1; changed==; %1=3; changed==general",
+             {{"txtRows", "10"},
+              {"txtCols", "5"},
+              {"txtHeaderRowHeight", "300"},
+              {"txtRowMinHeight", "240"},
+              {"txtPrimaryColumn", "0"}});
+    playEach("load general; chk%1; changed==%2", {{"Checkboxes", "general"},
+                                                  {"HeaderFontBold", "general"},
+                                                  {"WordWrap", "general"},
+                                                  {"WithFixedColumn", "general"},
+                                                  {"GridPopUpMenu", ""}});
+    playEach("load general; txtIndex=0; load columns; apply columns; %1; changed==columns",
+             {{"txtIndex=3"},
+              {"txtColTextHeader=3"},
+              {"txtColFormat=3"},
+              {"txtColMaxLength=3"},
+              {"txtColWidth=3"},
+              {"cboColumnStyle=2"},
+              {"cboColEditType=0"},
+              {"cboDataType=0"},
+              {"cboColDataAlignment=0"},
+              {"cboColHeaderAlignment=0"}});
+    const General &page = pages->general;
+    for (const PageTextBox *box : {&page.txtRows, &page.txtCols, &page.txtHeaderRowHeight,
+                                   &page.txtRowMinHeight, &page.txtPrimaryColumn}) {
         const auto takes = [&](char32_t key, int at) { return page.takesKey(*box, key, at, 0); };
-        EXPECT_TRUE(takes(U'-', 0) && !takes(U'-', 1) && !takes(U'.', 1)) << name;
-        EXPECT_FALSE(takes(U'\U00010037', 1)) << name << ", in 16 bits \"7\"";
-    }
-    for (const char *box : {"chkCheckboxes", "chkHeaderFontBold", "chkWordWrap",
-                            "chkWithFixedColumn", "chkGridPopUpMenu"})
-        play(std::string("load general; ") + box +
-             "; changed==" + (box == page.chkGridPopUpMenu.name() ? "" : "general"));
-    play("load general");
-    for (const char *step :
-         {"txtIndex=3", "txtColTextHeader=3", "txtColFormat=3", "txtColMaxLength=3",
-          "txtColWidth=3", "cboColumnStyle=2", "cboColEditType=0", "cboDataType=0",
-          "cboColDataAlignment=0", "cboColHeaderAlignment=0"}) {
-        play("txtIndex=0; load columns");
-        pages->columns.setChanged(false);
-        play(std::string(step) + "; changed==columns");
+        EXPECT_TRUE(takes(U'-', 0) && !takes(U'-', 1) && !takes(U'.', 1)) << box->name();
+        EXPECT_FALSE(takes(U'\U00010037', 1)) << box->name() << ", in 16 bits \"7\"";
     }
     const Columns &columns = pages->columns;
     EXPECT_FALSE(columns.takesKey(columns.txtColMaxLength, U'x', 0, 0));
@@ -84,53 +78,43 @@ TEST_F(PropertyPagesTest, EveryChangeButTheMenuTickMarksItsPage) {
 TEST_F(PropertyPagesTest, BoxesAndSpinnersFollowEachOther) {
     play("load general; RowUpDown=11; txtRows changed==11 general; ColUpDown=6; txtCols==6");
     play("ColUpDown=0; txtCols==6"); // Beyond the spinner's end.
-    const struct {
-        const char *typed, *rows, *cols;
-    } cases[] = {
-        {"25", "25 25", "25 25"},   {"025", "25 25", "25 25"},
-        {"1", "1 11", "1 1"}, // On the way to 15: the spinner must not make 2 of it.
-        {"", " 11", " 6"},          {"30x", "30 30", "30x 6"},
-        {"x", "x 11", "x 6"},       {"2.5", "2 2", "2 2"},
-        {"0", "0 11", "0 6"},       {"99999", "99999 11", "99999 6"},
-        {"1e9", "1e9 11", "1e9 6"}, {"1e99", "1e99 11", "1e99 6"},
-    };
-    for (const auto &c : cases) {
-        const std::string typed = c.typed;
-        play("RowUpDown=11; ColUpDown=6; txtRows=" + typed + "; txtRows RowUpDown==" + c.rows);
-        play("txtCols=" + typed + "; txtCols ColUpDown==" + c.cols);
-        const std::string spinner = held("ColUpDown");
-        play("ColUpDown=" + spinner + "; txtCols==" + spinner); // Whatever the box held.
-    }
+    // The spinner writes to the box, whatever the box held.
+    playEach("RowUpDown=11; ColUpDown=6; txtRows=%1; txtRows RowUpDown==%2; "
+             "txtCols=%1; txtCols ColUpDown==%3; ColUpDown=%4; txtCols==%4",
+             {{"025", "25 25", "25 25", "25"},
+              {"1", "1 11", "1 1", "1"}, // On the way to 15: the spinner must not make 2 of it.
+              {"", " 11", " 6", "6"},
+              {"30x", "30 30", "30x 6", "6"},
+              {"x", "x 11", "x 6", "6"},
+              {"2.5", "2 2", "2 2", "2"},
+              {"0", "0 11", "0 6", "6"},
+              {"99999", "99999 11", "99999 6", "6"},
+              {"1e99", "1e99 11", "1e99 6", "6"}});
 }
 
 TEST_F(PropertyPagesTest, LeavingACountRepairsIt) {
-    const struct {
-        const char *typed, *repaired, *fixed;
-    } cases[] = {{"1", "2 1", "0(off)"}, {"0", "2 1", "0(off)"}, {"-3", "2 1", "0(off)"},
-                 {"", "2 1", "0(off)"},  {"x", "2 1", "0(off)"}, {"2", "2 2", "1"},
-                 {"40", "40 40", "1"}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.typed);
-        play("WithFixedColumn=True; load general");
-        play(std::string("txtRows=") + c.typed + "; leave txtRows; txtCols=" + c.typed);
-        play(std::string("leave txtCols; txtRows txtCols==") + c.repaired);
-        play(std::string("chkWithFixedColumn==") + c.fixed);
-        play("chkWithFixedColumn"); // Is cleared, or disabled.
-        EXPECT_EQ(held("chkWithFixedColumn").front(), '0');
-    }
+    // A click clears the fixed column's box, or it is disabled.
+    playEach("WithFixedColumn=True; load general; txtRows=%1; leave txtRows; txtCols=%1; "
+             "leave txtCols; txtRows txtCols chkWithFixedColumn==%2; "
+             "chkWithFixedColumn; chkWithFixedColumn==%3",
+             {{"1", "2 1 0(off)", "0(off)"},
+              {"-3", "2 1 0(off)", "0(off)"},
+              {"", "2 1 0(off)", "0(off)"},
+              {"x", "2 1 0(off)", "0(off)"},
+              {"2", "2 2 1", "0"},
+              {"40", "40 40 1", "0"}});
 }
 
 TEST_F(PropertyPagesTest, PrimaryAndFixedColumnExcludeEachOther) {
-    const struct {
-        const char *cols, *typed, *shown;
-    } cases[] = {{"5", "7", "4 1"},   {"5", "5", "4 1"},   {"5", "4", "4 1"},
-                 {"5", "-2", "-2 0"}, {"5", "3x", "3x 0"}, {"5", "x", "x 0"},
-                 {"1", "1", "0 0"},   {"0", "1", "-1 0"},  {"5", "1e400", "1e400 0"}};
-    for (const auto &c : cases) {
-        reopen();
-        play(std::string("txtCols=") + c.cols + "; txtPrimaryColumn=" + c.typed +
-             "; txtPrimaryColumn chkWithFixedColumn==" + c.shown);
-    }
+    playEach("reopen; txtCols=%1; txtPrimaryColumn=%2; txtPrimaryColumn chkWithFixedColumn==%3",
+             {{"5", "7", "4 1"},
+              {"5", "5", "4 1"},
+              {"5", "4", "4 1"},
+              {"5", "-2", "-2 0"},
+              {"5", "3x", "3x 0"},
+              {"1", "1", "0 0"},
+              {"0", "1", "-1 0"},
+              {"5", "1e400", "1e400 0"}});
     play("load general; chkWithFixedColumn; txtPrimaryColumn==1");
     // Only a column above 0 has a say, and ticking keeps a column that is not 0.
     play("txtPrimaryColumn=0; chkWithFixedColumn==1; chkWithFixedColumn; txtPrimaryColumn=3; "
@@ -141,13 +125,12 @@ TEST_F(PropertyPagesTest, PrimaryAndFixedColumnExcludeEachOther) {
 }
 
 TEST_F(PropertyPagesTest, GeneralIsWrittenInItsOrder) {
-    play("load general; txtRows=20; txtCols=3; txtHeaderRowHeight=500; txtRowMinHeight=250; "
-         "txtPrimaryColumn=2; chkCheckboxes; chkHeaderFontBold; chkWordWrap; chkGridPopUpMenu");
-    notices.clear();
-    play("apply general; changed==");
-    EXPECT_EQ(notices, "Rows Cols HeaderFontBold WordWrap GridPopUpMenu HeaderRowHeight "
-                       "RowMinHeight PrimaryColumn WithFixedColumn FixedCols CheckBoxes ColWidth ");
     play(
+        "load general; txtRows=20; txtCols=3; txtHeaderRowHeight=500; txtRowMinHeight=250; "
+        "txtPrimaryColumn=2; chkCheckboxes; chkHeaderFontBold; chkWordWrap; chkGridPopUpMenu; "
+        "forget; apply general; changed==; "
+        "told==Rows Cols HeaderFontBold WordWrap GridPopUpMenu HeaderRowHeight "
+        "RowMinHeight PrimaryColumn WithFixedColumn FixedCols CheckBoxes ColWidth ; "
         "Rows HeaderFontBold WordWrap GridPopUpMenu==20 True True False; "
         "HeaderRowHeight RowMinHeight==500 250; PrimaryColumn WithFixedColumn FixedCols==2 True 2");
     play("Cols CheckBoxes ColWidth3==4 -1 300"); // One more for the check boxes.
@@ -155,178 +138,130 @@ TEST_F(PropertyPagesTest, GeneralIsWrittenInItsOrder) {
     // Fixed columns that there are stay, and columns without check boxes keep their widths.
     play("txtPrimaryColumn=1; chkCheckboxes; txtCols=6; apply general; "
          "FixedCols Cols CheckBoxes ColWidth5==2 6 0 960");
-}
-
-TEST_F(PropertyPagesTest, WhatTheControlRefusesIsSkippedAndTheRestGoesOn) {
-    for (const char *refused : {"", "x", "40000", "-1"}) {
-        reopen();
-        play(std::string("WordWrap=False; load general; txtRows=") + refused +
-             "; txtCols=" + refused);
-        play("txtHeaderRowHeight=tall; txtRowMinHeight=-1; chkWordWrap; apply general; "
-             "Rows Cols HeaderRowHeight RowMinHeight WordWrap==10 5 300 0 True");
-    }
+    // What the control refuses is skipped, and the rest goes on.
+    playEach("CheckBoxes=0; Cols=5; Rows=10; WordWrap=False; HeaderRowHeight=300; RowMinHeight=0; "
+             "reopen; load general; txtRows=%1; txtCols=%1; txtHeaderRowHeight=tall; "
+             "txtRowMinHeight=-1; chkWordWrap; apply general; "
+             "Rows Cols HeaderRowHeight RowMinHeight WordWrap==10 5 300 0 True",
+             {{""}, {"x"}, {"40000"}, {"-1"}});
 }
 
 TEST_F(PropertyPagesTest, ColumnsRepairsTheIndexAndOffersWhatIsPossible) {
-    const struct {
-        const char *cols, *index;
-        const char *shown; ///< With Previous, Next and Remove.
-    } cases[] = {
-        {"4", "", "0 (off)  "},   {"4", "abc", "0 (off)  "}, {"4", "02", "2   "},
-        {"4", " 1 of 4", "1   "}, {"4", "3", "3  (off) "},   {"4", "4", "3   "},
-        {"4", "1e9", "3   "},     {"4", "-1", "-1   "},      {"1", "0", "0 (off) (off) (off)"},
-        {"2", "1", "1  (off) "},
-    };
-    for (const auto &c : cases) {
-        play(std::string("Cols=") + c.cols + "; txtIndex=" + c.index + "; load columns; " +
-             "txtIndex cmdIndex(0) cmdIndex(1) cmdCommand(1)==" + c.shown);
-        play("changed==columns");
-    }
+    // With Previous, Next and Remove.
+    playEach("Cols=%1; txtIndex=%2; load columns; "
+             "txtIndex cmdIndex(0) cmdIndex(1) cmdCommand(1)==%3; changed==columns",
+             {{"4", "", "0 (off)  "},
+              {"4", "abc", "0 (off)  "},
+              {"4", "02", "2   "},
+              {"4", " 1 of 4", "1   "},
+              {"4", "3", "3  (off) "},
+              {"4", "4", "3   "},
+              {"4", "1e9", "3   "},
+              {"4", "-1", "-1   "},
+              {"1", "0", "0 (off) (off) (off)"},
+              {"2", "1", "1  (off) "}});
     play("Cols=0; load columns; cmdCommand(0)");
 }
 
 TEST_F(PropertyPagesTest, AnIndexThatNoColumnHasDoesNoHarm) {
-    for (const char *index : {"9", "-7", "-2147483648", "1e300"}) {
-        fillColumns();
-        play(std::string("txtIndex=") + index + "; apply columns; cmdCommand(1); Cols==3");
-        play(std::string("txtIndex=") + index + "; cmdCommand(0); Cols==4");
-    }
+    playEach("fill; txtIndex=%1; apply columns; cmdCommand(1); Cols==3; "
+             "txtIndex=%1; cmdCommand(0); Cols==4",
+             {{"9"}, {"-7"}, {"-2147483648"}, {"1e300"}});
 }
 
 TEST_F(PropertyPagesTest, LoadingShowsTheColumnAndKeepsItWhenApplied) {
-    fillColumns();
-    for (int col = 0; col < 4; ++col) {
+    play("fill");
+    for (const char col : {'0', '1', '2', '3'}) {
         const std::string before = column(col);
-        play("txtIndex=" + std::to_string(col) + "; load columns; apply columns");
+        play(std::string("txtIndex=") + col + "; load columns; apply columns");
         EXPECT_EQ(column(col), before);
     }
-    for (const auto &[stored, item] : {std::pair("1", "0"), {"4", "1"}, {"7", "2"}, {"9", "2"}}) {
-        play(std::string("ColDataAlignment0=") + stored + "; ColHeaderAlignment1=" + stored);
-        play(std::string("txtIndex=0; load columns; cboColDataAlignment==") + item);
-        play(std::string("txtIndex=1; load columns; cboColHeaderAlignment==") + item);
-    }
+    playEach("ColDataAlignment0=%1; ColHeaderAlignment1=%1; "
+             "txtIndex=0; load columns; cboColDataAlignment==%2; "
+             "txtIndex=1; load columns; cboColHeaderAlignment==%2",
+             {{"1", "0"}, {"4", "1"}, {"7", "2"}, {"9", "2"}});
     // A stored value that no list has leaves the list as it is.
     play("txtIndex=0; load columns; ColStyle1=9; ColEditType1=9; ColDataType1=9; txtIndex=1; "
          "load columns; cboColumnStyle cboColEditType cboDataType txtColTextHeader==0 1 2 B");
 }
 
 TEST_F(PropertyPagesTest, TheEditKindDecidesWhatIsOffered) {
-    using Items = std::vector<std::string>;
-    const Items signs{"AllValue", "Positive", "Negative"};
-    const Items styles{"No Style", "Calc.Style"};
-    const struct {
-        const char *kind;
-        Items calcStyles;
-        Items dataTypes;
-        const char *shown;  ///< Both lists, maximum length and format, once the kind is chosen.
-        const char *loaded; ///< The same for a stored column.
-    } cases[] = {
-        {"0",
-         {"No Style"},
-         {"AllCase", "UpperCase", "LowerCase"},
-         "0(off) 0 77 typed",
-         "0(off) 2 33 stored"},
-        {"1", styles, signs, "0 0 77 typed", "1 2 33 stored"},
-        {"2", styles, signs, "0 0 77 typed", "1 2 33 stored"},
-        {"3",
-         {"No Style"},
-         {"Date"},
-         "0(off) 0(off) 10(off) ##/##/####(off)",
-         "0(off) 0(off) 33(off) stored(off)"},
-        {"4",
-         {"No Style"},
-         {"Combo"},
-         "0(off) 0(off) 0(off) (off)",
-         "0(off) 0(off) 33(off) stored(off)"},
-    };
-    const std::string names = "cboCalcStyle cboDataType txtColMaxLength txtColFormat";
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.kind);
-        play("txtIndex=0; load columns; txtColMaxLength=77; txtColFormat=typed");
-        pages->columns.setChanged(false);
-        play(std::string("cboColEditType=") + c.kind + "; changed==columns; " + names +
-             "==" + c.shown);
-        EXPECT_EQ(pages->columns.cboCalcStyle.items(), c.calcStyles);
-        EXPECT_EQ(pages->columns.cboDataType.items(), c.dataTypes);
-        // Loading shows what is stored, after the rule has run.
-        play(std::string("ColEditType1=") + c.kind +
-             "; ColDataType1=2; ColCalcStyle1=1; ColFormat1=stored; "
-             "ColMaxLength1=33; txtIndex=1; load columns; " +
-             names + "==" + c.loaded);
-    }
-    play("txtIndex=0; load columns; txtColFormat=; txtColFormat=="); // Unlocked again.
-    for (const auto &[typed, shown] : {std::pair("5000", "1024"),
-                                       {"1025", "1024"},
-                                       {"1024", "1024"},
-                                       {"1023", "1023"},
-                                       {"", ""}})
-        play(std::string("txtColMaxLength=") + typed + "; txtColMaxLength==" + shown);
+    const std::string shown = "cboCalcStyle cboDataType txtColMaxLength txtColFormat==";
+    // Once the kind is chosen; then what is stored, which is shown after the rule has run.
+    playEach(
+        "txtIndex=0; load columns; txtColMaxLength=77; txtColFormat=typed; apply columns; "
+        "cboColEditType=%1; changed==columns; cboCalcStyle* cboDataType*==%2; " +
+            shown +
+            "%3; ColEditType1=%1; ColDataType1=2; ColCalcStyle1=1; ColFormat1=stored; "
+            "ColMaxLength1=33; txtIndex=1; load columns; " +
+            shown + "%4",
+        {{"0", "No Style(off) AllCase,UpperCase,LowerCase", "0(off) 0 77 typed",
+          "0(off) 2 33 stored"},
+         {"1", "No Style,Calc.Style AllValue,Positive,Negative", "0 0 77 typed", "1 2 33 stored"},
+         {"2", "No Style,Calc.Style AllValue,Positive,Negative", "0 0 77 typed", "1 2 33 stored"},
+         {"3", "No Style(off) Date(off)", "0(off) 0(off) 10(off) ##/##/####(off)",
+          "0(off) 0(off) 33(off) stored(off)"},
+         {"4", "No Style(off) Combo(off)", "0(off) 0(off) 0(off) (off)",
+          "0(off) 0(off) 33(off) stored(off)"}});
+    play("ColEditType0=0; txtIndex=0; load columns; txtColFormat=; txtColFormat=="); // Unlocked.
+    playEach("txtColMaxLength=%1; txtColMaxLength==%2",
+             {{"5000", "1024"}, {"1025", "1024"}, {"1023", "1023"}, {"", ""}});
 }
 
 TEST_F(PropertyPagesTest, AColumnIsWrittenInItsOrder) {
-    fillColumns();
-    const std::string others = column(1) + column(3);
-    play("txtIndex=2; load columns; cboColEditType=2; cboColumnStyle=1; cboDataType=1; "
+    play("fill; txtIndex=2; load columns; cboColEditType=2; cboColumnStyle=1; cboDataType=1; "
          "cboCalcStyle=1; txtColFormat=#,##0; txtColTextHeader=Pieces; txtColWidth=1200 twips; "
          "txtColMaxLength= 9 ; cboColDataAlignment=2; cboColHeaderAlignment=0");
-    notices.clear();
-    play("apply columns; changed==");
-    EXPECT_EQ(notices, "ColStyle ColEditType ColDataType ColCalcStyle ColFormat ColTextHeader "
-                       "ColWidth ColMaxLength ColDataAlignment ColHeaderAlignment ");
-    EXPECT_EQ(column(2), "Pieces 1 2 1 1 #,##0 9 1200 7 1");
-    EXPECT_EQ(column(1) + column(3), others);
+    const std::string others = held("column1 column3");
+    play("forget; apply columns; changed==; "
+         "told==ColStyle ColEditType ColDataType ColCalcStyle ColFormat ColTextHeader "
+         "ColWidth ColMaxLength ColDataAlignment ColHeaderAlignment ; "
+         "column2==Pieces 1 2 1 1 #,##0 9 1200 7 1; column1 column3==" +
+         others);
     // A length that the control refuses is skipped; the alignments after it are not.
-    play("txtColMaxLength=-99999; cboColDataAlignment=1; apply columns");
-    EXPECT_EQ(column(2), "Pieces 1 2 1 1 #,##0 9 1200 4 1");
+    play("txtColMaxLength=-99999; cboColDataAlignment=1; apply columns; "
+         "column2==Pieces 1 2 1 1 #,##0 9 1200 4 1");
 }
 
 TEST_F(PropertyPagesTest, MovingKeepsWhatWasEditedAndStopsAtTheEdges) {
-    fillColumns();
-    play("txtIndex=1; load columns; txtColTextHeader=edited; cmdIndex(1); "
-         "ColTextHeader1 txtColTextHeader==edited C");
-    EXPECT_EQ(focus, "txtColTextHeader");
-    play("cmdIndex(1); cmdIndex(1); txtIndex cmdIndex(1)==3 (off)");
-    for (int press = 0; press < 5; ++press)
-        play("cmdIndex(0)");
-    play("txtIndex txtColTextHeader==0 A");
-    for (const char *checkBoxes : {"-1", "1"}) // The column of check boxes is never reached.
-        play(std::string("CheckBoxes=") + checkBoxes +
-             "; txtIndex=2; load columns; cmdIndex(1)==; cmdIndex(1); txtIndex==2");
+    play("fill; txtIndex=1; load columns; txtColTextHeader=edited; cmdIndex(1); "
+         "ColTextHeader1 txtColTextHeader focus==edited C txtColTextHeader; "
+         "cmdIndex(1); cmdIndex(1); txtIndex cmdIndex(1)==3 (off); "
+         "cmdIndex(0); cmdIndex(0); cmdIndex(0); cmdIndex(0); txtIndex txtColTextHeader==0 A");
+    // The column of check boxes is never reached.
+    playEach("CheckBoxes=%1; txtIndex=2; load columns; cmdIndex(1)==; cmdIndex(1); txtIndex==2",
+             {{"-1"}, {"1"}});
 }
 
 const std::string allButCalcStyle = "ColStyle ColEditType ColDataType ColFormat ColMaxLength "
                                     "ColTextHeader ColWidth ColDataAlignment ColHeaderAlignment ";
 
 TEST_F(PropertyPagesTest, InsertingMakesANewColumnBehindTheCurrentOne) {
-    for (const int at : {0, 1, 3}) {
-        SCOPED_TRACE(at);
-        fillColumns();
-        std::vector<std::string> expected{column(0), column(1), column(2), column(3)};
-        expected.insert(expected.begin() + at + 1, " 2 0 1 0  64 960 1 1");
-        // What is being edited stays with its column.
-        play("txtIndex=" + std::to_string(at) + "; load columns; txtColTextHeader=edited");
-        expected[static_cast<std::size_t>(at)].replace(0, 1, "edited");
-        notices.clear();
-        play("cmdCommand(0); txtColWidth cboDataType cmdCommand(1)==960 1 ");
-        EXPECT_EQ((std::vector{column(0), column(1), column(2), column(3), column(4)}), expected);
-        EXPECT_EQ(held("txtIndex"), std::to_string(at + 1));
-        EXPECT_EQ(focus, "txtColTextHeader");
-        // Each column behind it is copied, then the new one is set.
-        std::string told = "Cols ";
-        for (int writes = 0; writes < 5 - at; ++writes)
-            told += "ColStyle ColEditType ColDataType ColCalcStyle " + allButCalcStyle.substr(33);
-        EXPECT_EQ(notices.substr(0, told.size()), told);
-    }
+    play("fill");
+    const std::string a = column('0').substr(1);
+    const std::string d = column('3').substr(1);
+    const std::string added = " 2 0 1 0  64 960 1 1";
+    // What is being edited stays with its column.
+    playEach("fill; txtIndex=%1; load columns; txtColTextHeader=edited; forget; cmdCommand(0); "
+             "txtColWidth cboDataType cmdCommand(1) txtIndex focus==960 1  %2 txtColTextHeader; "
+             "column%1==edited%3; column%2==" +
+                 added + "; ColTextHeader%4==%5; column4==%6",
+             {{"0", "1", a, "3", "C", "D" + d},
+              {"1", "2", column('1').substr(1), "3", "C", "D" + d},
+              {"3", "4", d, "1", "B", added}});
+    // Each column behind it is copied, then the new one is set.
+    play("fill; txtIndex=0; load columns; forget; cmdCommand(0)");
+    std::string told = "Cols ";
+    for (int writes = 0; writes < 5; ++writes)
+        told += "ColStyle ColEditType ColDataType ColCalcStyle " + allButCalcStyle.substr(33);
+    EXPECT_EQ(notices.substr(0, told.size()), told);
 }
 
 TEST_F(PropertyPagesTest, RemovingMovesAllButTheCalculationStyles) {
-    fillColumns();
-    play("txtIndex=1; load columns");
-    notices.clear();
-    play("cmdCommand(1); ColTextHeader0 ColTextHeader1 ColTextHeader2 txtIndex==A C D 1");
-    EXPECT_EQ(column(1), "C 2 1 0 1 0.000 12 1002 7 1");
-    EXPECT_EQ(notices, allButCalcStyle + allButCalcStyle + allButCalcStyle + "Cols ");
-    EXPECT_EQ(focus, "txtColTextHeader");
+    play("fill; txtIndex=1; load columns; forget; cmdCommand(1); "
+         "ColTextHeader0 ColTextHeader1 ColTextHeader2 txtIndex focus==A C D 1 txtColTextHeader; "
+         "column1==C 2 1 0 1 0.000 12 1002 7 1; told==" +
+         allButCalcStyle + allButCalcStyle + allButCalcStyle + "Cols ");
     // The page shows the column that has moved here.
     play("apply columns; ColTextHeader1 ColCalcStyle1 ColCalcStyle2==C 1 0");
     play("txtIndex=2; load columns; cmdCommand(1); "
@@ -357,10 +292,9 @@ TEST_F(PropertyPagesTest, BothAreAppliedTogether) {
 
 TEST_F(PropertyPagesTest, ColumnsFollowsWhatGeneralApplies) {
     play("show general; show columns");
-    for (const auto &[cols, shown] :
-         {std::pair("1", "0 (off) (off) "), {"5", "0   "}, {"2", "1 (off)  "}})
-        play(std::string("txtCols=") + cols + "; apply; show columns; " +
-             "txtIndex cmdIndex(1) cmdCommand(1) changed==" + shown + "; cmdIndex(1); cmdIndex(1)");
+    playEach("txtCols=%1; apply; show columns; txtIndex cmdIndex(1) cmdCommand(1) changed==%2; "
+             "cmdIndex(1); cmdIndex(1)",
+             {{"1", "0 (off) (off) "}, {"5", "0   "}, {"2", "1 (off)  "}});
     // Columns has gone to it and does not write over it.
     play("cmdIndex(0); cmdIndex(1); changed==columns; txtCols=1; chkCheckboxes; apply; "
          "ColWidth1 txtColWidth==300 300");
