@@ -7,19 +7,12 @@
 #include <QtDesigner/QDesignerObjectInspectorInterface>
 #include <QtDesigner/QDesignerPropertyEditorInterface>
 #include <QtDesigner/QDesignerTaskMenuExtension>
+#include <QtDesigner/QDesignerWidgetBoxInterface>
 #include <QtDesigner/QExtensionManager>
 
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFile>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
 
 #include <stdexcept>
 
@@ -29,7 +22,7 @@ constexpr char emptyForm[] = R"(<ui version="4.0">
  <class>Form</class>
  <widget class="QWidget" name="Form">
   <property name="geometry"><rect><x>0</x><y>0</y><width>500</width><height>300</height></rect></property>
-  <widget class="tablio::qt::TablioWidget" name="tablio"/>
+  %1
  </widget>
 </ui>)";
 
@@ -41,9 +34,11 @@ DesignerSession::DesignerSession() {
     designer_->setTopLevel(&frame_);
     designer_->setPropertyEditor(QDesignerComponents::createPropertyEditor(designer_, &frame_));
     designer_->setObjectInspector(QDesignerComponents::createObjectInspector(designer_, &frame_));
+    designer_->setWidgetBox(QDesignerComponents::createWidgetBox(designer_, &frame_));
     QDesignerComponents::createTaskMenu(designer_, &frame_);
     new QDesignerIntegration(designer_, &frame_);
     QDesignerComponents::initializePlugins(designer_);
+    designer_->widgetBox()->load();
 }
 
 void DesignerSession::closeForms() {
@@ -54,7 +49,17 @@ void DesignerSession::closeForms() {
 }
 
 QDesignerFormWindowInterface *DesignerSession::newForm() {
-    return openForm(QString::fromLatin1(emptyForm));
+    QDesignerWidgetBoxInterface *box = designer_->widgetBox();
+    for (int place = 0; place < box->categoryCount(); ++place) {
+        const auto category = box->category(place);
+        if (category.name() != "Tablio")
+            continue;
+        const QString dropped = category.widget(0).domXml();
+        const auto start = dropped.indexOf("<widget");
+        return openForm(QString::fromLatin1(emptyForm).arg(
+            dropped.mid(start, dropped.indexOf("</ui>") - start)));
+    }
+    throw std::runtime_error("the widget is not in the widget box");
 }
 
 QDesignerFormWindowInterface *DesignerSession::openForm(const QString &contents, const char *name) {
@@ -89,83 +94,21 @@ void DesignerSession::edit(QWidget *widget, const char *property, const QVariant
     QCoreApplication::processEvents();
 }
 
-Pages::Pages(DesignerSession &session, QWidget *widget) {
-    auto *menu =
-        qt_extension<QDesignerTaskMenuExtension *>(session.designer().extensionManager(), widget);
-    for (QAction *action : menu->taskActions()) {
-        if (action->text() == QStringLiteral("Property Pages\u2026"))
-            action->trigger();
-    }
+OpenPages::OpenPages(DesignerSession &session, QWidget *widget)
+    : PagesDialog(open(session, widget)) {}
+
+OpenPages::~OpenPages() { delete get(); }
+
+QDialog *OpenPages::open(DesignerSession &session, QWidget *widget) {
+    // What a double click does, and the entry in the context menu.
+    qt_extension<QDesignerTaskMenuExtension *>(session.designer().extensionManager(), widget)
+        ->preferredEditAction()
+        ->trigger();
     for (QWidget *window : QApplication::topLevelWidgets()) {
         if (window->inherits("tablio::qt::PropertyPagesDialog") && window->isVisible())
-            dialog_ = qobject_cast<QDialog *>(window);
+            return qobject_cast<QDialog *>(window);
     }
-    if (dialog_ == nullptr)
-        throw std::runtime_error("the property pages did not open");
-    dialog_->activateWindow();
-    static_cast<void>(QTest::qWaitForWindowActive(dialog_));
-}
-
-Pages::~Pages() { delete dialog_; }
-
-template <typename Widget> Widget *Pages::find(const char *name) const {
-    auto *found = dialog_->findChild<Widget *>(QString::fromLatin1(name));
-    if (found == nullptr)
-        throw std::runtime_error(std::string("the pages have no ") + name);
-    return found;
-}
-
-void Pages::showPage(int tab) { dialog_->findChild<QTabWidget *>()->setCurrentIndex(tab); }
-
-void Pages::type(const char *box, const QString &text) {
-    auto *edit = find<QLineEdit>(box);
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Backspace);
-    for (const QChar character : text) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(character));
-        QCoreApplication::sendEvent(edit, &press);
-    }
-    QTest::keyClick(edit, Qt::Key_Tab);
-}
-
-void Pages::choose(const char *list, const QString &item) {
-    auto *combo = find<QComboBox>(list);
-    combo->setFocus();
-    QTest::keyClick(combo, Qt::Key_Home);
-    for (int tries = combo->count(); combo->currentText() != item && tries > 0; --tries)
-        QTest::keyClick(combo, Qt::Key_Down);
-}
-
-void Pages::press(const char *button) {
-    QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton);
-}
-
-void Pages::tick(const char *box) {
-    auto *native = find<QCheckBox>(box);
-    native->setFocus();
-    QTest::keyClick(native, Qt::Key_Space);
-}
-
-QString Pages::text(const char *box) const { return find<QLineEdit>(box)->text(); }
-
-QByteArray Pages::preview() const {
-    QCoreApplication::processEvents();
-    for (const QWidget *widget : dialog_->findChildren<QWidget *>()) {
-        if (widget->inherits("tablio::qt::TablioWidget"))
-            return settingsOf(widget);
-    }
-    return {};
-}
-
-void Pages::apply() {
-    QTest::mouseClick(dialog_->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply),
-                      Qt::LeftButton);
-}
-
-void Pages::ok() {
-    QTest::keyClick(dialog_->windowHandle(), Qt::Key_Return);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    throw std::runtime_error("the property pages did not open");
 }
 
 QByteArray settingsOf(const QObject *widget) { return widget->property("settings").toByteArray(); }

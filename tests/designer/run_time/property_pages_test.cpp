@@ -1,18 +1,17 @@
 /// The property pages and the settings of a widget that runs: a table with data in it.
 
 #include "control/inside.h"
+#include "pages_dialog.h"
 
 #include <tablio/qt/tablio_widget.h>
 
 #include <gtest/gtest.h>
 
-#include <QComboBox>
+#include <QAbstractButton>
+#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QTabWidget>
 #include <QTest>
 #include <QTranslator>
 
@@ -47,40 +46,23 @@ protected:
 
     std::unique_ptr<TablioWidget> grid = std::make_unique<TablioWidget>();
 
-    QDialog *open(int page = 0) {
+    PagesDialog open(int page = 0) {
         grid->showPropertyPages();
-        auto *dialog = grid->findChild<QDialog *>();
-        dialog->activateWindow();
-        static_cast<void>(QTest::qWaitForWindowActive(dialog));
-        dialog->findChild<QTabWidget *>()->setCurrentIndex(page);
-        return dialog;
-    }
-    template <typename Widget = QLineEdit> Widget *find(const char *name) const {
-        return grid->findChild<QDialog *>()->findChild<Widget *>(name);
-    }
-    void press(const char *button) const {
-        QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton);
-    }
-    void apply() const {
-        grid->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Apply)->click();
-    }
-    static void replace(QLineEdit *box, const QString &text) {
-        box->setFocus();
-        box->selectAll();
-        QTest::keyClicks(box, text);
+        const PagesDialog pages(grid->findChild<QDialog *>());
+        pages.play(QStringLiteral("page=%1").arg(page));
+        return pages;
     }
 };
 
 } // namespace
 
 TEST_F(RunningTable, KeepsItsDataWhatThePagesDo) {
-    QPointer<QDialog> dialog = open();
-    EXPECT_EQ(open(1), dialog.data()) << "there is one dialog";
-    replace(find("txtColTextHeader"), "Total");
-    press("cmdIndex(1)");
-    EXPECT_EQ(find("txtColTextHeader")->text(), "Name");
-    QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
-    EXPECT_TRUE(dialog == nullptr || !dialog->isVisible());
+    const PagesDialog pages = open();
+    EXPECT_EQ(open(1).get(), pages.get()) << "there is one dialog";
+    pages.play("txtColTextHeader=Total; cmdIndex(1)");
+    EXPECT_EQ(pages.text("txtColTextHeader"), "Name");
+    pages.play("ok");
+    EXPECT_TRUE(pages.get() == nullptr || !pages.get()->isVisible());
 
     EXPECT_EQ(grid->colTextHeader(0), "Total");
     EXPECT_EQ(grid->textMatrix(1, 0), "12") << "a fixed column is no design any more";
@@ -98,16 +80,13 @@ TEST_F(RunningTable, RowNumbersStandInTheirColumnsOnly) {
     EXPECT_EQ(column(1), "Ann,Zoe") << "a column that was not numbered keeps its texts";
     grid->setColStyle(0, TablioWidget::ColumnFixedWithAutoNumber);
 
-    open();
-    replace(find("txtRows"), "12");
-    open(1);
-    apply();
+    const PagesDialog pages = open();
+    pages.play("txtRows=12; page=1; apply");
     EXPECT_EQ(column(0), "1,11") << "the new rows are numbered, too";
-    press("cmdCommand(0)");
+    pages.play("cmdCommand(0)");
     EXPECT_EQ(column(0), "1,11");
     EXPECT_EQ(column(1), ",") << "an inserted column has no numbers";
-    press("cmdIndex(0)");
-    press("cmdCommand(1)");
+    pages.play("cmdIndex(0); cmdCommand(1)");
     EXPECT_EQ(column(0), ",") << "nor has the place of a removed one";
 }
 
@@ -115,26 +94,24 @@ TEST_F(RunningTable, ThePreviewShowsWhatApplyGives) {
     const struct {
         bool fixed;
         int primary;
-        std::vector<std::pair<const char *, const char *>> typed;
+        const char *steps;
     } cases[] = {
-        {true, 0, {{"txtHeaderRowHeight", "500"}}},
-        {false, 0, {{"txtPrimaryColumn", "2"}, {"txtCols", "2"}}},
-        {true, 1, {{"txtCols", "9"}, {"txtColTextHeader", "edited"}}},
+        {true, 0, "txtHeaderRowHeight=500"},
+        {false, 0, "txtPrimaryColumn=2; txtCols=2"},
+        {true, 1, "txtCols=9; txtColTextHeader=edited"},
     };
     for (const auto &c : cases) {
         grid->setCols(3);
         grid->setFixedCols(0);
         grid->setWithFixedColumn(c.fixed);
         grid->setPrimaryColumn(c.primary);
-        const std::unique_ptr<QDialog> dialog(open(1));
-        for (const auto &[box, text] : c.typed)
-            replace(find(box), text);
-        QCoreApplication::processEvents();
-        const auto *preview = dialog->findChild<TablioWidget *>();
-        const QByteArray shown = preview->settings();
-        apply();
-        grid->setRows(preview->rows());
+        const PagesDialog pages = open(1);
+        pages.play(c.steps);
+        const QByteArray shown = pages.preview();
+        pages.play("apply");
+        grid->setRows(pages.get()->findChild<TablioWidget *>()->rows());
         EXPECT_EQ(shown.toStdString(), grid->settings().toStdString());
+        delete pages.get();
     }
 }
 
@@ -142,13 +119,13 @@ TEST_F(RunningTable, AltAndALetterIsThePages) {
     NamesWithAccessKeys desktop;
     QCoreApplication::installTranslator(&desktop);
     QCoreApplication::processEvents();
-    for (const QAbstractButton *button : open()->findChild<QDialogButtonBox *>()->buttons())
+    for (const QAbstractButton *button : open().get()->findChild<QDialogButtonBox *>()->buttons())
         EXPECT_FALSE(button->text().contains('&')) << "Alt+C is for Checkboxes";
 }
 
 TEST_F(RunningTable, ThePagesAreLaidOutInLines) {
     grid->setHeaderRowHeight(900);
-    const QDialog *dialog = open();
+    const QDialog *dialog = open().get();
     const auto middle = [dialog](const char *name) {
         const auto *widget = dialog->findChild<QWidget *>(name);
         return widget->mapTo(dialog, widget->rect().center()).y();
@@ -175,53 +152,47 @@ TEST_F(RunningTable, ArrowsCountOnFromWhatTheBoxHolds) {
         {"2", "1", Qt::Key_Up, "2"},      {"2", "99999", Qt::Key_Down, "32768"},
         {"9", "-", Qt::Key_Up, "10"},     {"9", "-7", Qt::Key_Up, "2"},
     };
-    open();
-    auto *box = find("txtRows");
+    const PagesDialog pages = open();
     for (const auto &c : cases) {
-        replace(box, c.before);
-        replace(box, c.typed);
-        QTest::keyClick(box->parentWidget(), c.key);
-        EXPECT_EQ(box->text(), c.shown) << c.typed;
+        pages.play(QStringLiteral("txtRows=%1; txtRows=%2").arg(c.before, c.typed));
+        QTest::keyClick(pages.get()->findChild<QWidget *>("RowUpDown"), c.key);
+        EXPECT_EQ(pages.text("txtRows"), c.shown) << c.typed;
     }
 }
 
 TEST_F(RunningTable, RowsThatCameMeanwhileStay) {
-    QDialog *dialog = open();
-    EXPECT_EQ(find("txtRows")->text(), "10");
+    const PagesDialog pages = open();
+    EXPECT_EQ(pages.text("txtRows"), "10");
     grid->setRows(40);
     QCoreApplication::processEvents();
-    EXPECT_EQ(find("txtRows")->text(), "40");
-    replace(find("txtHeaderRowHeight"), "600");
-    QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(pages.text("txtRows"), "40");
+    pages.play("txtHeaderRowHeight=600; ok");
     EXPECT_EQ(grid->rows(), 40);
     EXPECT_EQ(grid->headerRowHeight(), 600);
     EXPECT_EQ(grid->textMatrix(9, 1), "Zoe");
 }
 
 TEST_F(RunningTable, EnterInTheIndexBoxGoesToTheColumn) {
-    const QDialog *dialog = open(1);
-    replace(find("txtIndex"), "1");
-    QTest::keyClick(find("txtIndex"), Qt::Key_Return);
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_EQ(find("txtColTextHeader")->text(), "Name");
+    const PagesDialog pages = open(1);
+    pages.play("txtIndex=1");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(pages.get()->isVisible());
+    EXPECT_EQ(pages.text("txtColTextHeader"), "Name");
     EXPECT_EQ(grid->colTextHeader(1), "Name");
-}
-
-TEST_F(RunningTable, LocksAndListsFollowTheEditKind) {
-    open(1);
-    QTest::keyClick(find<QComboBox>("cboColEditType"), Qt::Key_End);
-    EXPECT_FALSE(find("txtColFormat")->isEnabled());
-    QTest::keyClick(find<QComboBox>("cboColEditType"), Qt::Key_Home);
-    EXPECT_TRUE(find("txtColFormat")->isEnabled());
-    EXPECT_EQ(find<QComboBox>("cboDataType")->currentText(), "AllCase");
+    pages.play("cboColEditType=ColumnCombo");
+    const auto *format = pages.get()->findChild<QLineEdit *>("txtColFormat");
+    EXPECT_FALSE(format->isEnabled());
+    pages.play("cboColEditType=ColumnString");
+    EXPECT_TRUE(format->isEnabled());
+    EXPECT_EQ(pages.text("cboDataType"), "AllCase");
 }
 
 TEST_F(RunningTable, MayBeDeletedWhileItsPagesAreOpenAndByWhatTheyChange) {
-    const QPointer<QDialog> dialog = open(1);
+    const PagesDialog pages = open(1);
     QObject::connect(grid.get(), &TablioWidget::propertyChanged, [&] { grid.reset(); });
-    press("cmdCommand(0)");
+    pages.play("cmdCommand(0)");
     EXPECT_EQ(grid, nullptr);
-    EXPECT_EQ(dialog, nullptr);
+    EXPECT_EQ(pages.get(), nullptr);
 }
 
 TEST_F(RunningTable, EndsAnOpenEditBeforeThePagesOpen) {
