@@ -88,8 +88,12 @@ bool GridInput::startEdit(bool typed, char32_t key) {
 
 void GridInput::clearCell() {
     const CellAddress cell = state_.grid.current();
-    // A picture may show nothing of a number that is there.
-    if (isEditable(cell) && !state_.grid.table.CellData(cell.row, cell.col).empty())
+    if (!isEditable(cell))
+        return;
+    // A picture may show nothing of a number that is there, or digits where none is.
+    const GridTable &table = state_.grid.table;
+    if (!table.TextMatrix(cell.row, cell.col).empty() ||
+        !table.CellData(cell.row, cell.col).empty())
         replacement_.clear(cell);
 }
 
@@ -115,6 +119,9 @@ void GridInput::paste() {
 
 void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
     dropsNextClick_ = false;
+    // Who hears the end of the edit may have begun another, or taken the cursor elsewhere.
+    if (session_.isOpen() && !session_.EndCellEdit())
+        return;
     session_.giveFocusToGrid();
     if (state_.link.isClosed() || button == MouseButton::Middle)
         return;

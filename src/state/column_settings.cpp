@@ -10,19 +10,6 @@
 
 namespace tablio {
 
-namespace {
-
-int checked16Bit(std::size_t from, int to) {
-    const auto difference = static_cast<long>(from) - to;
-    if (difference > std::numeric_limits<std::int16_t>::max() ||
-        difference < std::numeric_limits<std::int16_t>::min())
-        throw OverflowError("Cols: the column count differs by " + std::to_string(difference) +
-                            ", more than 16 bits hold");
-    return static_cast<int>(difference);
-}
-
-} // namespace
-
 TColumnStyle ColumnSettings::ColStyle(int col) const {
     return static_cast<TColumnStyle>(number(Style, col));
 }
@@ -74,18 +61,20 @@ bool ColumnSettings::followColumnCount() {
         for (std::vector<std::string> &list : lists_)
             list.resize(std::min(list.size(), cols));
     }
-    const int missing = -checked16Bit(lists_[Style].size(), table_.Cols());
+    const int missing = table_.Cols() - length();
     for (int round = 0; round < missing; ++round)
         append({"0", "0", "", "64", "0", "0"});
-    for (int round = 0; round < -missing; ++round) {
+    const int fillers = hasFillers_ ? 0 : -missing;
+    for (int round = 0; round < fillers; ++round) {
         for (std::vector<std::string> &list : lists_)
             list.push_back(std::to_string(list.size()));
     }
+    hasFillers_ = missing < 0;
     return missing > 0;
 }
 
 void ColumnSettings::clear() {
-    isStart_ = false;
+    isStart_ = hasFillers_ = false;
     for (std::vector<std::string> &list : lists_)
         list.clear();
 }

@@ -43,8 +43,8 @@ public:
     /// count that is asked for is lower.
     void start();
     /// Makes the lists follow the grid's column count. More columns get default entries; after
-    /// fewer columns the old entries stay, followed by one filler for each column that went.
-    /// Answers whether default entries were added.
+    /// fewer columns the old entries stay, followed by one filler for each column that went, unless
+    /// fillers stand beyond the count already. Answers whether default entries were added.
     bool followColumnCount();
 
     [[nodiscard]] int length() const noexcept { return static_cast<int>(lists_[Style].size()); }
@@ -67,6 +67,8 @@ private:
     const GridTable &table_;
     std::array<std::vector<std::string>, 6> lists_;
     bool isStart_ = false;
+    /// The lists end in fillers that are no column's settings yet.
+    bool hasFillers_ = false;
 };
 
 } // namespace tablio

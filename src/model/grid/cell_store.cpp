@@ -4,6 +4,9 @@ namespace tablio {
 
 namespace {
 
+/// Stands for an unformatted value that is empty, which is not the same as none.
+constexpr std::string_view emptyValue("\0", 1);
+
 template <typename T> bool has(const std::vector<T> &list, int index) noexcept {
     return static_cast<std::size_t>(index) < list.size();
 }
@@ -25,10 +28,11 @@ template <typename T> void cut(std::vector<T> &list, int count) {
 
 } // namespace
 
-void CellStore::setCols(int count) {
+void CellStore::setCols(int count, int keeping) {
     if (count < cols_) {
         for (Row &row : rows_) {
-            cut(row.texts, count);
+            if (keeping-- <= 0)
+                cut(row.texts, count);
             if (row.values)
                 cut(*row.values, count);
             // Whichever row comes first cuts the list for all that share it.
@@ -70,7 +74,7 @@ std::string_view CellStore::value(int row, int col) const noexcept {
     if (held.values && has(*held.values, col)) {
         const CompactText &value = (*held.values)[static_cast<std::size_t>(col)];
         if (!value.empty())
-            return value.view();
+            return value.view() == emptyValue ? std::string_view() : value.view();
     }
     return text(row, col);
 }
@@ -79,6 +83,8 @@ void CellStore::setValue(int row, int col, std::string_view value) {
     std::unique_ptr<Texts> &values = at(row).values;
     if (value == text(row, col))
         value = {};
+    else if (value.empty())
+        value = emptyValue;
     if (!values && !value.empty())
         values = std::make_unique<Texts>();
     if (!value.empty() || (values && has(*values, col)))

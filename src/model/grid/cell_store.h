@@ -22,7 +22,8 @@ public:
     [[nodiscard]] int rows() const noexcept { return static_cast<int>(rows_.size()); }
     [[nodiscard]] int cols() const noexcept { return cols_; }
     void setRows(int count) { rows_.resize(static_cast<std::size_t>(count)); }
-    void setCols(int count);
+    /// The first rows, as many as `keeping`, hold on to the texts of columns that go.
+    void setCols(int count, int keeping = 0);
 
     /// Inserts a blank row that will have this index, or takes the row with this index away.
     void insertRow(int row);
@@ -34,8 +35,7 @@ public:
     /// Writes the shown text and forgets the unformatted value that belonged to the old one.
     void setText(int row, int col, std::string_view text);
 
-    /// The unformatted value; a cell without one of its own, or with an empty one, answers its
-    /// text.
+    /// The unformatted value, which may be empty; a cell without one of its own answers its text.
     [[nodiscard]] std::string_view value(int row, int col) const noexcept;
     void setValue(int row, int col, std::string_view value);
 
@@ -55,7 +55,7 @@ private:
     using Texts = std::vector<CompactText>;
     struct Row {
         Texts texts;
-        /// Only where a row has some; empty where the text says it all.
+        /// Only where a row has some; empty where the shown text says it all.
         std::unique_ptr<Texts> values;
         std::shared_ptr<RowStyles> styles;
     };

@@ -29,6 +29,11 @@ void checkCount(std::string_view operation, int count, int from, int to) {
         throw GridError(outside(operation, "count", count, from, to));
 }
 
+void checkSize(std::string_view operation, Twips size) {
+    if (size > GridTable::maxSize)
+        throw GridError(outside(operation, "size", size, -1, GridTable::maxSize));
+}
+
 } // namespace
 
 GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
@@ -45,15 +50,13 @@ void GridTable::setRows(int count) {
     checkRowCount(count);
     store_.setRows(count);
     heights_.cut(count);
-    fixedRows_ = std::min(fixedRows_, count);
     observer_.tableChanged();
 }
 
 void GridTable::setCols(int count) {
     checkColCount(count);
-    store_.setCols(count);
-    columns_.resize(static_cast<std::size_t>(count));
-    fixedCols_ = std::min(fixedCols_, count);
+    store_.setCols(count, FixedRows() > 0 ? 1 : 0);
+    columns_.resize(std::max(columns_.size(), static_cast<std::size_t>(count)));
     observer_.tableChanged();
 }
 
@@ -76,30 +79,45 @@ void GridTable::setFixedCols(int count) {
 void GridTable::AddItem(std::string_view Item) { AddItem(Item, Rows()); }
 
 void GridTable::AddItem(std::string_view Item, int Index) {
-    if (Index < fixedRows_ || Index > Rows())
-        throw GridError(outside("AddItem", "row", Index, fixedRows_, Rows()));
+    if (Index < FixedRows() || Index > Rows())
+        throw GridError(outside("AddItem", "row", Index, FixedRows(), Rows()));
     if (Rows() == maxRows)
         throw OverflowError("AddItem: the grid already has its " + std::to_string(maxRows) +
                             " rows");
-    if (Index < Rows())
-        ++shiftStamp_;
-    store_.insertRow(Index);
-    heights_.insertRow(Index);
+    giveRow(Index);
     for (int col = 0; !Item.empty() && col < Cols(); ++col) {
         const std::size_t tab = std::min(Item.find('\t'), Item.size());
         store_.setText(Index, col, Item.substr(0, tab));
+        ++columns_[static_cast<std::size_t>(col)].writes;
         Item.remove_prefix(std::min(tab + 1, Item.size()));
     }
     observer_.tableChanged();
 }
 
 void GridTable::RemoveItem(int Index) {
-    if (Index < fixedRows_ || Index >= Rows())
-        throw GridError(outside("RemoveItem", "row", Index, fixedRows_, Rows() - 1));
-    store_.removeRow(Index);
-    heights_.removeRow(Index);
-    ++shiftStamp_;
+    takeRow(Index);
     observer_.tableChanged();
+}
+
+void GridTable::replaceRow(int Index, int to) {
+    takeRow(Index);
+    giveRow(to);
+    observer_.tableChanged();
+}
+
+void GridTable::takeRow(int row) {
+    if (row < FixedRows() || row >= Rows())
+        throw GridError(outside("RemoveItem", "row", row, FixedRows(), Rows() - 1));
+    store_.removeRow(row);
+    heights_.removeRow(row);
+    ++shiftStamp_;
+}
+
+void GridTable::giveRow(int row) {
+    if (row < Rows())
+        ++shiftStamp_;
+    store_.insertRow(row);
+    heights_.insertRow(row);
 }
 
 void GridTable::Clear() {
@@ -119,6 +137,7 @@ void GridTable::setTextMatrix(int row, int col, std::string_view text) {
     checkRow(row, "TextMatrix");
     checkCol(col, "TextMatrix");
     store_.setText(row, col, text);
+    ++columns_[static_cast<std::size_t>(col)].writes;
     observer_.cellChanged(row, col);
 }
 
@@ -205,6 +224,7 @@ Twips GridTable::heightOfRows(int from, int to) const {
 
 void GridTable::setRowHeight(int row, Twips height) {
     checkRow(row, "RowHeight");
+    checkSize("RowHeight", height);
     heights_.set(row, height);
     observer_.tableChanged();
 }
@@ -212,6 +232,7 @@ void GridTable::setRowHeight(int row, Twips height) {
 void GridTable::setRowHeightMin(Twips height) {
     if (height < 0)
         throw GridError("RowHeightMin: " + std::to_string(height) + " twips is below 0");
+    checkSize("RowHeightMin", height);
     heights_.setMinimum(height);
     observer_.tableChanged();
 }
@@ -222,7 +243,9 @@ Twips GridTable::ColWidth(int col) const {
 }
 
 void GridTable::setColWidth(int col, Twips width) {
-    column(col, "ColWidth").width = std::max(width, -1);
+    Column &changed = column(col, "ColWidth");
+    checkSize("ColWidth", width);
+    changed.width = std::max(width, -1);
     observer_.tableChanged();
 }
 

@@ -8,6 +8,7 @@
 #include "model/grid/grid_look.h"
 #include "model/grid/row_heights.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -36,14 +37,17 @@ public:
     static constexpr int maxCols = 32767;
     static constexpr Twips defaultRowHeight = RowHeights::defaultHeight;
     static constexpr Twips defaultColWidth = 960;
+    /// About 66,000 pixels: every sum of places on a screen fits the numbers of a face.
+    static constexpr Twips maxSize = 1'000'000;
 
     explicit GridTable(GridTableObserver &observer);
 
     [[nodiscard]] int Rows() const noexcept { return store_.rows(); }
     [[nodiscard]] int Cols() const noexcept { return store_.cols(); }
-    [[nodiscard]] int FixedRows() const noexcept { return fixedRows_; }
-    [[nodiscard]] int FixedCols() const noexcept { return fixedCols_; }
-    /// Fewer rows or columns than the fixed ones take fixed ones away too.
+    /// Never more than there are; those that go with the count come back with it.
+    [[nodiscard]] int FixedRows() const noexcept { return std::min(fixedRows_, Rows()); }
+    [[nodiscard]] int FixedCols() const noexcept { return std::min(fixedCols_, Cols()); }
+    /// A column that goes and comes back has its caption, width and alignments again, and no data.
     void setRows(int count);
     void setCols(int count);
     /// Throw what setRows and setCols throw.
@@ -58,6 +62,9 @@ public:
     void AddItem(std::string_view Item, int Index);
     /// Takes a data row away; fixed rows cannot go.
     void RemoveItem(int Index);
+    /// Takes a data row away and inserts a blank one that then has the index `to`: one change, in
+    /// which the table never has a row less.
+    void replaceRow(int Index, int to);
     /// Wipes the texts and looks of all cells, fixed ones included.
     void Clear();
 
@@ -81,7 +88,8 @@ public:
     [[nodiscard]] Twips RowHeightMin() const noexcept { return heights_.minimum(); }
     void setRowHeightMin(Twips height);
     [[nodiscard]] Twips ColWidth(int col) const;
-    /// A negative width is the default one, 0 hides the column.
+    /// A negative width is the default one, 0 hides the column. Like a row's height it is at most
+    /// maxSize.
     void setColWidth(int col, Twips width);
     [[nodiscard]] int ColAlignment(int col) const;
     void setColAlignment(int col, int alignment);
@@ -107,13 +115,21 @@ public:
     /// and the table wiped, but not rows added at the end.
     [[nodiscard]] std::uint64_t shiftStamp() const noexcept { return shiftStamp_; }
 
+    /// Counts the texts that were written into a column, cell by cell.
+    [[nodiscard]] std::uint64_t columnWrites(int col) const {
+        return column(col, "TextMatrix").writes;
+    }
+
 private:
     struct Column {
         Twips width = -1;
-        std::int16_t alignment = 9;
-        std::int16_t fixedAlignment = 9;
+        std::int16_t alignment = 1;
+        std::int16_t fixedAlignment = 1;
+        std::uint64_t writes = 0;
     };
 
+    void takeRow(int row);
+    void giveRow(int row);
     [[noreturn]] static void refuse(std::string_view operation, std::string_view what, int index,
                                     int count);
     /// The looks with another background from a column on; the same list when nothing changes.
@@ -126,8 +142,10 @@ private:
     CellStore store_;
     StyleTable styles_;
     RowHeights heights_;
+    /// Columns that went have theirs still.
     std::vector<Column> columns_;
     GridLook look_;
+    /// As they were last set, which may be more than there are.
     int fixedRows_ = 1;
     int fixedCols_ = 0;
     std::uint64_t shiftStamp_ = 0;
