@@ -110,7 +110,9 @@ std::optional<Decimal> Decimal::parse(std::string_view text, const NumberFormat 
     if (!hasDigits)
         return std::nullopt;
 
-    if (position < text.size() && (text[position] == 'e' || text[position] == 'E')) {
+    const bool hasExponent =
+        position < text.size() && (text[position] == 'e' || text[position] == 'E');
+    if (hasExponent) {
         const std::optional<std::int64_t> given = readExponent(text, ++position);
         if (!given)
             return std::nullopt;
@@ -127,8 +129,10 @@ std::optional<Decimal> Decimal::parse(std::string_view text, const NumberFormat 
     const std::int64_t leading = exponent + static_cast<std::int64_t>(number.digits_.size()) - 1;
     if (number.digits_.empty() || leading < leastPower)
         return Decimal();
-    if (leading > greatestPower ||
-        (leading == greatestPower && number.digits_.compare(greatestDigits) > 0))
+    // Digits that stand there are all kept; an exponent may not ask for more than a double has.
+    const bool isTooGreat = leading > greatestPower || (leading == greatestPower &&
+                                                        number.digits_.compare(greatestDigits) > 0);
+    if (hasExponent && isTooGreat)
         return std::nullopt;
     number.exponent_ = static_cast<int>(exponent);
     number.dropTrailingZeros();
@@ -207,7 +211,7 @@ double Decimal::toDouble() const {
     }
     // Without a decimal sign the text means the same in every locale the host may have set.
     const std::string text = digits_ + 'e' + std::to_string(exponent_);
-    const double magnitude = std::strtod(text.c_str(), nullptr);
+    const double magnitude = std::min(std::strtod(text.c_str(), nullptr), DBL_MAX);
     return negative_ ? -magnitude : magnitude;
 }
 

@@ -21,7 +21,8 @@ public:
     /// Reads a number as `format` writes it. Accepted are blanks around it (also the no-break
     /// ones), a leading `-` or `+` or a trailing `-`, grouping signs anywhere between two digits of
     /// the integer part, the decimal sign, and an exponent. Nothing is answered for any other text
-    /// and for a magnitude that a double cannot hold (about 1.8e308); below 1e-323 the number is 0.
+    /// and for an exponent that makes more of it than a double can hold (about 1.8e308); below
+    /// 1e-323 the number is 0.
     /// Cost and memory follow the length of the text, whatever its exponent says.
     static std::optional<Decimal> parse(std::string_view text, const NumberFormat &format);
 
@@ -41,7 +42,7 @@ public:
     /// The digit that stands at 10 to the power `power`, '0' outside the number.
     char digitAt(int power) const noexcept;
 
-    /// The nearest double.
+    /// The nearest double; the greatest one for what is beyond it.
     double toDouble() const;
     /// All digits with the decimal sign of `format`; no grouping, no exponent, no needless zeros.
     std::string plainText(const NumberFormat &format) const;
