@@ -32,9 +32,11 @@ public:
     /// Forgets the cell's value.
     void remove(int Row, int Col) noexcept;
 
-    /// Moves the values of rows from FirstRow on, in columns from FirstCol on, up (By −1) or down
-    /// (By 1) with their rows. What would leave FirstRow upwards, or LastRow downwards, is dropped.
-    void shiftRows(int FirstRow, int LastRow, int By, int FirstCol);
+    /// Moves the values of rows from FirstRow on, in columns from FirstCol on, down (By 1) or up
+    /// (By −1) with their rows. Upwards those of FirstRow itself are dropped.
+    void shiftRows(int FirstRow, int By, int FirstCol);
+    /// Forgets the values of the rows from FirstRow on.
+    void removeRowsFrom(int FirstRow) noexcept;
 
     [[nodiscard]] bool isEmpty() const noexcept { return values_.empty(); }
     [[nodiscard]] std::size_t size() const noexcept { return values_.size(); }

@@ -49,7 +49,7 @@ void Tablio::setRows(int count) {
     setProperty(control_, "Rows", [&](Control &control) {
         GridTable::checkRowCount(count);
         control.session.EndCellEdit();
-        control.state.grid.table.setRows(count);
+        control.rows.setRows(count);
     });
 }
 

@@ -8,14 +8,11 @@ namespace tablio {
 
 namespace {
 
-/// A row operation without a marked row marks the row it is given, which therefore has to exist.
+/// A row operation without a marked row marks the row it is given; with one, the cursor comes back
+/// there.
 void enterRow(Control &control, int row, std::string_view operation) {
-    const GridTable &table = control.state.grid.table;
-    const int checked = to16Bit(row, operation);
-    if (!control.marker.isMarked())
-        table.checkRow(checked, operation);
-    if (checked >= 0 && checked < table.Rows())
-        control.state.cursor.enter({checked, control.state.cursor.CurrentCol()});
+    control.state.grid.table.checkRow(to16Bit(row, operation), operation);
+    control.state.cursor.enter({row, control.state.cursor.CurrentCol()});
 }
 
 } // namespace

@@ -1,8 +1,19 @@
 #include "rows/marker.h"
 
+#include <utility>
+
 namespace tablio {
 
-template <typename Visit> void Marker::passOver(int row, Visit visit) {
+template <typename Change> void Marker::restyle(int row, int firstCol, Change change) {
+    GridTable &table = state_.grid.table;
+    for (int col = firstCol; table.hasCell(row, col); ++col) {
+        CellStyle style = table.cellStyle(row, col);
+        if (change(col, style))
+            table.setCellStyle(row, col, style);
+    }
+}
+
+void Marker::passOver(int row) {
     FlexGrid &grid = state_.grid;
     for (int col = state_.settings.WithFixedColumn ? 1 : 0; col < grid.table.Cols(); ++col) {
         if (!grid.table.hasCell(row, col))
@@ -11,8 +22,6 @@ template <typename Visit> void Marker::passOver(int row, Visit visit) {
         if (!grid.table.hasCell(row, col))
             return;
         grid.setCol(col);
-        if (grid.current() == CellAddress{row, col})
-            visit(col);
     }
 }
 
@@ -20,10 +29,13 @@ void Marker::toggle() {
     const CellAddress entered = state_.cursor.cell();
     {
         const StatusOff statusOff(state_);
+        const int row = isMarked() ? MarkRow() : state_.cursor.CurrentRow();
+        // All of the mark is there, or gone, before the first handler hears of it.
         if (isMarked())
-            restore();
+            unmarkQuietly();
         else
-            mark(state_.cursor.CurrentRow());
+            mark(row);
+        passOver(row);
         if (state_.grid.table.hasCell(entered.row, entered.col)) {
             state_.grid.setCol(entered.col);
             if (state_.grid.table.hasCell(entered.row, state_.grid.Col()))
@@ -34,39 +46,40 @@ void Marker::toggle() {
 }
 
 void Marker::mark(int row) {
-    isMarked_ = true;
     MarkRow_ = to16Bit(row, "MarkRow");
+    isMarked_ = true;
     state_.link.markChanged();
-    before_.assign(static_cast<std::size_t>(state_.grid.table.Cols()), {});
+    before_.clear();
+    firstCol_ = state_.settings.WithFixedColumn ? 1 : 0;
     const GridLook &look = state_.grid.table.look();
-    passOver(row, [&](int col) {
-        state_.grid.changeCellStyle([&](CellStyle &style) {
-            if (static_cast<std::size_t>(col) < before_.size())
-                before_[static_cast<std::size_t>(col)] = {style.backColor, style.foreColor};
-            if (col == 0)
-                style.fontBold = true;
-            style.backColor = look.BackColorSel;
-            style.foreColor = look.ForeColorSel;
-        });
+    markColour_ = look.ForeColorSel;
+    restyle(row, firstCol_, [&](int col, CellStyle &style) {
+        before_.push_back({style.backColor, style.foreColor});
+        if (col == 0)
+            style.fontBold = true;
+        style.backColor = look.BackColorSel;
+        style.foreColor = look.ForeColorSel;
+        return true;
     });
 }
 
-void Marker::restore() {
+void Marker::unmarkQuietly() {
+    const int row = std::exchange(MarkRow_, std::int16_t{-1});
     isMarked_ = false;
     state_.link.markChanged();
-    const std::vector<Colours> before = std::exchange(before_, {});
-    passOver(MarkRow_, [&](int col) {
-        if (static_cast<std::size_t>(col) >= before.size())
-            return;
-        const Colours &own = before[static_cast<std::size_t>(col)];
-        state_.grid.changeCellStyle([&](CellStyle &style) {
-            if (col == 0)
-                style.fontBold = false;
-            style.backColor = own.back;
-            style.foreColor = own.fore;
-        });
+    restyle(row, firstCol_, [&](int col, CellStyle &style) {
+        const auto at = static_cast<std::size_t>(col - firstCol_);
+        if (at >= before_.size())
+            return false;
+        if (col == 0)
+            style.fontBold = false;
+        style.backColor = before_[at].back;
+        // A box that was ticked meanwhile has its tick's colour by right.
+        if (!state_.isCheckCell({row, col}) || style.foreColor == markColour_)
+            style.foreColor = before_[at].fore;
+        return true;
     });
-    MarkRow_ = -1;
+    before_.clear();
 }
 
 } // namespace tablio

@@ -5,6 +5,7 @@
 
 #include "state/control_state.h"
 
+#include <optional>
 #include <vector>
 
 namespace tablio {
@@ -33,12 +34,17 @@ private:
     };
 
     void mark(int row);
-    void restore();
-    /// Goes through the row's cells; stops where a handler took the cell away.
-    template <typename Visit> void passOver(int row, Visit visit);
+    void unmarkQuietly();
+    /// The cursor goes through the row's cells, as far as there are any.
+    void passOver(int row);
+    /// Changes the look of the row's cells, before anybody hears of it.
+    template <typename Change> void restyle(int row, int firstCol, Change change);
 
     ControlState &state_;
+    /// Of the marked row's cells, from the first one that the mark is painted on.
     std::vector<Colours> before_;
+    int firstCol_ = 0;
+    Colour markColour_;
     std::int16_t MarkRow_ = 0;
     bool isMarked_ = false;
 };

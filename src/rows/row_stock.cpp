@@ -52,37 +52,73 @@ void RowStock::append() {
         throw OverflowError("AddRow: row " + std::to_string(table.Rows()) +
                             " does not fit 16 bits");
     table.AddItem("");
-    RenumberFixedColumns();
+    forgetTags(table.Rows() - 1);
+    if (!numberLastRow())
+        RenumberFixedColumns();
+}
+
+void RowStock::setRows(int count) {
+    state_.grid.table.setRows(count);
+    CellTag_->removeRowsFrom(count);
+}
+
+void RowStock::forgetTags(int row) {
+    for (int col = 0; col < state_.grid.table.Cols() && !CellTag_->isEmpty(); ++col)
+        CellTag_->remove(row, col);
 }
 
 void RowStock::add() {
+    GridTable &table = state_.grid.table;
+    table.checkCol(state_.settings.PrimaryColumn, "AddRow");
+    const int last = state_.lastDataRow() + 1;
+    if (last < 0 || last > table.Rows())
+        table.checkRow(last, "AddRow");
     append();
     bringCursorTo({state_.lastDataRow(), state_.settings.PrimaryColumn});
     state_.link.TableChange();
 }
 
+int RowStock::takeMark() {
+    const int row = marker_.isMarked() ? marker_.MarkRow() : -1;
+    const std::uint64_t before = state_.grid.table.shiftStamp();
+    marker_.toggle();
+    // A handler that moved rows meanwhile: the row that was meant is not to be found any more.
+    return before == state_.grid.table.shiftStamp() ? row : -1;
+}
+
 void RowStock::insertAtMark() {
     GridTable &table = state_.grid.table;
-    int row = marker_.MarkRow();
+    const bool isFull = table.Rows() == GridTable::maxRows;
+    if (isFull && marker_.isMarked()) {
+        const int count = dataCount();
+        if (marker_.MarkRow() <= count && count >= state_.lastDataRow())
+            throw OverflowError("InsertRow: the grid already has its " +
+                                std::to_string(GridTable::maxRows) + " rows");
+    }
+    int row = -1;
     {
         const StatusOff statusOff(state_);
-        marker_.toggle();
+        row = takeMark();
         state_.setStatusCell(false);
         const int count = dataCount();
         if (row <= count) {
             const int spare = state_.lastDataRow();
-            const bool isFull = table.Rows() == GridTable::maxRows;
             // A full table gives its spare row before it takes the new one.
             const bool spareFirst = isFull && row >= table.FixedRows() && count < spare;
             if (spareFirst)
-                table.RemoveItem(spare);
-            table.AddItem("", row);
+                table.replaceRow(spare, row);
+            else
+                table.AddItem("", row);
+            CellTag_->shiftRows(row, 1, firstTaggedCol());
             // A count goes through all rows, so it is not repeated where the answer is known; row 0
             // is in no count, but what it holds moves into the next one.
             const int countNow = row > 0 ? count + 1 : dataCount();
-            if (!spareFirst && table.Rows() > countNow + 1)
-                table.RemoveItem(state_.lastDataRow());
-            CellTag_->shiftRows(row, state_.lastDataRow(), 1, firstTaggedCol());
+            const int spareNow = spareFirst ? spare + 1 : state_.lastDataRow();
+            if (spareFirst || table.Rows() > countNow + 1) {
+                CellTag_->shiftRows(spareNow, -1, firstTaggedCol());
+                if (!spareFirst)
+                    table.RemoveItem(spareNow);
+            }
         }
     }
     finishMove(row);
@@ -90,15 +126,16 @@ void RowStock::insertAtMark() {
 
 void RowStock::removeMarked() {
     GridTable &table = state_.grid.table;
-    int row = marker_.MarkRow();
+    int row = -1;
     {
         const StatusOff statusOff(state_);
-        marker_.toggle();
+        row = takeMark();
         state_.setStatusCell(false);
-        table.RemoveItem(row);
-        table.AddItem("");
+        if (row < table.FixedRows() || row >= table.Rows())
+            table.RemoveItem(row); // Says what is wrong with it.
         // The row's own values go, the rows below move up.
-        CellTag_->shiftRows(row, state_.lastDataRow() + 1, -1, firstTaggedCol());
+        CellTag_->shiftRows(row, -1, firstTaggedCol());
+        table.replaceRow(row, table.Rows() - 1);
         const int last = dataCount();
         if (row > last)
             row = last + 1;
@@ -213,16 +250,45 @@ bool RowStock::isNumbered(int col) const {
 }
 
 void RowStock::RenumberFixedColumns() {
-    std::vector<int> numbered;
+    const std::vector<int> numbered = numberingNow().cols;
     std::vector<int> blanked;
-    for (int col = 0; col < state_.grid.table.Cols(); ++col) {
-        if (isNumbered(col))
-            numbered.push_back(col);
-        else if (PageEditing_ && state_.columns.ColStyle(col) == TColumnStyle::ColumnFixed)
+    for (int col = 0; PageEditing_ && col < state_.grid.table.Cols(); ++col) {
+        if (state_.columns.ColStyle(col) == TColumnStyle::ColumnFixed)
             blanked.push_back(col);
     }
     numbered_.insert(numbered.begin(), numbered.end());
-    writeNumbersAndBlanks(numbered, blanked);
+    if (!numbered.empty() || !blanked.empty())
+        writeNumbersAndBlanks(numbered, blanked);
+    numbering_ = numberingNow();
+}
+
+RowStock::Numbering RowStock::numberingNow() const {
+    const GridTable &table = state_.grid.table;
+    Numbering now{{}, 0, table.shiftStamp(), table.FixedRows()};
+    for (int col = 0; col < table.Cols(); ++col) {
+        if (!isNumbered(col))
+            continue;
+        now.cols.push_back(col);
+        now.writes += table.columnWrites(col);
+    }
+    return now;
+}
+
+bool RowStock::numberLastRow() {
+    GridTable &table = state_.grid.table;
+    const Numbering now = numberingNow();
+    const int last = table.Rows() - 1;
+    const int number = last - table.FixedRows() + 1;
+    const auto isRowBeforeNumbered = [&](int col) {
+        return number <= 1 || table.TextMatrix(last - 1, col) == std::to_string(number - 1);
+    };
+    if (PageEditing_ || now != numbering_ ||
+        !std::all_of(now.cols.begin(), now.cols.end(), isRowBeforeNumbered))
+        return false;
+    for (const int col : now.cols)
+        table.setTextMatrix(last, col, std::to_string(to16Bit(number, "row number")));
+    numbering_->writes += now.cols.size();
+    return true;
 }
 
 void RowStock::watchNumbers() {

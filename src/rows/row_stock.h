@@ -10,6 +10,7 @@
 #include <tablio/tmatrix.h>
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -20,10 +21,13 @@ public:
     RowStock(ControlState &state, Marker &marker, Appearance &appearance)
         : state_(state), marker_(marker), appearance_(appearance) {}
 
-    /// Throws OverflowError, with nothing changed, when the last row would not fit 16 bits.
+    /// Throws OverflowError when the last row would not fit 16 bits, GridError where the cursor
+    /// could not stand on it; nothing has changed then.
     void add();
     /// Appends a blank row, numbered like the others; no event, and the cursor stays.
     void append();
+    /// Another number of rows: those that go take their tags along.
+    void setRows(int count);
     /// Inserts a blank row at the marked row, in exchange for a spare row at the end if there is
     /// one. Throws GridError when no row is marked; the row last entered is then marked.
     void insertAtMark();
@@ -59,7 +63,14 @@ private:
     void finishMove(int row);
     [[nodiscard]] int firstTaggedCol() const noexcept;
     void bringCursorTo(CellAddress cell);
+    /// Whatever was tagged where a blank row stands now.
+    void forgetTags(int row);
     [[nodiscard]] bool isNumbered(int col) const;
+    /// Writes the number of the last row, where all rows before it have theirs.
+    [[nodiscard]] bool numberLastRow();
+    /// The row that insert and remove act on; −1 for none. Its mark is taken off, or set where
+    /// there was none.
+    [[nodiscard]] int takeMark();
     void writeNumbersAndBlanks(const std::vector<int> &numbered, const std::vector<int> &blanked);
 
     ControlState &state_;
@@ -68,6 +79,17 @@ private:
     std::shared_ptr<TMatrix> CellTag_ = std::make_shared<TMatrix>();
     bool IsClearing_ = false;
     bool PageEditing_ = false;
+    /// How the numbers were last written, so that a row that is appended needs no other one.
+    struct Numbering {
+        std::vector<int> cols;
+        std::uint64_t writes = 0;
+        std::uint64_t shiftStamp = 0;
+        int fixedRows = 0;
+
+        friend bool operator==(const Numbering &, const Numbering &) = default;
+    };
+    [[nodiscard]] Numbering numberingNow() const;
+    std::optional<Numbering> numbering_;
     /// The columns that have held numbers since watchNumbers().
     std::set<int> numbered_;
 };

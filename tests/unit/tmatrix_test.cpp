@@ -53,11 +53,13 @@ TEST(TMatrix, RowsShiftWithTheirValuesAndDropWhatLeaves) {
     const auto texts = [&] {
         return textAt(matrix, 1, 2) + "|" + textAt(matrix, 2, 2) + "|" + textAt(matrix, 3, 2);
     };
-    matrix.shiftRows(2, 3, -1, 1);
+    matrix.shiftRows(2, -1, 1);
     EXPECT_EQ(texts(), "row 1|row 3|");
-    matrix.shiftRows(1, 2, 1, 1);
-    EXPECT_EQ(texts(), "|row 1|") << "row 3 was pushed out";
-    EXPECT_EQ(textAt(matrix, 3, 0), "fixed") << "columns before the first stay";
+    matrix.shiftRows(1, 1, 1);
+    EXPECT_EQ(texts(), "|row 1|row 3");
+    matrix.removeRowsFrom(3);
+    EXPECT_EQ(texts(), "|row 1|");
+    EXPECT_EQ(textAt(matrix, 2, 0), "fixed") << "columns before the first stay";
 }
 
 } // namespace

@@ -52,7 +52,12 @@ void TMatrix::remove(int Row, int Col) noexcept {
         values_.erase(keyOf(Row, Col));
 }
 
-void TMatrix::shiftRows(int FirstRow, int LastRow, int By, int FirstCol) {
+void TMatrix::removeRowsFrom(int FirstRow) noexcept {
+    for (auto entry = values_.begin(); entry != values_.end();)
+        entry = entry->second.row >= FirstRow ? values_.erase(entry) : std::next(entry);
+}
+
+void TMatrix::shiftRows(int FirstRow, int By, int FirstCol) {
     std::vector<Entry> moved;
     for (auto entry = values_.begin(); entry != values_.end();) {
         const bool moves = entry->second.row >= FirstRow && entry->second.col >= FirstCol;
@@ -67,7 +72,7 @@ void TMatrix::shiftRows(int FirstRow, int LastRow, int By, int FirstCol) {
     });
     for (Entry &entry : moved) {
         const int row = entry.row + By;
-        if (row >= FirstRow && row <= LastRow)
+        if (row >= FirstRow)
             setText(row, entry.col, std::move(entry.value));
     }
 }
