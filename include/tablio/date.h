@@ -21,6 +21,9 @@ constexpr int daysInMonth(int year, int month) noexcept {
     return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
 }
 
+/// In which order a locale writes the parts of a date.
+enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
+
 /// Members are as people count them: `month` 1 to 12, `day` 1 to daysInMonth().
 struct Date {
     int year = 1900;

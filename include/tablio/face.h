@@ -58,6 +58,8 @@ public:
     [[nodiscard]] virtual char32_t toUpper(char32_t character) const;
     [[nodiscard]] virtual char32_t toLower(char32_t character) const;
     [[nodiscard]] virtual Date today() const { return {}; }
+    /// How dates are written that come from elsewhere; the control's own are day, month, year.
+    [[nodiscard]] virtual DateOrder dateOrder() const { return DateOrder::DayMonthYear; }
 
     /// Lets the user interface breathe during a long scan. It may come very often; the face
     /// decides how seldom it really does something.

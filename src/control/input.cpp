@@ -64,8 +64,7 @@ Dealt Input::beginComposition() {
 void Input::mouseDown(MouseButton button, Twips x, Twips y) {
     const Call control(control_);
     // A click beside the calendar closes it and then counts as any click.
-    control->dateEditor.dismissCalendar();
-    if (control->state.gridEnabled())
+    if (control->dateEditor.dismissCalendar() && control->state.gridEnabled())
         control->gridInput.mouseDown(button, x, y);
 }
 

@@ -3,6 +3,8 @@
 #include "model/text/trim.h"
 #include "model/text/utf16.h"
 
+#include <initializer_list>
+
 namespace tablio {
 
 BoxEditor::BoxEditor(ControlState &state, EditSession &session, Navigator &navigator,
@@ -18,16 +20,10 @@ void BoxEditor::open(const EditStart &start, const Rect &cell, const std::string
     const GridLook &look = state_.grid.table.look();
     box_.setLook({look.BackColor, look.ForeColor, look.Font});
     button_ = buttonFor(start);
-    box_.setPlace(placeOver(cell));
-    box_.setVisible(true);
-    if (frame_ != nullptr) {
-        frame_->setPlace(cell);
-        frame_->setVisible(true);
-    }
-    if (button_ != nullptr) {
-        button_->setPlace(
-            {cell.right() - button_->Width(), cell.top, button_->Width(), cell.height});
-        button_->setVisible(true);
+    follow(cell);
+    for (Widget *part : std::initializer_list<Widget *>{&box_, frame_, button_}) {
+        if (part != nullptr)
+            part->setVisible(true);
     }
     load(start, text);
     state_.focus.set(box_.id());
@@ -44,10 +40,12 @@ void BoxEditor::typeFirst(const EditStart &start) {
 }
 
 void BoxEditor::follow(const Rect &cell) {
-    Widget &outer = frame_ != nullptr ? static_cast<Widget &>(*frame_) : box_;
-    outer.moveTo(cell.left, cell.top);
+    box_.setPlace(placeOver(cell));
+    if (frame_ != nullptr)
+        frame_->setPlace(cell);
     if (button_ != nullptr)
-        button_->moveTo(cell.right() - button_->Width(), cell.top);
+        button_->setPlace(
+            {cell.right() - button_->Width(), cell.top, button_->Width(), cell.height});
 }
 
 void BoxEditor::hide() {

@@ -21,7 +21,7 @@ public:
     /// Shows the editor over the cell, whose rectangle is relative to the grid, loads it with the
     /// cell's text and the first key, and takes the focus.
     void open(const EditStart &start, const Rect &cell, const std::string &text);
-    /// The cell stands somewhere else now.
+    /// The cell stands somewhere else now, or has another size.
     virtual void follow(const Rect &cell);
     /// What the text that stands in the editor makes of the cell, if it is accepted.
     [[nodiscard]] virtual EditResult result(bool accepted) const = 0;

@@ -69,8 +69,9 @@ CellReplacement::Outcome CellReplacement::write(CellAddress cell, std::string_vi
     // A blank field blanks its cell, in a numeric column too.
     if (trimmed(text).empty())
         return replace(cell, {}, true, lastKey);
-    const std::optional<std::string> accepted = acceptableText(
-        state_.columns, state_.link.face(), cell.col, text, state_.columns.ColMaxLength(cell.col));
+    const bool isCombo = state_.columns.ColEditType(cell.col) == TColumnType::ColumnCombo;
+    const int room = isCombo ? 0 : state_.columns.ColMaxLength(cell.col);
+    const std::optional<std::string> accepted = acceptableText(state_, cell.col, text, room);
     return replace(cell, accepted ? std::string_view(*accepted) : text, accepted.has_value(),
                    lastKey);
 }
@@ -88,6 +89,8 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
     const CellContent before = cells_.content(cell);
     const std::string oldText = cells_.read(cell.row, cell.col);
     session_.setLastKey(lastKey);
+    const std::string written =
+        taken ? finishedText(state_, cell.col, std::string(newText)) : std::string(newText);
     if (taken) {
         state_.link.EditOnChange(cell, newText);
         if (isGone())
@@ -96,14 +99,14 @@ CellReplacement::Outcome CellReplacement::replace(CellAddress cell, std::string_
         if (isGone())
             return Outcome::Gone;
         // A wiped cell is blank whatever its format makes of nothing.
-        if (newText.empty())
+        if (written.empty())
             state_.grid.table.setTextMatrix(cell.row, cell.col, {});
         else
-            cells_.write(cell.row, cell.col, newText);
+            cells_.write(cell.row, cell.col, written);
     }
-    const bool valid = taken && !trimmed(newText).empty();
+    const bool valid = taken && isValidEntry(state_, cell.col, written, oldText);
     const bool accepted =
-        state_.link.EditPostValidation(cell, valid, oldText, newText, session_.LastKey());
+        state_.link.EditPostValidation(cell, valid, oldText, written, session_.LastKey());
     if (isGone())
         return Outcome::Gone;
     if (valid && !accepted)
@@ -133,34 +136,36 @@ void CellReplacement::setLookupResult(CellAddress cell, const std::string &value
     state_.grid.table.checkRow(cell.row, "LookupResult");
     if (state_.columns.ColStyle(cell.col) != TColumnStyle::ColumnInputWithLookup)
         return;
-    BoxEditor *editor = session_.cell() == cell ? session_.editor() : nullptr;
-    const std::string oldText =
-        editor != nullptr ? editor->oldText() : cells_.read(cell.row, cell.col);
+    const std::string text = finishedText(state_, cell.col, value);
+    const auto isNews = [&](std::string_view oldText) {
+        return !trimmed(value).empty() && trimmed(value) != trimmed(oldText);
+    };
+    const auto advance = [this] { navigator_.advance(); };
+    const Standing answered(state_, session_, cell);
+    if (session_.isOpen() && session_.cell() == cell) {
+        BoxEditor &editor = *session_.editor();
+        editor.box().setText(value);
+        if (answered.isSameEdit())
+            session_.answer({text, value, isNews(editor.oldText())}, advance);
+        return;
+    }
+    const std::string oldText = cells_.read(cell.row, cell.col);
     const CellContent before = cells_.content(cell);
     const bool wasCurrent = state_.grid.current() == cell;
-    const Standing answered(state_, session_, cell);
-
-    if (editor != nullptr)
-        editor->box().setText(value);
-    if (!answered.isSameCell())
-        return;
-    cells_.write(cell.row, cell.col, value);
-    const bool valid = !trimmed(value).empty() && trimmed(value) != trimmed(oldText);
+    const bool hadKeyboard = state_.focus.owner().has_value();
+    cells_.write(cell.row, cell.col, text);
+    const bool valid = isNews(oldText);
     const bool accepted = state_.link.EditPostValidation(cell, valid, oldText, value, Key::Enter);
     if (!answered.isSameCell())
         return;
     if (valid && !accepted)
         cells_.putBack(cell, before);
-    if (editor != nullptr && answered.isSameEdit()) {
-        session_.setLastKey(Key::Enter);
-        if (valid && !accepted)
-            session_.giveUp();
-        session_.leave([this] { navigator_.advance(); });
-    } else if (wasCurrent && !session_.isOpen() && answered.isSameCursor()) {
-        // The edit had ended before the host answered; the operator still waits at the cell.
+    // The edit had ended before the host answered; the operator still waits at the cell.
+    if (!wasCurrent || session_.isOpen() || !answered.isSameCursor())
+        return;
+    if (hadKeyboard)
         session_.giveFocusToGrid();
-        navigator_.advance();
-    }
+    advance();
 }
 
 } // namespace tablio

@@ -1,5 +1,6 @@
 #include "editing/column_rules.h"
 
+#include "model/text/date_reader.h"
 #include "model/text/number_text.h"
 #include "model/text/trim.h"
 #include "model/text/utf16.h"
@@ -8,26 +9,20 @@ namespace tablio {
 
 namespace {
 
-std::string foldedText(std::string_view text, TDataType dataType, const Face &face) {
-    std::string result;
-    for (const char32_t character : utf16::characters(text)) {
-        // Line ends and tabs have no place in a single-line editor.
-        utf16::append(result, character < U' ' ? U' ' : foldCase(character, dataType, face));
-    }
-    return result;
-}
-
-std::optional<std::string> acceptableNumber(const ColumnSettings &columns, const Face &face,
-                                            int col, std::string_view text) {
-    const NumberFormat signs = face.numberFormat();
+std::optional<std::string> acceptableNumber(const ControlState &state, int col,
+                                            std::string_view text, int room) {
+    const ColumnSettings &columns = state.columns;
+    const NumberFormat signs = state.link.face().numberFormat();
     const std::optional<Decimal> value = Decimal::parse(text, signs);
     if (!value || (value->isNegative() && columns.ColDataType(col) == TDataType::Positive))
         return std::nullopt;
     const bool isInteger = columns.ColEditType(col) == TColumnType::ColumnInteger;
     if (isInteger && value->fractionDigits() > 0)
         return std::nullopt;
-    return groupWhileTyping(value->plainText(signs),
-                            isInteger ? NumberKind::Integer : NumberKind::Decimal, signs);
+    const std::string plain = value->plainText(signs);
+    if (room > 0 && utf16::length(plain) > room)
+        return std::nullopt;
+    return groupWhileTyping(plain, isInteger ? NumberKind::Integer : NumberKind::Decimal, signs);
 }
 
 } // namespace
@@ -43,19 +38,47 @@ char32_t foldCase(char32_t character, TDataType dataType, const Face &face) {
     }
 }
 
-std::optional<std::string> acceptableText(const ColumnSettings &columns, const Face &face, int col,
-                                          std::string_view text, int room) {
+std::string foldedText(const ControlState &state, int col, std::string_view text) {
+    const bool hasRule = state.columns.ColEditType(col) == TColumnType::ColumnString;
+    const TDataType rule = hasRule ? state.columns.ColDataType(col) : TDataType::AllCase;
+    std::string result;
+    for (const char32_t character : utf16::characters(text)) {
+        // Line ends and tabs have no place in a single-line editor.
+        const bool isControl = character < U' ';
+        utf16::append(result, isControl ? U' ' : foldCase(character, rule, state.link.face()));
+    }
+    return result;
+}
+
+std::optional<std::string> acceptableText(const ControlState &state, int col, std::string_view text,
+                                          int room) {
     while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
         text.remove_suffix(1);
-    text = trimmed(text);
-    if (columns.isNumeric(col))
-        return acceptableNumber(columns, face, col, text);
-    std::string result = columns.ColEditType(col) == TColumnType::ColumnString
-                             ? foldedText(text, columns.ColDataType(col), face)
-                             : std::string(text);
+    const std::string_view whole = trimmed(text);
+    if (state.columns.isNumeric(col))
+        return acceptableNumber(state, col, whole, room);
+    if (state.columns.ColEditType(col) == TColumnType::ColumnDate)
+        return readDate(whole, state.link.dateOrderOf(text));
+    std::string result = foldedText(state, col, whole);
     if (room > 0)
         result.resize(utf16::byteOffset(result, room));
     return result;
+}
+
+std::string finishedText(const ControlState &state, int col, std::string text) {
+    if (state.columns.isNumeric(col) && state.columns.ColDataType(col) == TDataType::Negative) {
+        const Decimal value = textToDecimal(text, state.link.face().numberFormat());
+        if (!value.isZero() && !value.isNegative())
+            text += '-';
+    }
+    return text;
+}
+
+bool isValidEntry(const ControlState &state, int col, std::string_view text,
+                  std::string_view oldText) {
+    if (state.columns.ColEditType(col) != TColumnType::ColumnCombo)
+        return !trimmed(text).empty();
+    return !text.empty() && text != oldText && state.widgets.cboEdit.indexOf(text) != -1;
 }
 
 } // namespace tablio

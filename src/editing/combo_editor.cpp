@@ -15,7 +15,13 @@ constexpr Twips overhang = 35;
 
 ComboEditor::ComboEditor(ControlState &state, EditSession &session, Navigator &navigator)
     : BoxEditor(state, session, navigator, state.widgets.cboEdit, &state.widgets.picEdit),
-      box_(state.widgets.cboEdit) {}
+      box_(state.widgets.cboEdit) {
+    box_.lower = [&state](char32_t character) { return state.link.face().toLower(character); };
+    box_.admits = [this](std::string &text) {
+        text = foldedText(state_, col(), text);
+        return true;
+    };
+}
 
 Rect ComboEditor::placeOver(const Rect &cell) const {
     return {-overhang, -overhang, cell.width + 2 * overhang, cell.height + 2 * overhang};
@@ -69,16 +75,15 @@ char32_t ComboEditor::admitted(char32_t character) {
 }
 
 void ComboEditor::paste(std::string_view text) {
-    std::optional<std::string> taken =
-        acceptableText(state_.columns, state_.link.face(), col(), text, 0);
+    std::optional<std::string> taken = acceptableText(state_, col(), text, 0);
     if (taken && !taken->empty())
         box_.setText(std::move(*taken));
 }
 
 EditResult ComboEditor::result(bool accepted) const {
     const std::string &text = box_.Text();
-    const bool valid = text != oldText() && box_.ListIndex() != -1;
-    return {accepted ? std::optional(text) : std::nullopt, text, valid};
+    return {accepted ? std::optional(text) : std::nullopt, text,
+            isValidEntry(state_, col(), text, oldText())};
 }
 
 } // namespace tablio

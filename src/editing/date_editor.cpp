@@ -1,6 +1,8 @@
 #include "editing/date_editor.h"
 
+#include "editing/column_rules.h"
 #include "model/text/date_text.h"
+#include "model/text/trim.h"
 
 #include <algorithm>
 
@@ -63,12 +65,26 @@ bool DateEditor::keyDown(KeyCode key, ShiftState shift) {
     return BoxEditor::keyDown(key, shift);
 }
 
+void DateEditor::paste(std::string_view text) {
+    const std::string_view digits = trimmed(text);
+    if (digits.empty())
+        return;
+    if (const std::optional<std::string> date = acceptableText(state_, col(), text, 0))
+        box_.setText(*date);
+    else if (digits.size() < 8 && digits.find_first_not_of("0123456789") == std::string_view::npos)
+        box_.insert(digits);
+    else
+        warn();
+}
+
 bool DateEditor::mayLeave() {
     if (IsBlankDate(box_.Text()) || !IsDateInvalid(box_.Text()))
         return true;
-    state_.link.face().showWarning("Warning", "Date Input Error ...");
+    warn();
     return false;
 }
+
+void DateEditor::warn() { state_.link.face().showWarning("Warning", "Date Input Error ..."); }
 
 EditResult DateEditor::result(bool accepted) const {
     // A calendar that is closed without a pick leaves the cell as Esc does.
@@ -145,11 +161,11 @@ void DateEditor::pick(const Date &date) {
         session_.leave([this] { navigator_.advance(); });
 }
 
-void DateEditor::dismissCalendar() {
+bool DateEditor::dismissCalendar() {
     if (!isCalendarOpen())
-        return;
+        return true;
     hideCalendar();
-    session_.cancel();
+    return session_.cancel();
 }
 
 /// The keyboard is the box's again.

@@ -16,15 +16,16 @@ public:
     void hide() override;
     void restore() override { box_.setText(loaded_); }
     bool keyDown(KeyCode key, ShiftState shift) override;
-    void paste(std::string_view text) override { box_.paste(text); }
+    /// Takes a date, or digits as if they were typed; warns of anything else.
+    void paste(std::string_view text) override;
     /// Opens the calendar on the cell's date or today.
     void pressButton() override;
 
     // The calendar, while it is open.
     bool calendarKeyDown(KeyCode key, ShiftState shift);
     void pick(const Date &date);
-    /// Closes the calendar and leaves the cell as it was.
-    void dismissCalendar();
+    /// Closes the calendar and leaves the cell as it was. Answers whether the cursor may go on.
+    bool dismissCalendar();
     /// The face's calendar has this size: the container takes it and stays inside the control.
     void setCalendarSize(Twips width, Twips height);
 
@@ -38,6 +39,7 @@ private:
     [[nodiscard]] bool isCalendarOpen() const noexcept { return state_.isCalendarOpen(); }
     void placeCalendar();
     void hideCalendar();
+    void warn();
 
     MaskedBox &box_;
     /// What the box was opened with, in its mask.

@@ -11,6 +11,9 @@ namespace tablio {
 
 void EditSession::BeginCellEdit(const EditStart &start) {
     EndCellEdit();
+    // A handler that opened another edit has answered by that.
+    if (isOpen())
+        return;
     const CellAddress cell = state_.cursor.cell();
     if (!state_.grid.table.hasCell(cell.row, cell.col) || state_.grid.isFixed(cell.row, cell.col))
         return;
@@ -40,7 +43,8 @@ void EditSession::BeginCellEdit(const EditStart &start) {
     state_.grid.view.ensureVisible(cell.row, cell.col);
     BoxEditor &editor = editorFor_(state_.columns.ColEditType(cell.col));
     const EditNumber number = ++count_;
-    open_ = OpenEdit{number, &editor, Standing(state_, *this, cell), cells_.content(cell)};
+    open_ =
+        OpenEdit{number, &editor, Standing(state_, *this, cell), cells_.content(cell), true, {}};
     LastKey_ = static_cast<std::int16_t>(start.Key);
     editor.open(start, state_.grid.view.cellRect(cell.row, cell.col),
                 cells_.read(cell.row, cell.col));
@@ -66,10 +70,12 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     // From here on the edit is over, whatever handlers do.
     const OpenEdit edit = *std::exchange(open_, std::nullopt);
     const CellAddress cell = edit.begun.cell();
-    const EditResult result = edit.editor->result(Accept && edit.accepts);
+    const EditResult result =
+        edit.answer ? *edit.answer : edit.editor->result(Accept && edit.accepts);
     const std::string oldText = edit.editor->oldText();
     edit.editor->hide();
-    state_.grid.view.invalidateFramed(cell.row, cell.col);
+    if (edit.begun.isSameCell())
+        state_.grid.view.invalidateFramed(cell.row, cell.col);
     state_.focus.pass(keyboardTo);
     const Standing ended(state_, *this, cell);
     if (result.written && edit.begun.isSameCell())
@@ -89,8 +95,18 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
 }
 
 void EditSession::RepositionEditor() {
-    if (open_ && open_->begun.isSameCell())
-        open_->editor->follow(state_.grid.view.cellRect(EditRow(), EditCol()));
+    if (!open_)
+        return;
+    if (!open_->begun.isSameCell()) {
+        open_->answer = EditResult{std::nullopt, open_->editor->oldText(), false};
+        EndCellEdit();
+        return;
+    }
+    const Rect cell = state_.grid.view.cellRect(EditRow(), EditCol());
+    if (cell.width > 0 && cell.height > 0)
+        open_->editor->follow(cell);
+    else
+        EndCellEdit();
 }
 
 void EditSession::giveFocusToGrid() {
@@ -107,20 +123,27 @@ void EditSession::leave(const std::function<void()> &move) {
         move();
 }
 
-void EditSession::cancel() {
+bool EditSession::cancel() {
     if (!open_)
-        return;
+        return true;
     const RedrawOff redrawOff(state_.grid);
     const Standing cancelled(state_, *this, cell_);
     giveUp();
     open_->editor->restore();
-    if (cancelled.isSameEdit())
-        EndCellEdit(false);
+    return cancelled.isSameEdit() && EndCellEdit(false);
 }
 
 void EditSession::giveUp() noexcept {
     if (open_)
         open_->accepts = false;
+}
+
+void EditSession::answer(EditResult result, const std::function<void()> &move) {
+    if (!open_)
+        return;
+    open_->answer = std::move(result);
+    LastKey_ = Key::Enter;
+    leave(move);
 }
 
 bool EditSession::reportChange(std::string_view text) {

@@ -54,7 +54,8 @@ public:
     /// control or, with nothing, out of it. Answers whether nobody has meanwhile taken the cell
     /// away, begun another edit or set the cursor, so that the cursor may go on.
     bool EndCellEdit(bool Accept = true, std::optional<WidgetId> keyboardTo = WidgetId::Grid);
-    /// The grid has scrolled: the open editor follows its cell.
+    /// The grid has scrolled or changed: the open editor follows its cell. Where the cell is gone
+    /// or has no size any more, the edit ends.
     void RepositionEditor();
 
     [[nodiscard]] bool isOpen() const noexcept { return open_.has_value(); }
@@ -82,10 +83,13 @@ public:
     void giveFocusToGrid();
     /// Ends the edit with the cursor on its cell, and then moves the cursor on if it may.
     void leave(const std::function<void()> &move);
-    /// Esc: the editor shows its old text again, and the cell stays as it was.
-    void cancel();
+    /// Esc: the editor shows its old text again, and the cell stays as it was. Answers like
+    /// EndCellEdit; True where nothing was open.
+    bool cancel();
     /// Whatever ends the open edit, its cell keeps what it holds.
     void giveUp() noexcept;
+    /// The host has given the open edit its value: the edit ends with it as with Enter.
+    void answer(EditResult result, const std::function<void()> &move);
     /// The editor's text has changed: the host hears it. Answers whether the edit goes on.
     bool reportChange(std::string_view text);
 
@@ -104,6 +108,8 @@ private:
         Standing begun;
         CellContent before;
         bool accepts = true;
+        /// What the host has said in place of the editor.
+        std::optional<EditResult> answer;
     };
 
     [[nodiscard]] bool isFilled(CellAddress cell) const;

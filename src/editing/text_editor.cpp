@@ -21,7 +21,9 @@ constexpr Twips buttonGap = 20;
 
 TextEditor::TextEditor(ControlState &state, EditSession &session, Navigator &navigator)
     : BoxEditor(state, session, navigator, state.widgets.txtEdit, &state.widgets.picText),
-      box_(state.widgets.txtEdit) {}
+      box_(state.widgets.txtEdit) {
+    box_.admits = [this](std::string &text) { return admitsSettled(text); };
+}
 
 Rect TextEditor::placeOver(const Rect &cell) const {
     const Twips margin = button() != nullptr ? button()->Width() + buttonGap : numberMargin;
@@ -43,13 +45,15 @@ void TextEditor::typeFirst(const EditStart &start) {
     if (!start.Typed || start.Key == 0)
         return;
     const bool takesMinus = state_.columns.ColDataType(col()) != TDataType::Positive;
+    if (isFull(start.Key))
+        return;
     if (!isNumeric() || ascii::isDigit(start.Key) || (start.Key == U'-' && takesMinus))
         box_.type(isNumeric() ? start.Key : filtered(start.Key));
 }
 
 char32_t TextEditor::admitted(char32_t character) {
     const auto back = static_cast<char32_t>(Key::Back);
-    if (character != back && character != U'.' && isFull())
+    if (character != back && character != U'.' && isFull(character))
         return 0;
     // No 16-bit key code names it, so no host can change it; numbers have no such character.
     if (character > 0xFFFF)
@@ -58,9 +62,10 @@ char32_t TextEditor::admitted(char32_t character) {
     return taken == 0 ? 0 : filtered(taken);
 }
 
-/// A selection is about to be replaced and so leaves room.
-bool TextEditor::isFull() const {
-    return box_.MaxLength() > 0 && box_.SelLength() == 0 && box_.length() >= box_.MaxLength();
+/// A selection is about to be replaced and so leaves room, also in a text that is too long already.
+bool TextEditor::isFull(char32_t character) const {
+    const int room = box_.MaxLength() - box_.length() + box_.SelLength();
+    return box_.MaxLength() > 0 && utf16::units(character) > std::max(room, box_.SelLength());
 }
 
 char32_t TextEditor::filtered(char32_t character) const {
@@ -87,22 +92,21 @@ bool TextEditor::exceedsDecimals(std::int16_t keyAscii) const {
     if (allowed < 1 || keyAscii == '-' || keyAscii == Key::Back || isDecimalKey(keyAscii, signs))
         return false;
     const std::string_view text = trimmed(box_.Text());
-    const std::size_t sign = text.find(signs.decimalSign);
+    const std::size_t sign = findDecimalSign(text, signs);
     if (sign == std::string_view::npos)
         return false;
-    const int decimals = utf16::length(text.substr(sign + signs.decimalSign.size()));
+    const int decimals = utf16::length(text.substr(sign + decimalSignLength(text, sign, signs)));
     return decimals >= allowed && box_.SelLength() == 0 &&
            box_.SelStart() > utf16::length(text.substr(0, sign));
 }
 
 void TextEditor::paste(std::string_view text) {
-    const int room = box_.MaxLength() == 0
-                         ? 0
-                         : std::max(1, box_.MaxLength() - box_.length() + box_.SelLength());
-    const std::optional<std::string> taken =
-        acceptableText(state_.columns, state_.link.face(), col(), text, room);
+    // A number takes the place of the whole text.
+    const int kept = isNumeric() ? 0 : box_.length() - box_.SelLength();
+    const int room = box_.MaxLength() == 0 ? 0 : std::max(1, box_.MaxLength() - kept);
+    const std::optional<std::string> taken = acceptableText(state_, col(), text, room);
     // An empty clipboard, or one that holds no text, takes nothing away.
-    if (!taken || taken->empty() || isFull())
+    if (!taken || taken->empty() || isFull(U' '))
         return;
     if (isNumeric())
         box_.selectAll();
@@ -120,14 +124,23 @@ void TextEditor::changed() {
                                   isInteger ? NumberKind::Integer : NumberKind::Decimal, signs));
 }
 
-EditResult TextEditor::result(bool accepted) const {
-    std::string text = box_.Text();
-    if (accepted && isNumeric() && state_.columns.ColDataType(col()) == TDataType::Negative) {
-        const Decimal value = textToDecimal(text, state_.link.face().numberFormat());
-        if (!value.isZero() && !value.isNegative())
-            text += '-';
+/// What a native box has made of the text by itself, by a drop say.
+bool TextEditor::admitsSettled(std::string &text) const {
+    if (isNumeric()) {
+        const bool isInteger = state_.columns.ColEditType(col()) == TColumnType::ColumnInteger;
+        return isTypedNumber(text, isInteger ? NumberKind::Integer : NumberKind::Decimal,
+                             state_.columns.ColDataType(col()), state_.link.face().numberFormat());
     }
-    return {accepted ? std::optional(text) : std::nullopt, text, !trimmed(text).empty()};
+    text = foldedText(state_, col(), text);
+    if (box_.MaxLength() > 0)
+        text.resize(utf16::byteOffset(text, std::max(box_.MaxLength(), box_.length())));
+    return true;
+}
+
+EditResult TextEditor::result(bool accepted) const {
+    std::string text = accepted ? finishedText(state_, col(), box_.Text()) : box_.Text();
+    const bool valid = isValidEntry(state_, col(), text, oldText());
+    return {accepted ? std::optional(text) : std::nullopt, std::move(text), valid};
 }
 
 } // namespace tablio

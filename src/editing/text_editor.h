@@ -21,7 +21,8 @@ private:
     char32_t admitted(char32_t character) override;
     void changed() override;
     [[nodiscard]] bool isNumeric() const { return state_.columns.isNumeric(col()); }
-    [[nodiscard]] bool isFull() const;
+    [[nodiscard]] bool isFull(char32_t character) const;
+    [[nodiscard]] bool admitsSettled(std::string &text) const;
     [[nodiscard]] char32_t filtered(char32_t character) const;
     [[nodiscard]] bool exceedsDecimals(std::int16_t keyAscii) const;
 

@@ -50,6 +50,7 @@ std::string HostLink::clipboardText() {
 }
 
 void HostLink::setClipboardText(std::string_view text) {
+    copied_ = text;
     if (clipboard_ != nullptr)
         clipboard_->emplace(text);
     else

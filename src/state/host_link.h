@@ -54,6 +54,11 @@ public:
     }
     [[nodiscard]] std::string clipboardText();
     void setClipboardText(std::string_view text);
+    /// In which order a date that came by the clipboard is written: what the control put there
+    /// itself has its own order.
+    [[nodiscard]] DateOrder dateOrderOf(std::string_view clipboardText) const {
+        return clipboardText == copied_ ? DateOrder::DayMonthYear : face_->dateOrder();
+    }
     /// While it lives, this text stands for the platform's clipboard, for a face that gets and
     /// gives the clipboard with an event.
     [[nodiscard]] Temporarily<std::optional<std::string> *>
@@ -105,6 +110,8 @@ private:
     bool isChanged_ = false;
     std::optional<std::string> *clipboard_ = nullptr;
     bool isQuiet_ = false;
+    /// What the control itself last put on the clipboard.
+    std::string copied_;
     bool closed_ = false;
 };
 

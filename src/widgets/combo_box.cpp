@@ -12,14 +12,6 @@ namespace {
 
 constexpr int pageSize = 8;
 
-/// Blind to the case of ASCII letters; other letters have to be typed as they stand in the list.
-bool beginsWith(std::string_view text, std::string_view start) noexcept {
-    return text.size() >= start.size() &&
-           std::equal(start.begin(), start.end(), text.begin(), [](char left, char right) {
-               return ascii::lower(left) == ascii::lower(right);
-           });
-}
-
 } // namespace
 
 void ComboBox::clearItems() {
@@ -43,6 +35,7 @@ int ComboBox::ListIndex() const noexcept {
 void ComboBox::setListIndex(int index) {
     const bool exists = index >= 0 && static_cast<std::size_t>(index) < items_.size();
     chosen_ = exists ? index : -1;
+    typed_.clear();
     std::string text = exists ? items_[static_cast<std::size_t>(index)] : std::string();
     const int end = utf16::length(text);
     put(std::move(text), 0, end);
@@ -53,18 +46,46 @@ int ComboBox::indexOf(std::string_view text) const noexcept {
     return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
 }
 
+std::string ComboBox::folded(std::string_view text) const {
+    if (!lower)
+        return ascii::lower(text);
+    std::string result;
+    for (const char32_t character : utf16::characters(text))
+        utf16::append(result, lower(character));
+    return result;
+}
+
+const std::string *ComboBox::completion(std::string_view typed) const {
+    const std::string start = folded(typed);
+    const std::string *longer = nullptr;
+    for (const std::string &item : items_) {
+        const std::string name = folded(item);
+        if (name == start)
+            return &item;
+        if (longer == nullptr && name.compare(0, start.size(), start) == 0)
+            longer = &item;
+    }
+    return longer;
+}
+
 void ComboBox::replace(int from, int to, std::string_view text) {
-    std::string typed = Text().substr(0, utf16::byteOffset(Text(), from)).append(text);
-    const bool atEnd = to == length();
-    const auto match = std::find_if(items_.begin(), items_.end(), [&](const std::string &item) {
-        return beginsWith(item, typed);
-    });
-    if (text.empty() || !atEnd || match == items_.end()) {
+    if (to != length()) {
         TextField::replace(from, to, text);
         return;
     }
-    // The rest of the item stands selected, so that the next key takes its place.
-    put(*match, utf16::length(typed), utf16::length(*match));
+    std::string typed = Text().substr(0, utf16::byteOffset(Text(), from));
+    // What an item has completed goes on as it was typed.
+    if (folded(typed) == folded(typed_))
+        typed = typed_;
+    typed.append(text);
+    typed_ = typed;
+    const int end = utf16::length(typed);
+    if (const std::string *item = text.empty() ? nullptr : completion(typed)) {
+        // The rest of the item stands selected, so that the next key takes its place.
+        put(*item, end, utf16::length(*item));
+    } else {
+        put(std::move(typed), end, end);
+    }
 }
 
 bool ComboBox::keyDown(KeyCode key, ShiftState shift) {

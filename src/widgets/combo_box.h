@@ -1,8 +1,8 @@
 #pragma once
 
-/// A drop-down combo: a text field and a list to choose from. Typing completes to the first item
-/// that begins alike; a text that no item has is kept with nothing selected. It knows nothing of
-/// cells.
+/// A drop-down combo: a text field and a list to choose from. Typing completes to the item that
+/// reads alike, else to the first one that begins so, blind to case; a text that no item has is
+/// kept as it was typed, with nothing selected. It knows nothing of cells.
 
 #include "widgets/text_field.h"
 
@@ -11,6 +11,9 @@ namespace tablio {
 class ComboBox final : public TextField {
 public:
     using TextField::TextField;
+
+    /// A character in lower case, as the platform knows it.
+    std::function<char32_t(char32_t)> lower;
 
     [[nodiscard]] const std::vector<std::string> &items() const noexcept { return items_; }
     /// The text stays, with nothing selected.
@@ -35,10 +38,15 @@ public:
 private:
     void replace(int from, int to, std::string_view text) override;
     void step(int by);
+    [[nodiscard]] std::string folded(std::string_view text) const;
+    /// The item that a typed text means; null for none.
+    [[nodiscard]] const std::string *completion(std::string_view typed) const;
 
     std::vector<std::string> items_;
     /// Which of several items that read alike was chosen.
     int chosen_ = -1;
+    /// What was typed before an item completed it, in the case in which it was typed.
+    std::string typed_;
     bool droppedDown_ = false;
 };
 

@@ -1,10 +1,9 @@
 #include "widgets/masked_box.h"
 
 #include "model/text/ascii.h"
+#include "model/text/date_reader.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -31,41 +30,6 @@ bool hasShape(std::string_view text) noexcept {
             return false;
     }
     return true;
-}
-
-std::string padded(std::string_view digits, std::size_t width) {
-    std::string text(digits);
-    if (text.size() < width)
-        text.insert(0, width - text.size(), '0');
-    return text;
-}
-
-/// A date in any usual order as day, month and year; nothing where the text is none.
-std::optional<std::string> shaped(std::string_view text) {
-    std::array<std::string, 3> groups;
-    std::size_t count = 0;
-    for (std::size_t at = 0; at < text.size();) {
-        if (!isDigit(text[at])) {
-            ++at;
-            continue;
-        }
-        std::size_t end = at;
-        while (end < text.size() && isDigit(text[end]))
-            ++end;
-        if (count == groups.size())
-            return std::nullopt;
-        groups[count++] = text.substr(at, end - at);
-        at = end;
-    }
-    if (count == 1 && groups[0].size() == 8)
-        groups = {groups[0].substr(0, 2), groups[0].substr(2, 2), groups[0].substr(4)};
-    else if (count != 3)
-        return std::nullopt;
-    if (groups[0].size() == 4)
-        std::swap(groups[0], groups[2]);
-    if (groups[0].size() > 2 || groups[1].size() > 2 || groups[2].size() != 4)
-        return std::nullopt;
-    return padded(groups[0], 2) + '/' + padded(groups[1], 2) + '/' + groups[2];
 }
 
 /// Types one character into a text of the mask's shape; answers the caret behind it.
@@ -95,7 +59,7 @@ MaskedBox::MaskedBox(WidgetId id, WidgetListener &listener) : TextField(id, list
 bool MaskedBox::fit(std::string &text) const {
     if (hasShape(text))
         return true;
-    std::optional<std::string> date = shaped(text);
+    std::optional<std::string> date = readDate(text, DateOrder::DayMonthYear);
     text = date ? std::move(*date) : std::string(blankText);
     return date.has_value();
 }
@@ -120,19 +84,6 @@ void MaskedBox::replace(int from, int to, std::string_view text) {
         caret = typed(result, caret, character);
     if (!isTyping || caret != from)
         put(std::move(result), caret, caret);
-}
-
-void MaskedBox::paste(std::string_view text) {
-    std::string date(text);
-    if (fit(date)) {
-        setText(std::move(date));
-        return;
-    }
-    std::string digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
-                 [](char character) { return isDigit(character); });
-    if (!digits.empty())
-        insert(digits);
 }
 
 } // namespace tablio

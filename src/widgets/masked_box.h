@@ -16,9 +16,6 @@ public:
 
     static constexpr std::string_view blankText = "__/__/____";
 
-    /// Takes a whole date, or just the digits from the caret on.
-    void paste(std::string_view text);
-
 private:
     /// A digit takes the place at the caret; a separator fills a begun day or month with a leading
     /// zero and steps over the slash; other characters do nothing.

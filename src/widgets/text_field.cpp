@@ -189,12 +189,12 @@ void TextField::undo() {
 
 void TextField::settle(std::string text, int anchor, int caret) {
     const std::string given = text;
-    if (!fit(text)) {
+    if (!fit(text) || (admits && text != text_ && !admits(text))) {
         // The native box shows what cannot be; it is shown the old text again.
         changed();
         return;
     }
-    if (text != given)
+    if (utf16::length(text) != utf16::length(given))
         anchor = caret = utf16::length(text);
     if (text != text_ || anchor != anchor_ || caret != caret_)
         put(std::move(text), anchor, caret);

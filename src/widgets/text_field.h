@@ -20,6 +20,9 @@ public:
 
     /// Called after every change of the text that somebody other than `load` and `reshape` made.
     std::function<void()> onChange;
+    /// Asked about a text that a face's native box has made by itself: shapes it, or answers
+    /// whether it has a place here.
+    std::function<bool(std::string &text)> admits;
 
     [[nodiscard]] const std::string &Text() const noexcept { return text_; }
     [[nodiscard]] int length() const noexcept;

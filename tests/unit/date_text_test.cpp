@@ -1,5 +1,7 @@
 #include "model/text/date_text.h"
 
+#include "model/text/date_reader.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -141,6 +143,44 @@ TEST(DateText, ShowsDatesThroughPictures) {
     DateNames names = englishDateNames;
     names.months[2] = "M\u00E4rz";
     EXPECT_EQ(formatDate(date, "d. mmmm", names), "5. M\u00E4rz");
+}
+
+TEST(DateReader, TakesWhatIsSurelyOneDateAndNothingElse) {
+    using enum DateOrder;
+    const struct {
+        DateOrder order;
+        const char *text;
+        const char *date; ///< "" for none.
+    } cases[] = {
+        {DayMonthYear, " 5-3-2004 ", "05/03/2004"},
+        {DayMonthYear, "5. 3. 2004", "05/03/2004"},
+        {DayMonthYear, "5/3/24", "05/03/2024"},
+        {DayMonthYear, "5/3/50", "05/03/1950"},
+        {MonthDayYear, "3/5/2004", "05/03/2004"},
+        {MonthDayYear, "13/5/2004", ""},
+        {YearMonthDay, "04.3.5", "05/03/2004"},
+        {YearMonthDay, "2004. 03. 05.", "05/03/2004"},
+        {YearMonthDay, "05/03/2004", "05/03/2004"},
+        {DayMonthYear, "2004-3-5", "05/03/2004"},
+        {MonthDayYear, "2010-12-05 08:00", "05/12/2010"},
+        {DayMonthYear, "2010-12-05T08:00:30.5+01:00", "05/12/2010"},
+        {DayMonthYear, "5/12/2010, 8:00 AM", "05/12/2010"},
+        {DayMonthYear, "05032004", "05/03/2004"},
+        {DayMonthYear, "20040229", "29/02/2004"},
+        {DayMonthYear, "20101205", ""}, // 1205 or 2010?
+        {DayMonthYear, "31/02/2011", ""},
+        {DayMonthYear, "5/3/204", ""},
+        {DayMonthYear, "123/4/2004", ""},
+        {DayMonthYear, "1/2/3/2004", ""},
+        {DayMonthYear, "05/03/2004 x", ""},
+        {DayMonthYear, "05/03/20041", ""},
+        {DayMonthYear, "0503", ""},
+        {DayMonthYear, "5 March 2004", ""},
+        {DayMonthYear, "", ""},
+        {DayMonthYear, "\xD9\xA1/\xD9\xA2/2004", ""},
+    };
+    for (const auto &[order, text, date] : cases)
+        EXPECT_EQ(readDate(text, order).value_or(""), date) << text;
 }
 
 } // namespace

@@ -170,6 +170,15 @@ void FilterIntegerKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataTyp
         KeyAscii = 0;
 }
 
+bool isTypedNumber(std::string_view text, NumberKind kind, TDataType DataType,
+                   const NumberFormat &format) {
+    if (!isSignRule(DataType))
+        return true;
+    const std::optional<TypedNumber> typed = readTyped(text, format);
+    return typed && (kind == NumberKind::Decimal || typed->decimalSign.empty()) &&
+           !(typed->isNegative && DataType == TDataType::Positive);
+}
+
 std::string groupWhileTyping(std::string_view text, NumberKind kind, const NumberFormat &format) {
     const std::optional<TypedNumber> typed = readTyped(text, format);
     if (!typed || (kind == NumberKind::Integer && !typed->decimalSign.empty()))

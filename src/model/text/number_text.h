@@ -51,6 +51,11 @@ void FilterDecimalKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataTyp
 /// The same for an integer editor, which takes no decimal sign.
 void FilterIntegerKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataType DataType);
 
+/// Whether an editor can hold `text`: a number of that kind and sign rule as far as it has been
+/// typed, any part of which may still be missing.
+bool isTypedNumber(std::string_view text, NumberKind kind, TDataType DataType,
+                   const NumberFormat &format);
+
 /// The text an editor shows after the user has changed it to `text`; the caret belongs at its end.
 /// The integer part is grouped, and what follows a decimal sign stays as typed, up to ten digits.
 /// A number that is only begun ("-", ".", "-0", "12.") is left for the user to go on with, and an

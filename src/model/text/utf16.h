@@ -25,6 +25,10 @@ struct CharacterSize {
     return {bytes, bytes == 4 ? 2 : 1};
 }
 
+[[nodiscard]] constexpr int units(char32_t character) noexcept {
+    return character > 0xFFFF ? 2 : 1;
+}
+
 /// Length of the text in UTF-16 units.
 [[nodiscard]] inline int length(std::string_view text) noexcept {
     int units = 0;
