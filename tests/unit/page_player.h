@@ -7,6 +7,7 @@
 #include <tablio/members.h>
 #include <tablio/pages/property_pages.h>
 #include <tablio/tablio.h>
+#include <tablio/text_bag.h>
 
 #include <gtest/gtest.h>
 
@@ -35,8 +36,9 @@ protected:
     /// Plays steps with "; " between them. "txtRows=7" types, chooses or spins; "chkWordWrap"
     /// clicks or presses; "Rows=7" and "ColWidth1=7" write a member of the control. "leave txtRows"
     /// takes the keyboard away, "load", "show" and "apply" with "general" or "columns" are the
-    /// page's own, "apply" alone is the dialog's; "reopen" makes new pages, "fill" columns, and
-    /// "forget" what was told. "txtRows txtCols==7 3" expects what each of the names holds.
+    /// page's own, "apply" alone and "press" with a button are the dialog's; "reopen" makes new
+    /// pages, "fill" columns, and "forget" what was told. "txtRows txtCols==7 3" expects what each
+    /// of the names holds.
     void play(const std::string &steps) {
         std::size_t from = 0;
         while (from < steps.size()) {
@@ -169,6 +171,8 @@ private:
             pages->show(*page);
         else if (words.starts_with("apply "))
             page->ApplyChanges();
+        else if (words.starts_with("press "))
+            pages->pressed(static_cast<PageButton &>(*find(object)));
         else if (words.starts_with("leave "))
             page->lostFocus(static_cast<PageTextBox &>(*find(object)));
         else if (control != nullptr && control->kind() == PageControlKind::CheckBox)

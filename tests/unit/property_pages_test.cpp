@@ -288,6 +288,37 @@ TEST_F(PropertyPagesTest, BothAreAppliedTogether) {
          "show general; chkWithFixedColumn==0; Cols=3; txtCols=1; leave txtCols");
     pages->follow();
     play("txtCols chkWithFixedColumn==3 0");
+    // What has come meanwhile is not written over.
+    play("Rows=40; TextMatrix91=Zoe");
+    pages->follow();
+    play("txtRows==40; txtHeaderRowHeight=600; apply; Rows HeaderRowHeight TextMatrix91==40 600 "
+         "Zoe");
+}
+
+TEST_F(PropertyPagesTest, RowNumbersStandInTheirColumnsOnly) {
+    play("Cols=3; Rows=5; ColStyle0=3; TextMatrix11=Ann; show general; txtRows=7; apply; "
+         "TextMatrix10 TextMatrix60 TextMatrix11==1 6 Ann; "
+         "show columns; press cmdCommand(0); TextMatrix10 TextMatrix60 TextMatrix11==1 6 ; "
+         "txtIndex=0; load columns; press cmdCommand(1); TextMatrix10 TextMatrix60== ");
+}
+
+TEST_F(PropertyPagesTest, ThePreviewShowsWhatApplyGives) {
+    const auto saved = [](const Tablio &control) {
+        TextBag bag;
+        control.WriteProperties(bag);
+        return bag.text();
+    };
+    for (const char *steps : {"WithFixedColumn=True; show general; txtHeaderRowHeight=500",
+                              "WithFixedColumn=False; show general; txtPrimaryColumn=2; txtCols=2",
+                              "WithFixedColumn=True; PrimaryColumn=1; show general; txtCols=9; "
+                              "show columns; txtColTextHeader=edited"}) {
+        play(std::string("reopen; Cols=3; FixedCols=0; PrimaryColumn=0; ") + steps);
+        Tablio sample;
+        pages->preview(sample, {});
+        play("apply");
+        table.setRows(sample.Rows());
+        EXPECT_EQ(saved(sample), saved(table)) << steps;
+    }
 }
 
 TEST_F(PropertyPagesTest, ColumnsFollowsWhatGeneralApplies) {

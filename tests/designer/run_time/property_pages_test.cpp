@@ -58,6 +58,9 @@ protected:
 
 TEST_F(RunningTable, KeepsItsDataWhatThePagesDo) {
     const PagesDialog pages = open();
+    grid->setRows(40);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pages.text("txtRows"), "40") << "rows came meanwhile";
     EXPECT_EQ(open(1).get(), pages.get()) << "there is one dialog";
     pages.play("txtColTextHeader=Total; cmdIndex(1)");
     EXPECT_EQ(pages.text("txtColTextHeader"), "Name");
@@ -67,52 +70,6 @@ TEST_F(RunningTable, KeepsItsDataWhatThePagesDo) {
     EXPECT_EQ(grid->colTextHeader(0), "Total");
     EXPECT_EQ(grid->textMatrix(1, 0), "12") << "a fixed column is no design any more";
     EXPECT_EQ(grid->textMatrix(1, 1), "Ann");
-}
-
-TEST_F(RunningTable, RowNumbersStandInTheirColumnsOnly) {
-    const auto column = [this](int col) {
-        return grid->textMatrix(1, col) + "," + grid->textMatrix(grid->rows() - 1, col);
-    };
-    const QByteArray plain = grid->settings();
-    grid->setColStyle(0, TablioWidget::ColumnFixedWithAutoNumber);
-    grid->setSettings(plain);
-    EXPECT_EQ(column(0), ",");
-    EXPECT_EQ(column(1), "Ann,Zoe") << "a column that was not numbered keeps its texts";
-    grid->setColStyle(0, TablioWidget::ColumnFixedWithAutoNumber);
-
-    const PagesDialog pages = open();
-    pages.play("txtRows=12; page=1; apply");
-    EXPECT_EQ(column(0), "1,11") << "the new rows are numbered, too";
-    pages.play("cmdCommand(0)");
-    EXPECT_EQ(column(0), "1,11");
-    EXPECT_EQ(column(1), ",") << "an inserted column has no numbers";
-    pages.play("cmdIndex(0); cmdCommand(1)");
-    EXPECT_EQ(column(0), ",") << "nor has the place of a removed one";
-}
-
-TEST_F(RunningTable, ThePreviewShowsWhatApplyGives) {
-    const struct {
-        bool fixed;
-        int primary;
-        const char *steps;
-    } cases[] = {
-        {true, 0, "txtHeaderRowHeight=500"},
-        {false, 0, "txtPrimaryColumn=2; txtCols=2"},
-        {true, 1, "txtCols=9; txtColTextHeader=edited"},
-    };
-    for (const auto &c : cases) {
-        grid->setCols(3);
-        grid->setFixedCols(0);
-        grid->setWithFixedColumn(c.fixed);
-        grid->setPrimaryColumn(c.primary);
-        const PagesDialog pages = open(1);
-        pages.play(c.steps);
-        const QByteArray shown = pages.preview();
-        pages.play("apply");
-        grid->setRows(pages.get()->findChild<TablioWidget *>()->rows());
-        EXPECT_EQ(shown.toStdString(), grid->settings().toStdString());
-        delete pages.get();
-    }
 }
 
 TEST_F(RunningTable, AltAndALetterIsThePages) {
@@ -158,18 +115,6 @@ TEST_F(RunningTable, ArrowsCountOnFromWhatTheBoxHolds) {
         QTest::keyClick(pages.get()->findChild<QWidget *>("RowUpDown"), c.key);
         EXPECT_EQ(pages.text("txtRows"), c.shown) << c.typed;
     }
-}
-
-TEST_F(RunningTable, RowsThatCameMeanwhileStay) {
-    const PagesDialog pages = open();
-    EXPECT_EQ(pages.text("txtRows"), "10");
-    grid->setRows(40);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(pages.text("txtRows"), "40");
-    pages.play("txtHeaderRowHeight=600; ok");
-    EXPECT_EQ(grid->rows(), 40);
-    EXPECT_EQ(grid->headerRowHeight(), 600);
-    EXPECT_EQ(grid->textMatrix(9, 1), "Zoe");
 }
 
 TEST_F(RunningTable, EnterInTheIndexBoxGoesToTheColumn) {
