@@ -44,12 +44,6 @@ protected:
     GridWindow window;
 };
 
-TEST_F(ChoiceEditors, TheTextBoxLiesInsideTheLinesOfItsCell) {
-    window.grid->focusCell(1, 2);
-    window.type(QStringLiteral("7"));
-    EXPECT_EQ(onGrid(window.box()->parentWidget()), cellRect(1, 2).adjusted(0, 0, -1, -1));
-}
-
 TEST_F(ChoiceEditors, TheComboLiesInItsCellAndItsArrowIsLeftFree) {
     window.grid->focusCell(1, 0);
     window.key(Qt::Key_F2);

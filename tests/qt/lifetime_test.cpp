@@ -37,11 +37,8 @@ const Death deaths[] = {
     {"edit ends", deleteOn<&T::editPostValidation>, [](GridWindow &w) { w.type("abc\n"); }},
     {"focus leaves an edit", deleteOn<&T::editPostValidation>,
      [](GridWindow &w) { w.key(Qt::Key_Tab); }, "abc"},
-    {"a method ends an edit", deleteOn<&T::editPostValidation>,
-     [](GridWindow &w) { w.grid->tableClear(); }, "a"},
     {"character", deleteOn<&T::cellKeyPress>, [](GridWindow &w) { w.type("b"); }, "a"},
     {"key", deleteOn<&T::tableKeyDown>, [](GridWindow &w) { w.key(Qt::Key_Down); }},
-    {"letter", deleteOn<&T::tableKeyDown>, [](GridWindow &w) { w.type("a"); }},
     {"mouse press", deleteOn<&T::cellFocus>, [](GridWindow &w) { w.click(3, 1); }},
     {"double click", deleteOn<&T::doubleClick>, [](GridWindow &w) { w.doubleClick(1, 0); }},
     {"focus comes", deleteOn<&T::cellFocus>,
@@ -127,13 +124,6 @@ TEST(Lifetime, AThrowingSlotIsReportedAndTheControlGoesOn) {
     w.type("def\n");
     EXPECT_EQ(w.cell(2, 0), "def");
     EXPECT_EQ(w.cursor(), "2,1");
-}
-
-TEST(Lifetime, MethodsThrowAtTheirCaller) {
-    GridWindow w;
-    EXPECT_THROW(w.grid->setTextMatrix(999, 0, "x"), tablio::GridError);
-    EXPECT_THROW(w.grid->focusCell(70000, 0), tablio::OverflowError);
-    EXPECT_EQ(w.cursor(), "1,0");
 }
 
 TEST(Lifetime, WhatIsFilledInBeforeShowIsThereAfterIt) {

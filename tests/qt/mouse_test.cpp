@@ -30,17 +30,6 @@ TEST(Mouse, TheWheelScrollsAndTheEditorStaysOverItsCell) {
     EXPECT_EQ(w.cell(6, 0), "abc");
 }
 
-TEST(Mouse, FineWheelStepsAddUp) {
-    GridWindow w;
-    const QPoint at = w.canvas()->mapTo(&w.window, QPoint(50, 50));
-    for (int step = 0; step < 8; ++step) {
-        QWheelEvent event(at, w.window.mapToGlobal(at), {}, {0, -15}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(w.window.windowHandle(), &event);
-    }
-    EXPECT_EQ(w.state().grid.view.TopRow(), 1 + QApplication::wheelScrollLines());
-}
-
 TEST(Mouse, ShiftAndWheelScrollColumns) {
     GridWindow w;
     w.grid->setColWidth(0, 9000);

@@ -97,13 +97,3 @@ TEST(Typing, KeysOfTheHostStayTheHosts) {
     w.key(Qt::Key_Escape);
     EXPECT_FALSE(w.window.isVisible());
 }
-
-TEST(Typing, PunctuationIsNoCursorKey) {
-    GridWindow w;
-    QObject::connect(w.grid, &TablioWidget::tableKeyDown, [&](int &keyCode, int &, int &, int &) {
-        EXPECT_TRUE(keyCode > 185 && keyCode < 232) << keyCode;
-    });
-    w.type(".'(&%#-");
-    EXPECT_EQ(w.box()->text(), ".'(&%#-");
-    EXPECT_EQ(w.cursor(), "1,0!");
-}
