@@ -1,4 +1,4 @@
-/// The keyboard, beside what the scenarios type: a scanner, what the native box does by itself,
+/// The keyboard, beside what the scenarios type: what the native box does by itself,
 /// keys that belong to the host.
 
 #include "grid_window.h"
@@ -26,20 +26,6 @@ QAction *menuAction(const QString &caption) {
 }
 
 } // namespace
-
-// A scanner sends its keys faster than any event loop turns: nothing here lets events run.
-TEST(Typing, AScannerLosesNoKey) {
-    GridWindow w;
-    QString script;
-    for (int row = 1; row <= 20; ++row)
-        script += QStringLiteral("item%1\n%1\n%1.5\nc%1\n").arg(row);
-    w.type(script);
-    for (int row = 1; row <= 20; ++row)
-        EXPECT_EQ(w.cell(row, 0) + ' ' + w.cell(row, 1) + ' ' + w.cell(row, 2) + ' ' +
-                      w.cell(row, 3),
-                  QStringLiteral("item%1 %1 %1.50 C%1").arg(row));
-    EXPECT_EQ(w.cursor(), "21,0");
-}
 
 TEST(Typing, WhatTheBoxDoesByItselfReachesTheEditor) {
     GridWindow w;

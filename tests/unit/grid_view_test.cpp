@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <ostream>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace tablio {
@@ -39,10 +41,10 @@ protected:
         scrolls = 0;
     }
 
-    [[nodiscard]] static std::vector<int> indexes(const std::vector<GridView::Span> &spans) {
-        std::vector<int> result;
+    [[nodiscard]] static std::string indexes(const std::vector<GridView::Span> &spans) {
+        std::string result;
         for (const GridView::Span &span : spans)
-            result.push_back(span.index);
+            result += (result.empty() ? "" : " ") + std::to_string(span.index);
         return result;
     }
 
@@ -51,22 +53,6 @@ protected:
     std::vector<Rect> areas;
     int scrolls = 0;
 };
-
-using Indexes = std::vector<int>;
-
-TEST_F(GridViewTest, CellsStandWhereTheScrollPositionPutsThem) {
-    EXPECT_EQ(view.cellRect(0, 0), (Rect{0, 0, 1000, 300}));
-    EXPECT_EQ(view.cellRect(2, 3), (Rect{3000, 600, 1000, 300}));
-    view.setTopRow(5);
-    view.setLeftCol(2);
-    EXPECT_EQ(view.cellRect(0, 0), (Rect{0, 0, 1000, 300}));
-    EXPECT_EQ(view.cellRect(5, 2), (Rect{1000, 300, 1000, 300}));
-    EXPECT_EQ(view.cellRect(7, 3), (Rect{2000, 900, 1000, 300}));
-    // Scrolled away they lie outside of the view.
-    EXPECT_EQ(view.cellRect(4, 2), (Rect{1000, -300, 1000, 300}));
-    EXPECT_LE(view.cellRect(1, 2).bottom(), 0);
-    EXPECT_EQ(view.cellRect(5, 1), (Rect{-1000, 300, 1000, 300}));
-}
 
 /// Rows come and go, grow and shrink; the places of far rows are not found by walking there.
 TEST_F(GridViewTest, ARowStandsBehindAllRowsBeforeIt) {
@@ -93,24 +79,43 @@ TEST_F(GridViewTest, ARowStandsBehindAllRowsBeforeIt) {
     }
 }
 
-TEST_F(GridViewTest, ListsWhatIsVisibleInPartsToo) {
-    // 1,600 twips: the header and four and a third rows; 3,500: three and a half columns.
-    EXPECT_EQ(indexes(view.visibleRows()), (Indexes{0, 1, 2, 3, 4, 5}));
-    EXPECT_EQ(indexes(view.visibleCols()), (Indexes{0, 1, 2, 3}));
-    view.setTopRow(10);
-    view.setLeftCol(3);
-    EXPECT_EQ(indexes(view.visibleRows()), (Indexes{0, 10, 11, 12, 13, 14}));
-    EXPECT_EQ(indexes(view.visibleCols()), (Indexes{0, 3, 4, 5}));
+/// One state of the view goes into the next. 1,600 twips are the header and four and a third rows,
+/// 3,500 are three and a half columns.
+TEST_F(GridViewTest, ListsWhatIsVisibleAndScrollsNoFurtherThanNeeded) {
+    const struct {
+        const char *what;
+        std::function<void()> act;
+        const char *shown;
+    } cases[] = {
+        {"at first", [] {}, "0 1 2 3 4 5 x 0 1 2 3"},
+        {"a cell in sight", [&] { view.ensureVisible(4, 2); }, "0 1 2 3 4 5 x 0 1 2 3"},
+        {"a cell in sight by a part", [&] { view.ensureVisible(5, 3); }, "0 2 3 4 5 6 x 0 2 3 4"},
+        {"back to the first", [&] { view.ensureVisible(1, 1); }, "0 1 2 3 4 5 x 0 1 2 3"},
+        {"the header", [&] { view.setTopRow(0); }, "0 1 2 3 4 5 x 0 1 2 3"},
+        {"scrolled", [&] { view.setTopRow(10), view.setLeftCol(3); }, "0 10 11 12 13 14 x 0 3 4 5"},
+        {"a header cell", [&] { view.ensureVisible(0, 4); }, "0 10 11 12 13 14 x 0 3 4 5"},
+        {"the ends", [&] { view.setTopRow(20), view.setLeftCol(5); }, "0 17 18 19 20 x 0 4 5"},
+        {"back again", [&] { view.setTopRow(1), view.setLeftCol(1); }, "0 1 2 3 4 5 x 0 1 2 3"},
+        {"hidden ones",
+         [&] { table.setRowHeight(2, 0), table.setColWidth(1, 0), table.setColWidth(2, 2000); },
+         "0 1 3 4 5 6 x 0 2 3"},
+        {"a last row higher than the view",
+         [&] { table.setRowHeight(20, 5000), view.ensureVisible(20, 2); }, "0 20 x 0 2 3"},
+        {"fewer", [&] { table.setRows(3), table.setCols(2); }, "0 1 x 0"},
+        {"none", [&] { table.setRows(0), table.setCols(0); }, " x "},
+    };
+    for (const auto &each : cases) {
+        each.act();
+        EXPECT_EQ(indexes(view.visibleRows()) + " x " + indexes(view.visibleCols()), each.shown)
+            << each.what;
+    }
+    EXPECT_EQ(view.hitTest(10, 10), std::nullopt);
+    table.setRows(40);
+    table.setCols(2);
+    EXPECT_EQ(view.hitTest(10, 10), (CellAddress{0, 0}));
     EXPECT_EQ(view.pageRows(), 4);
-}
-
-TEST_F(GridViewTest, HiddenRowsAndColumnsAreNeitherListedNorHit) {
-    table.setRowHeight(2, 0);
-    table.setColWidth(1, 0);
-    EXPECT_EQ(indexes(view.visibleRows()), (Indexes{0, 1, 3, 4, 5, 6}));
-    EXPECT_EQ(indexes(view.visibleCols()), (Indexes{0, 2, 3, 4}));
-    EXPECT_EQ(view.hitTest(1000, 600), (CellAddress{3, 2}));
-    EXPECT_TRUE(view.cellRect(2, 1).isEmpty());
+    EXPECT_THROW(view.setTopRow(40), GridError);
+    EXPECT_THROW(view.setLeftCol(-1), GridError);
 }
 
 TEST_F(GridViewTest, EveryPointBelongsToTheCellWhoseRectangleHasIt) {
@@ -126,63 +131,14 @@ TEST_F(GridViewTest, EveryPointBelongsToTheCellWhoseRectangleHasIt) {
             }
         }
     }
+    // Scrolled away they lie outside of the view.
+    EXPECT_EQ(view.cellRect(1, 2), (Rect{1000, -300, 333, 300}));
+    EXPECT_EQ(view.cellRect(2, 1), (Rect{-1000, 300, 1000, 300}));
     EXPECT_EQ(view.hitTest(1000, 300), (CellAddress{2, 2}));
     EXPECT_EQ(view.hitTest(999, 299), (CellAddress{0, 0}));
     EXPECT_EQ(view.hitTest(-1, 0), std::nullopt);
     table.setCols(3);
     EXPECT_EQ(view.hitTest(3000, 300), std::nullopt) << "right of the last column";
-}
-
-TEST_F(GridViewTest, ScrollsNoFurtherThanTheLastRowNeeds) {
-    // 1,300 twips of data rows hold four of the twenty.
-    EXPECT_EQ(view.maxTopRow(), 17);
-    view.setTopRow(20);
-    EXPECT_EQ(view.TopRow(), 17);
-    view.setTopRow(0);
-    EXPECT_EQ(view.TopRow(), 1) << "the header never scrolls";
-    view.setLeftCol(5);
-    EXPECT_EQ(view.LeftCol(), 4);
-    EXPECT_THROW(view.setTopRow(21), GridError);
-    EXPECT_THROW(view.setLeftCol(-1), GridError);
-}
-
-TEST_F(GridViewTest, ALastRowHigherThanTheViewCanBeReached) {
-    table.setRowHeight(20, 5000);
-    EXPECT_EQ(view.maxTopRow(), 20);
-    view.ensureVisible(20, 1);
-    EXPECT_EQ(view.TopRow(), 20);
-    EXPECT_EQ(view.cellRect(20, 1).top, 300);
-}
-
-TEST_F(GridViewTest, ShowsACellWithAsLittleScrollingAsNeeded) {
-    view.ensureVisible(4, 2);
-    EXPECT_EQ(scrolls, 0) << "it is visible already";
-    view.ensureVisible(5, 2);
-    EXPECT_EQ(view.TopRow(), 2);
-    view.ensureVisible(5, 3);
-    EXPECT_EQ(view.LeftCol(), 2);
-    view.ensureVisible(1, 1);
-    EXPECT_EQ(view.TopRow(), 1);
-    EXPECT_EQ(view.LeftCol(), 1);
-    view.setTopRow(7);
-    view.ensureVisible(0, 3);
-    EXPECT_EQ(view.TopRow(), 7) << "a header cell is always visible";
-}
-
-TEST_F(GridViewTest, KeepsTheScrollPositionInsideASmallerTable) {
-    view.setTopRow(17);
-    view.setLeftCol(4);
-    table.setRows(3);
-    EXPECT_EQ(view.TopRow(), 1);
-    table.setCols(2);
-    EXPECT_EQ(view.LeftCol(), 1);
-    table.setRows(0);
-    table.setCols(0);
-    EXPECT_TRUE(view.visibleRows().empty());
-    EXPECT_EQ(view.hitTest(10, 10), std::nullopt);
-    table.setRows(40);
-    table.setCols(2);
-    EXPECT_EQ(view.hitTest(10, 10), (CellAddress{0, 0}));
 }
 
 TEST_F(GridViewTest, FindsColumnBordersInTheHeaderOnly) {

@@ -165,17 +165,6 @@ TEST(Persistence, StoredFormsThatAreNotTakenAtTheirWord) {
     EXPECT_EQ(listEntries(table, 0), "x|2.5||64|0|0|") << "list texts are kept";
 }
 
-TEST(Persistence, TwoHeightsChangeOnTheWay) {
-    Tablio table;
-    table.setRowMinHeight(0);
-    table.setHeaderRowHeight(0);
-    load(table, saved(table));
-    EXPECT_EQ(table.HeaderRowHeight(), 700);
-    table.setRowMinHeight(64);
-    load(table, saved(table));
-    EXPECT_EQ(table.RowMinHeight(), 285);
-}
-
 /// A store in which one key holds something strange, or which refuses it.
 class StrangeBag final : public PropertyBag {
 public:
@@ -230,23 +219,6 @@ TEST(Persistence, AStrangeValueSpoilsItsOwnSettingOnly) {
                 EXPECT_EQ(found, without(key, lines));
         }
     }
-}
-
-TEST(Persistence, AStoreThatFailsLeavesTheControlAsItWasButForTheLists) {
-    Tablio table;
-    table.setFont({"Arial", 9});
-    table.setColStyle(0, TColumnStyle::ColumnFixed);
-    table.setRows(9);
-    table.setColWidth(0, 77);
-    const TextBag empty;
-    StrangeBag refusing(empty, "*", {}, true);
-    table.ReadProperties(refusing);
-    table.WriteProperties(refusing);
-    EXPECT_EQ(table.Font().name, "Arial");
-    EXPECT_EQ(table.Rows(), 9);
-    EXPECT_EQ(table.ColWidth(0), 77);
-    EXPECT_EQ(listEntries(table, 0), "2|0||64|0|0|");
-    EXPECT_TRUE(table.SetStatusCell());
 }
 
 TEST(Persistence, KeysAreReadInTheirOrder) {
