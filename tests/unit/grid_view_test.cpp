@@ -82,6 +82,7 @@ TEST_F(GridViewTest, ARowStandsBehindAllRowsBeforeIt) {
 /// One state of the view goes into the next. 1,600 twips are the header and four and a third rows,
 /// 3,500 are three and a half columns.
 TEST_F(GridViewTest, ListsWhatIsVisibleAndScrollsNoFurtherThanNeeded) {
+    EXPECT_EQ(view.maxTopRow(), 17);
     const struct {
         const char *what;
         std::function<void()> act;
