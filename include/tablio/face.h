@@ -38,6 +38,8 @@ public:
     /// Comes once at the end of a call into the control, and before the host hears an event. It may
     /// come again while the face is still in it, when what the face does calls the control.
     virtual void shown() {}
+    /// Whether takeFocus() can get the keyboard: a control that is not in sight has none.
+    [[nodiscard]] virtual bool canTakeFocus() const { return true; }
     /// The keyboard is wanted inside the control: take the platform's, if it is elsewhere.
     virtual void takeFocus() {}
     /// An area of the grid has to be painted again.
@@ -60,6 +62,9 @@ public:
     [[nodiscard]] virtual Date today() const { return {}; }
     /// How dates are written that come from elsewhere; the control's own are day, month, year.
     [[nodiscard]] virtual DateOrder dateOrder() const { return DateOrder::DayMonthYear; }
+
+    /// What text without a font of its own is shown in.
+    [[nodiscard]] virtual Font defaultFont() const { return {}; }
 
     /// Lets the user interface breathe during a long scan. It may come very often; the face
     /// decides how seldom it really does something.

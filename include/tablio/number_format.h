@@ -11,8 +11,17 @@ namespace tablio {
 struct NumberFormat {
     std::string decimalSign = ".";
     std::string groupSign = ",";
-    /// Digits between two grouping signs; 0 means that this user does not group.
+    /// Digits between the decimal sign and the first grouping sign; 0 means that this user does not
+    /// group.
     int groupSize = 3;
+    /// Digits between two grouping signs; 0 for as many as groupSize.
+    int nextGroupSize = 0;
+
+    /// Whether a grouping sign stands in front of the last `digits` digits of the integer part.
+    [[nodiscard]] bool groupsBefore(int digits) const noexcept {
+        const int next = nextGroupSize > 0 ? nextGroupSize : groupSize;
+        return groupSize > 0 && digits >= groupSize && (digits - groupSize) % next == 0;
+    }
 
     friend bool operator==(const NumberFormat &, const NumberFormat &) = default;
 };

@@ -231,6 +231,17 @@ public:
     /// that is no lookup column.
     void setLookupResult(int Row, int Col, std::string_view Value);
 
+    // The open edit, for a host that is about to save or to close.
+    /// Ends it as a click elsewhere would. Answers whether what was typed stands in its cell: False
+    /// when the host refused it, or it was no date; True where no edit was open.
+    bool Commit();
+    /// Ends it as Esc would.
+    void CancelEdit();
+    [[nodiscard]] bool IsEditing() const;
+    /// The cell last entered; −1 in a table that has none.
+    [[nodiscard]] int CurrentRow() const;
+    [[nodiscard]] int CurrentCol() const;
+
 private:
     friend struct Inside;
     std::shared_ptr<Control> control_;

@@ -130,6 +130,12 @@ constexpr std::array memberTable{
     method<&Tablio::InsertRow>("InsertRow", 0x6003006D, rowReference),
     method<&Tablio::SetHeaderBackColor>("SetHeaderBackColor", 0x6003006E, headerColour),
     method<&Tablio::SetHeaderForeColor>("SetHeaderForeColor", 0x6003006F, headerColour),
+    // What came later has numbers of its own.
+    method<&Tablio::Commit>("Commit", 0x60040000, {}, Type::Boolean),
+    method<&Tablio::CancelEdit>("CancelEdit", 0x60040001),
+    readOnly<&Tablio::IsEditing>("IsEditing", 0x68040000, Type::Boolean),
+    readOnly<&Tablio::CurrentRow>("CurrentRow", 0x68040001, Type::Long),
+    readOnly<&Tablio::CurrentCol>("CurrentCol", 0x68040002, Type::Long),
 };
 // clang-format on
 

@@ -22,7 +22,10 @@ Control::Control()
     state.focus.onGot = [this](WidgetId widget) { focusGot(widget); };
     state.focus.onMoved = [this] {
         state.link.markChanged();
-        state.link.takeFocus();
+        const bool canTake = state.link.face().canTakeFocus();
+        if (canTake)
+            state.link.takeFocus();
+        return canTake;
     };
     state.columns.start();
 }

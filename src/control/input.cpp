@@ -124,7 +124,9 @@ Dealt Input::wheelTurned(WheelUnit unit, int left, int up) {
 void Input::focusEntered() {
     const Call control(control_);
     control->state.link.face().setHostKeyPreview(false);
-    if (!control->state.focus.owner())
+    if (BoxEditor *editor = control->session.editor())
+        control->state.focus.set(editor->box().id());
+    else if (!control->state.focus.owner())
         control->state.focus.set(WidgetId::Grid);
 }
 

@@ -59,6 +59,9 @@ EditorPlace Screen::placeOf(const ScreenEditor &editor, const DevicePixels &pixe
         if (button->Visible())
             place.covered = std::max(place.covered, place.frame.left + place.width - over.left);
     }
+    // Whatever lay over a combo's arrow would take the presses that are meant for it.
+    if (widgets.cboEdit.Visible())
+        place.frame.width = place.width;
     return place;
 }
 

@@ -22,6 +22,21 @@ void setLook(const std::shared_ptr<Control> &owned, std::string_view name, Value
     });
 }
 
+/// The cell's font in force: what nobody has set is the face's own.
+Font fontAt(const std::shared_ptr<Control> &owned, int row, int col) {
+    const Call control(owned);
+    control->appearance.visit({row, col});
+    Font font = control->state.grid.CellFont();
+    const Font own = control->state.link.face().defaultFont();
+    if (font.name.empty())
+        font.name = own.name;
+    if (font.size <= 0)
+        font.size = own.size;
+    font.bold = font.bold || own.bold;
+    font.italic = font.italic || own.italic;
+    return font;
+}
+
 } // namespace
 
 Colour Tablio::BackColor() const { return control_->state.grid.table.look().BackColorBkg; }
@@ -113,30 +128,21 @@ Font Tablio::Font() const { return control_->state.grid.table.look().Font; }
 
 void Tablio::setFont(const tablio::Font &font) { setLook(control_, "Font", &GridLook::Font, font); }
 
-std::string Tablio::CellFont(int Row, int Col) {
-    Call(control_)->appearance.visit({Row, Col});
-    return control_->state.grid.CellFont().name;
-}
+std::string Tablio::CellFont(int Row, int Col) { return fontAt(control_, Row, Col).name; }
 
 void Tablio::setCellFont(int Row, int Col, std::string_view name) {
     Call(control_)->appearance.styleFont({Row, Col},
                                          [name](CellStyle &style) { style.fontName = name; });
 }
 
-bool Tablio::CellFontBold(int Row, int Col) {
-    Call(control_)->appearance.visit({Row, Col});
-    return control_->state.grid.CellFont().bold;
-}
+bool Tablio::CellFontBold(int Row, int Col) { return fontAt(control_, Row, Col).bold; }
 
 void Tablio::setCellFontBold(int Row, int Col, bool bold) {
     Call(control_)->appearance.styleFont({Row, Col},
                                          [bold](CellStyle &style) { style.fontBold = bold; });
 }
 
-bool Tablio::CellFontItalic(int Row, int Col) {
-    Call(control_)->appearance.visit({Row, Col});
-    return control_->state.grid.CellFont().italic;
-}
+bool Tablio::CellFontItalic(int Row, int Col) { return fontAt(control_, Row, Col).italic; }
 
 void Tablio::setCellFontItalic(int Row, int Col, bool italic) {
     Call(control_)->appearance.styleFont({Row, Col},
@@ -144,8 +150,7 @@ void Tablio::setCellFontItalic(int Row, int Col, bool italic) {
 }
 
 int Tablio::CellFontSize(int Row, int Col) {
-    Call(control_)->appearance.visit({Row, Col});
-    return Value(static_cast<double>(control_->state.grid.CellFont().size)).toInteger();
+    return Value(static_cast<double>(fontAt(control_, Row, Col).size)).toInteger();
 }
 
 void Tablio::setCellFontSize(int Row, int Col, int points) {

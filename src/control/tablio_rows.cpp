@@ -98,4 +98,18 @@ void Tablio::setLookupResult(int Row, int Col, std::string_view Value) {
         std::string(Value));
 }
 
+bool Tablio::Commit() { return Call(control_)->session.commit(); }
+
+void Tablio::CancelEdit() { Call(control_)->session.cancel(); }
+
+bool Tablio::IsEditing() const { return control_->session.isOpen(); }
+
+int Tablio::CurrentRow() const {
+    return control_->state.isCursorOnCell() ? control_->state.cursor.CurrentRow() : -1;
+}
+
+int Tablio::CurrentCol() const {
+    return control_->state.isCursorOnCell() ? control_->state.cursor.CurrentCol() : -1;
+}
+
 } // namespace tablio

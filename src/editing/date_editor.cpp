@@ -91,10 +91,11 @@ EditResult DateEditor::result(bool accepted) const {
     accepted = accepted && !isCalendarOpen();
     std::string text = accepted ? box_.Text() : loaded_;
     // Only a date, or no date at all, gets into the cell.
+    const bool drops = IsDateInvalid(text) && !IsBlankDate(text);
     if (IsDateInvalid(text))
         text = MaskedBox::blankText;
     const bool isBlank = IsBlankDate(text);
-    EditResult result{std::nullopt, text, !isBlank};
+    EditResult result{std::nullopt, text, !isBlank, drops};
     // An operator who only looked leaves the cell to the letter as it was.
     if (accepted && text != loaded_)
         result.written = isBlank ? DateToText(noDate) : text;

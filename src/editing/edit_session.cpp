@@ -83,6 +83,7 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     const bool accepted =
         state_.link.EditPostValidation(cell, result.valid, oldText, result.newText, LastKey_);
     const bool isRefused = result.valid && !accepted && edit.begun.isSameCell();
+    wasTaken_ = !result.dropsText && !isRefused;
     if (isRefused)
         cells_.putBack(cell, edit.before);
     if (isRefused)
@@ -92,6 +93,14 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     if (keyboardTo)
         state_.focus.arrive(*keyboardTo);
     return ended.isSameCell() && ended.isSameEdit() && ended.isSameCursor();
+}
+
+bool EditSession::commit() {
+    const Standing before(state_, *this, cell_);
+    wasTaken_ = true;
+    EndCellEdit();
+    // A handler that opens an edit again has not taken the text.
+    return !before.isClosed() && wasTaken_ && !isOpen();
 }
 
 void EditSession::RepositionEditor() {

@@ -34,6 +34,8 @@ struct EditResult {
     /// What the host is told.
     std::string newText;
     bool valid = false;
+    /// What was typed is nothing that the cell can hold, and is dropped.
+    bool dropsText = false;
 };
 
 class EditSession {
@@ -58,6 +60,9 @@ public:
     /// or has no size any more, the edit ends.
     void RepositionEditor();
 
+    /// Ends the open edit, for whoever is about to look at the table. Answers whether what was
+    /// typed stands in the cell now; True where no edit was open.
+    bool commit();
     [[nodiscard]] bool isOpen() const noexcept { return open_.has_value(); }
     [[nodiscard]] bool isOpen(EditNumber edit) const noexcept {
         return open_ && open_->number == edit;
@@ -123,6 +128,8 @@ private:
     std::optional<Standing> refused_;
     CellAddress cell_;
     EditNumber count_ = 0;
+    /// Whether the last edit that ended left its text in the cell.
+    bool wasTaken_ = true;
     std::int16_t LastKey_ = 0;
 };
 

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] bool isSameEdit() const noexcept;
     /// The control lives, and nobody has set the cursor, not even to where it stood.
     [[nodiscard]] bool isSameCursor() const noexcept;
+    [[nodiscard]] bool isClosed() const noexcept { return state_->link.isClosed(); }
     [[nodiscard]] CellAddress cell() const noexcept { return cell_; }
 
 private:

@@ -92,6 +92,9 @@ struct ControlState {
         settings.SetStatusCell = status;
         grid.view.setRedraw(status);
     }
+    [[nodiscard]] bool isCursorOnCell() const noexcept {
+        return grid.table.hasCell(cursor.CurrentRow(), cursor.CurrentCol());
+    }
     [[nodiscard]] bool isCalendarOpen() const noexcept { return widgets.picDate.Visible(); }
     /// The grid takes no input while the calendar lies over it.
     [[nodiscard]] bool gridEnabled() const noexcept {

@@ -15,8 +15,9 @@ class Focus {
 public:
     std::function<void(WidgetId)> onLost;
     std::function<void(WidgetId)> onGot;
-    /// A widget of the control wants the keyboard: the face moves the platform's focus.
-    std::function<void()> onMoved;
+    /// A widget of the control wants the keyboard: the face moves the platform's focus. Answers
+    /// whether it can.
+    std::function<bool()> onMoved;
 
     /// Nobody while the keyboard is outside the control.
     [[nodiscard]] std::optional<WidgetId> owner() const noexcept { return owner_; }
@@ -37,8 +38,8 @@ public:
     }
     /// Second half: the others hear it, unless the keyboard has gone on meanwhile.
     void arrive(WidgetId widget) {
-        if (onMoved && owner_ == widget)
-            onMoved();
+        if (onMoved && owner_ == widget && !onMoved())
+            return pass(std::nullopt);
         if (onGot && owner_ == widget)
             onGot(widget);
     }

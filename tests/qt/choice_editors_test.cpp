@@ -5,9 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QStyleFactory>
 #include <QToolButton>
 
 namespace {
@@ -53,6 +55,37 @@ TEST_F(ChoiceEditors, TheComboLiesInItsCellAndItsArrowIsLeftFree) {
     EXPECT_TRUE(combo->geometry().contains(combo->parentWidget()->rect()))
         << "the combo's border must be clipped away";
     EXPECT_LT(onGrid(window.box()).right(), cellRect(1, 0).right() - 15);
+}
+
+TEST_F(ChoiceEditors, AClickOnTheArrowOpensTheListUnderEveryStyle) {
+    int row = 0;
+    for (const QString &style : QStyleFactory::keys()) {
+        // Either end of the arrow; nothing but the combo may lie under it.
+        for (const int fromRight : {3, 19}) {
+            SCOPED_TRACE(style.toStdString() + " " + std::to_string(fromRight));
+            QApplication::setStyle(style);
+            window.grid->focusCell(++row, 0);
+            window.key(Qt::Key_F2);
+            const QRect cell = window.place(row, 0);
+            QTest::mouseClick(window.window.windowHandle(), Qt::LeftButton, {},
+                              {cell.right() - fromRight, cell.center().y()});
+            const auto *list = child<QComboBox>("qt_cboEdit")->view();
+            ASSERT_TRUE(list->isVisible());
+            EXPECT_EQ(window.cursor(), QString::number(row) + ",0!");
+            window.key(Qt::Key_Down);
+            EXPECT_EQ(window.box()->text(), "Bag") << "keys go to the list";
+            const QRect bottle = list->visualRect(list->model()->index(1, 0));
+            QTest::mouseMove(list->viewport(), bottle.center());
+            // A list that has only just opened takes a click for the end of the one that opened it.
+            QTest::qWait(QApplication::doubleClickInterval() + 50);
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, bottle.center());
+            QCoreApplication::processEvents();
+            EXPECT_FALSE(list->isVisible());
+            EXPECT_EQ(window.box()->text(), "Bottle");
+            window.key(Qt::Key_Return);
+            EXPECT_EQ(window.cell(row, 0), "Bottle");
+        }
+    }
 }
 
 TEST_F(ChoiceEditors, TheDateBoxHasItsButtonAndTheCalendarIsTheLocales) {

@@ -106,3 +106,42 @@ TEST(Focus, AHostMayAskTheUserFromASlot) {
     w.key(Qt::Key_Down);
     EXPECT_EQ(w.cursor(), "2,1");
 }
+
+TEST(Focus, AHiddenGridHasNoKeyboardAndSaysSoWhenItComes) {
+    GridWindow w;
+    w.after->setFocus();
+    w.grid->hide();
+    int entered = 0;
+    w.grid->focusCell(3, 1);
+    QObject::connect(w.grid, &TablioWidget::cellFocus, [&] { ++entered; });
+    w.grid->show();
+    w.grid->setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(entered, 1);
+    EXPECT_EQ(w.cursor(), "3,1");
+}
+
+TEST(Focus, WhoSavesOrHidesFindsWhatIsBeingTyped) {
+    GridWindow w;
+    w.type("ab");
+    EXPECT_TRUE(w.grid->isEditing());
+    EXPECT_TRUE(w.grid->commit());
+    EXPECT_FALSE(w.grid->isEditing());
+    EXPECT_EQ(w.cell(1, 0), "ab");
+    EXPECT_EQ(w.grid->currentRow(), 1);
+    EXPECT_EQ(w.grid->currentColumn(), 0);
+    w.type("c");
+    w.grid->cancelEdit();
+    EXPECT_EQ(w.cell(1, 0), "ab");
+    {
+        const auto refuses = QObject::connect(w.grid, &TablioWidget::editPostValidation,
+                                              [](int &, int &, bool &valid) { valid = false; });
+        w.type("no");
+        EXPECT_FALSE(w.grid->commit());
+        QObject::disconnect(refuses);
+    }
+    w.grid->focusCell(2, 0);
+    w.type("cd");
+    w.window.hide();
+    EXPECT_EQ(w.cell(2, 0), "cd");
+}

@@ -7,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <QDate>
+#include <QGuiApplication>
 #include <QMetaEnum>
 #include <QMetaProperty>
 #include <QScrollBar>
@@ -117,4 +119,36 @@ TEST(Layout, RowsFitTheFontUnlessTheHostSaysOtherwise) {
     large.setPixelSize(50);
     grid.setFont(large);
     EXPECT_EQ(grid.rowMinHeight(), 250);
+}
+
+TEST(Properties, NumbersAndDatesFollowTheLocale) {
+    GridWindow w;
+    w.grid->setColEditType(3, TablioWidget::ColumnDate);
+    w.grid->setLocale(QLocale(QStringLiteral("en_IN")));
+    w.grid->focusCell(1, 1);
+    w.type("1234567\n");
+    EXPECT_EQ(w.cell(1, 1), "12,34,567");
+    EXPECT_EQ(w.grid->textMatrix(1, 1), "1234567");
+    for (const auto &[locale, pasted] :
+         {std::pair("en_US", "3/5/24"), {"en_GB", "5/3/24"}, {"hu_HU", "2024. 03. 05."}}) {
+        w.grid->setLocale(QLocale(QLatin1String(locale)));
+        QGuiApplication::clipboard()->setText(QLatin1String(pasted));
+        w.grid->focusCell(1, 3);
+        w.key(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(w.box()->text(), "05/03/2024") << locale;
+        w.key(Qt::Key_Escape);
+    }
+    // What the grid itself has copied has the grid's own order.
+    w.grid->setLocale(QLocale(QStringLiteral("en_US")));
+    w.grid->setTextMatrix(1, 3, QStringLiteral("05/03/2004"));
+    w.key(Qt::Key_C, Qt::ControlModifier);
+    w.grid->focusCell(2, 3);
+    w.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.box()->text(), "05/03/2004");
+}
+
+TEST(Properties, AFontThatNobodySetIsTheWidgets) {
+    GridWindow w;
+    EXPECT_EQ(w.grid->cellFontSize(1, 0), w.grid->font().pointSize());
+    EXPECT_EQ(w.grid->cellFont(1, 0), w.grid->font().family());
 }

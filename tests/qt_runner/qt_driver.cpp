@@ -250,6 +250,10 @@ void QtDriver::setLocale(const NumberFormat &locale) {
             each.groupSeparator() != asQString(locale.groupSign) ||
             each.numberOptions().testFlag(QLocale::OmitGroupSeparator))
             continue;
+        // Scenarios paste dates with the day first.
+        const QString date = each.dateFormat(QLocale::ShortFormat);
+        if (date.indexOf(u'M') < date.indexOf(u'd') || date.indexOf(u'y') < date.indexOf(u'd'))
+            continue;
         grid_->setLocale(each);
         return;
     }

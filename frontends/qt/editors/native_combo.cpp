@@ -8,8 +8,11 @@
 
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QStyleOption>
+#include <QStylePainter>
 
 namespace tablio::qt {
 
@@ -22,6 +25,7 @@ NativeCombo::NativeCombo(Surroundings &around, QWidget *frame) : QComboBox(frame
     setFocusPolicy(Qt::NoFocus);
     lineEdit()->setFocusPolicy(Qt::NoFocus);
     lineEdit()->setReadOnly(true);
+    lineEdit()->setAttribute(Qt::WA_TransparentForMouseEvents);
     view()->installEventFilter(this);
     // Qt goes on with the combo after this signal, and a host's handler may delete it.
     connect(this, &QComboBox::activated, this, [this](int index) {
@@ -54,6 +58,8 @@ void NativeCombo::mirror() {
     const DevicePixels pixels = around_.pixels();
     frame->setGeometry(toQRect(pixels.inside(pixels.withoutLines(editor->frame))));
     setGeometry(toQRect(pixels.around(pixels.rect(box.place))));
+    const int textWidth = screen.placeOf(*editor, pixels).width;
+    arrow_ = frame->rect().adjusted(textWidth, 0, 0, 0).translated(-pos());
     setFont(completedFont(editor->Font, around_.owner));
     view()->setFont(font());
     const ScreenList list = screen.list();
@@ -91,6 +97,30 @@ void NativeCombo::hidePopup() {
     QComboBox::hidePopup();
     if (alive && !mirroring_)
         guarded([this] { around_.input().comboDropped(edit_, false); });
+}
+
+/// Styles differ in how wide their arrow is and whether there is one in so low a box, so it is
+/// drawn as the buttons of other cells are.
+void NativeCombo::paintEvent(QPaintEvent * /*event*/) {
+    QStyleOptionToolButton option;
+    option.initFrom(this);
+    option.rect = arrow_;
+    option.subControls = QStyle::SC_ToolButton;
+    option.features = QStyleOptionToolButton::Arrow;
+    option.arrowType = Qt::DownArrow;
+    option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
+    QStylePainter(this).drawComplexControl(QStyle::CC_ToolButton, option);
+}
+
+/// A press anywhere on what is to be seen is one on the arrow, wherever the style has its own.
+void NativeCombo::mousePressEvent(QMouseEvent *event) {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect own =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+    QMouseEvent press(event->type(), own.center(), event->globalPosition(), event->button(),
+                      event->buttons(), event->modifiers());
+    QComboBox::mousePressEvent(&press);
 }
 
 /// The list has the native keyboard while it is down; the core goes on deciding what a key does.

@@ -28,6 +28,8 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     /// The wheel scrolls the grid under the combo.
     void wheelEvent(QWheelEvent *event) override { event->ignore(); }
 
@@ -38,6 +40,8 @@ private:
     Surroundings &around_;
     /// The edit that is shown.
     EditNumber edit_ = 0;
+    /// What the text box leaves free.
+    QRect arrow_;
     bool mirroring_ = false;
 };
 

@@ -15,6 +15,7 @@
 #include <QMessageBox>
 
 #include <map>
+#include <tuple>
 #include <utility>
 
 namespace tablio::qt {
@@ -33,9 +34,21 @@ QString nameOf(MemberNumber number) {
     return number == Number::All ? QString() : toQString(findMember(number).name);
 }
 
+/// Qt tells them by an example only.
+std::pair<int, int> groupSizes(const QLocale &locale) {
+    const QStringList groups =
+        locale.toString(qlonglong{1'234'567'890'123}).split(locale.groupSeparator());
+    if (groups.size() < 3)
+        return {3, 0};
+    return {static_cast<int>(groups.back().size()),
+            static_cast<int>(groups[groups.size() - 2].size())};
+}
+
 } // namespace
 
 void QtFace::shown() { parts_.mirror(); }
+
+bool QtFace::canTakeFocus() const { return parts_.widget.isVisible(); }
 
 void QtFace::takeFocus() { parts_.takeKeyboard(); }
 
@@ -84,9 +97,9 @@ void QtFace::setClipboardText(std::string_view text) {
 NumberFormat QtFace::numberFormat() const {
     if (!numbers_) {
         const QLocale locale = parts_.widget.locale();
-        const bool groups = !locale.numberOptions().testFlag(QLocale::OmitGroupSeparator);
-        numbers_ = {fromQString(locale.decimalPoint()), fromQString(locale.groupSeparator()),
-                    groups ? 3 : 0};
+        numbers_ = {fromQString(locale.decimalPoint()), fromQString(locale.groupSeparator()), 0, 0};
+        if (!locale.numberOptions().testFlag(QLocale::OmitGroupSeparator))
+            std::tie(numbers_->groupSize, numbers_->nextGroupSize) = groupSizes(locale);
     }
     return *numbers_;
 }
@@ -98,6 +111,22 @@ char32_t QtFace::toLower(char32_t character) const { return QChar::toLower(chara
 Date QtFace::today() const {
     const QDate today = QDate::currentDate();
     return {today.year(), today.month(), today.day()};
+}
+
+DateOrder QtFace::dateOrder() const {
+    const QString picture = parts_.widget.locale().dateFormat(QLocale::ShortFormat);
+    const auto day = picture.indexOf(u'd');
+    if (picture.indexOf(u'y') < day)
+        return DateOrder::YearMonthDay;
+    return picture.indexOf(u'M') < day ? DateOrder::MonthDayYear : DateOrder::DayMonthYear;
+}
+
+tablio::Font QtFace::defaultFont() const {
+    const QFont &font = parts_.widget.font();
+    tablio::Font own{fromQString(font.family()), static_cast<float>(font.pointSizeF())};
+    own.bold = font.bold();
+    own.italic = font.italic();
+    return own;
 }
 
 void QtFace::letPendingEventsRun() {

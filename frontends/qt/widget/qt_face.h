@@ -18,6 +18,7 @@ public:
     explicit QtFace(TablioWidgetPrivate &parts) : parts_(parts) {}
 
     void shown() override;
+    [[nodiscard]] bool canTakeFocus() const override;
     void takeFocus() override;
     void areaChanged(const Rect &area) override;
     void scrolled() override;
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] char32_t toUpper(char32_t character) const override;
     [[nodiscard]] char32_t toLower(char32_t character) const override;
     [[nodiscard]] Date today() const override;
+    [[nodiscard]] DateOrder dateOrder() const override;
+    [[nodiscard]] tablio::Font defaultFont() const override;
 
     void letPendingEventsRun() override;
     void propertyChanged(MemberNumber number) override;

@@ -7,6 +7,7 @@
 #include "widget/tablio_widget_p.h"
 
 #include <QEvent>
+#include <QHideEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -99,6 +100,19 @@ void TablioWidget::resizeEvent(QResizeEvent * /*event*/) { d_->arrange(); }
 void TablioWidget::showEvent(QShowEvent * /*event*/) {
     d_->arrange();
     guarded([&] { d_->input().appeared(); });
+}
+
+/// Who hides a form looks at what was entered next. A window that is minimised is only out of
+/// sight.
+void TablioWidget::hideEvent(QHideEvent *event) {
+    if (event->spontaneous())
+        return;
+    guarded([&] {
+        if (d_->input().hasKeyboard())
+            d_->input().focusLeft();
+        else
+            d_->input().endEdit();
+    });
 }
 
 QSize TablioWidget::sizeHint() const {

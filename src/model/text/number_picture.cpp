@@ -175,7 +175,7 @@ private:
         for (; pending_ > power; --pending_) {
             const int current = pending_ - 1;
             result += number_.digitAt(current);
-            if (groups_ && current > 0 && current % format_.groupSize == 0)
+            if (groups_ && format_.groupsBefore(current))
                 result += format_.groupSign;
         }
     }

@@ -366,6 +366,18 @@ public:
         core().setLookupResult(row, col, value.toStdString());
     }
 
+    // The open edit. A widget that is hidden, also with its window, ends it first; one that is
+    // destroyed does not. A window that is asked to close, and a command that saves, call commit().
+    /// Ends it as a click elsewhere would. Answers whether what was typed stands in its cell: false
+    /// when a slot refused it, or it was no date; true where no edit was open.
+    Q_INVOKABLE bool commit() { return core().Commit(); }
+    /// Ends it as Esc would.
+    Q_INVOKABLE void cancelEdit() { core().CancelEdit(); }
+    [[nodiscard]] Q_INVOKABLE bool isEditing() const { return core().IsEditing(); }
+    /// The cell last entered; −1 in a table that has none.
+    [[nodiscard]] Q_INVOKABLE int currentRow() const { return core().CurrentRow(); }
+    [[nodiscard]] Q_INVOKABLE int currentColumn() const { return core().CurrentCol(); }
+
     /// What the control last asked of its host's form: whether the form may see keys first. A Qt
     /// form does that by event filters of its own, so the widget only keeps the answer.
     Q_INVOKABLE bool hostKeyPreview() const;
@@ -411,6 +423,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     friend class HostSignals;
