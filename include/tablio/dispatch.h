@@ -7,7 +7,7 @@
 #include <tablio/host_events.h>
 #include <tablio/value.h>
 
-#include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -58,26 +58,7 @@ public:
     virtual void event(MemberNumber number, std::span<Value> arguments) = 0;
 };
 
-/// The host that hands each event on to a sink. The sink must live as long as this is the host.
-class EventRelay final : public HostEvents {
-public:
-    explicit EventRelay(EventSink &sink) noexcept : sink_(sink) {}
-
-    void EditPreValidation(std::int16_t &Row, std::int16_t &Col, bool &Cancel) override;
-    void EditOnChange(std::int16_t &Row, std::int16_t &Col, std::string &OnEdit) override;
-    void EditPostValidation(std::int16_t &Row, std::int16_t &Col, bool &Valid, std::string &OldData,
-                            std::string &NewData, std::int16_t &LastKey) override;
-    void EditLookup(std::int16_t &Row, std::int16_t &Col) override;
-    void CellFocus(std::int16_t &Row, std::int16_t &Col) override;
-    void CellKeyPress(std::int16_t &Row, std::int16_t &Col, std::int16_t &KeyAscii) override;
-    void TableChange() override;
-    void TableKeyDown(std::int16_t &KeyCode, std::int16_t &Shift, std::int16_t &Row,
-                      std::int16_t &Col) override;
-    void TableRowChange(std::int16_t &OldRow, std::int16_t &NewRow) override;
-    void DoubleClick(std::int16_t &Row, std::int16_t &Col) override;
-
-private:
-    EventSink &sink_;
-};
+/// The host that hands each event on to a sink, which must live as long as this is the host.
+[[nodiscard]] std::unique_ptr<HostEvents> relayTo(EventSink &sink);
 
 } // namespace tablio

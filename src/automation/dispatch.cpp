@@ -1,6 +1,5 @@
 #include <tablio/dispatch.h>
 
-#include "automation/value_as.h"
 #include "control/inside.h"
 #include "model/text/decimal_text.h"
 #include <tablio/members.h>
@@ -96,18 +95,6 @@ void putProperty(Tablio &control, const Member &member, const Value &value, cons
     member.write(control, arguments);
 }
 
-/// Hands an event on, then takes over what the sink has made of the arguments.
-template <typename... Arguments>
-void raise(EventSink &sink, std::string_view name, Arguments &...arguments) {
-    const Event &event = findEvent(name);
-    Values values{Value(arguments)...};
-    sink.event(event.number, values);
-    for (std::size_t place = 0; place < values.size(); ++place)
-        values[place] = convertedTo(event.arguments[place].type, values[place]);
-    std::size_t place = 0;
-    ((arguments = valueAs<Arguments>(values[place++])), ...);
-}
-
 } // namespace
 
 Value Dispatch::call(MemberNumber number, const Values &arguments) {
@@ -137,46 +124,5 @@ void Dispatch::put(std::string_view name, const Value &value, const Values &inde
 MemberNumber Dispatch::numberOf(std::string_view name) { return findMember(name).number; }
 
 MemberNumber Dispatch::numberOfEvent(std::string_view name) { return findEvent(name).number; }
-
-void EventRelay::EditPreValidation(std::int16_t &Row, std::int16_t &Col, bool &Cancel) {
-    raise(sink_, "EditPreValidation", Row, Col, Cancel);
-}
-
-void EventRelay::EditOnChange(std::int16_t &Row, std::int16_t &Col, std::string &OnEdit) {
-    raise(sink_, "EditOnChange", Row, Col, OnEdit);
-}
-
-void EventRelay::EditPostValidation(std::int16_t &Row, std::int16_t &Col, bool &Valid,
-                                    std::string &OldData, std::string &NewData,
-                                    std::int16_t &LastKey) {
-    raise(sink_, "EditPostValidation", Row, Col, Valid, OldData, NewData, LastKey);
-}
-
-void EventRelay::EditLookup(std::int16_t &Row, std::int16_t &Col) {
-    raise(sink_, "EditLookup", Row, Col);
-}
-
-void EventRelay::CellFocus(std::int16_t &Row, std::int16_t &Col) {
-    raise(sink_, "CellFocus", Row, Col);
-}
-
-void EventRelay::CellKeyPress(std::int16_t &Row, std::int16_t &Col, std::int16_t &KeyAscii) {
-    raise(sink_, "CellKeyPress", Row, Col, KeyAscii);
-}
-
-void EventRelay::TableChange() { raise(sink_, "TableChange"); }
-
-void EventRelay::TableKeyDown(std::int16_t &code, std::int16_t &shift, std::int16_t &Row,
-                              std::int16_t &Col) {
-    raise(sink_, "TableKeyDown", code, shift, Row, Col);
-}
-
-void EventRelay::TableRowChange(std::int16_t &OldRow, std::int16_t &NewRow) {
-    raise(sink_, "TableRowChange", OldRow, NewRow);
-}
-
-void EventRelay::DoubleClick(std::int16_t &Row, std::int16_t &Col) {
-    raise(sink_, "DoubleClick", Row, Col);
-}
 
 } // namespace tablio

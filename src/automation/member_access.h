@@ -1,8 +1,8 @@
 #pragma once
 
-/// Builds rows of the member table from pointers to the typed functions of `Tablio` and
-/// `HostEvents`. The accessor is made from the function's own signature, and a row whose declared
-/// arguments do not match that signature does not compile.
+/// Builds rows of the member table from pointers to the typed functions of `Tablio`. The accessor
+/// is made from the function's own signature, and a row whose declared arguments do not match that
+/// signature does not compile.
 
 #include "automation/value_as.h"
 #include <tablio/members.h>
@@ -19,32 +19,8 @@ namespace tablio::detail {
 /// count in int where the interface counts in 16 or in 32 bits.
 template <typename T> constexpr bool carries(MemberType type) {
     using Plain = std::remove_cvref_t<T>;
-    if constexpr (std::is_void_v<Plain>)
-        return type == MemberType::None;
-    else if constexpr (std::is_same_v<Plain, std::int32_t>)
-        return type == MemberType::Integer || type == MemberType::Long;
-    else if constexpr (std::is_same_v<Plain, std::int16_t>)
-        return type == MemberType::Integer;
-    else if constexpr (std::is_same_v<Plain, bool>)
-        return type == MemberType::Boolean;
-    else if constexpr (std::is_same_v<Plain, Colour>)
-        return type == MemberType::Colour;
-    else if constexpr (std::is_same_v<Plain, Font>)
-        return type == MemberType::Font;
-    else if constexpr (std::is_same_v<Plain, std::shared_ptr<TMatrix>>)
-        return type == MemberType::Matrix;
-    else if constexpr (std::is_same_v<Plain, TColumnStyle>)
-        return type == MemberType::ColumnStyle;
-    else if constexpr (std::is_same_v<Plain, TColumnType>)
-        return type == MemberType::ColumnType;
-    else if constexpr (std::is_same_v<Plain, TDataType>)
-        return type == MemberType::DataType;
-    else if constexpr (std::is_same_v<Plain, TCalcStyle>)
-        return type == MemberType::CalcStyle;
-    else if constexpr (std::is_same_v<Plain, TColumnAlignment>)
-        return type == MemberType::ColumnAlignment;
-    else
-        return type == MemberType::String;
+    return type == memberTypeOf<Plain> ||
+           (std::is_same_v<Plain, std::int32_t> && type == MemberType::Integer);
 }
 
 template <typename Function> struct Signature;
@@ -152,14 +128,6 @@ constexpr Member method(std::string_view name, MemberNumber number,
     Member row{name, number, MemberKind::Method, result, arguments};
     row.read = reader<function>(row);
     return row;
-}
-
-template <auto function>
-constexpr Event event(MemberNumber number, std::string_view name,
-                      std::span<const Argument> arguments = {}) {
-    require(SignatureOf<function>::count == arguments.size() &&
-            SignatureOf<function>::startsWith(arguments));
-    return {name, number, arguments};
 }
 
 } // namespace tablio::detail

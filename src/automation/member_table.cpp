@@ -143,36 +143,6 @@ constexpr std::array matrixTable{
     Member{"Text", 0x68030000, MemberKind::Property, Type::Any, cellReference},
 };
 
-constexpr std::array editStart{byReference("Row", Type::Integer), byReference("Col", Type::Integer),
-                               byReference("Cancel", Type::Boolean)};
-constexpr std::array editChange{byReference("Row", Type::Integer),
-                                byReference("Col", Type::Integer),
-                                byReference("OnEdit", Type::String)};
-constexpr std::array editEnd{
-    byReference("Row", Type::Integer),    byReference("Col", Type::Integer),
-    byReference("Valid", Type::Boolean),  byReference("OldData", Type::String),
-    byReference("NewData", Type::String), byReference("LastKey", Type::Integer)};
-constexpr std::array keyPress{byReference("Row", Type::Integer), byReference("Col", Type::Integer),
-                              byReference("KeyAscii", Type::Integer)};
-constexpr std::array keyDown{byReference("KeyCode", Type::Integer),
-                             byReference("Shift", Type::Integer), byReference("Row", Type::Integer),
-                             byReference("Col", Type::Integer)};
-constexpr std::array rowChange{byReference("OldRow", Type::Integer),
-                               byReference("NewRow", Type::Integer)};
-
-constexpr std::array eventTable{
-    detail::event<&HostEvents::EditPreValidation>(1, "EditPreValidation", editStart),
-    detail::event<&HostEvents::EditOnChange>(2, "EditOnChange", editChange),
-    detail::event<&HostEvents::EditPostValidation>(3, "EditPostValidation", editEnd),
-    detail::event<&HostEvents::EditLookup>(4, "EditLookup", cellReference),
-    detail::event<&HostEvents::CellFocus>(5, "CellFocus", cellReference),
-    detail::event<&HostEvents::CellKeyPress>(6, "CellKeyPress", keyPress),
-    detail::event<&HostEvents::TableChange>(7, "TableChange"),
-    detail::event<&HostEvents::TableKeyDown>(8, "TableKeyDown", keyDown),
-    detail::event<&HostEvents::TableRowChange>(9, "TableRowChange", rowChange),
-    detail::event<&HostEvents::DoubleClick>(10, "DoubleClick", cellReference),
-};
-
 template <typename Value> constexpr EnumerationMember named(std::string_view name, Value value) {
     return {name, static_cast<std::int32_t>(value)};
 }
@@ -268,8 +238,6 @@ std::span<const Member> members() noexcept { return memberTable; }
 
 std::span<const Member> matrixMembers() noexcept { return matrixTable; }
 
-std::span<const Event> events() noexcept { return eventTable; }
-
 std::span<const Enumeration> enumerations() noexcept { return enumerationTable; }
 
 const Member &findMember(std::string_view name) {
@@ -282,12 +250,6 @@ const Member &findMember(MemberNumber number) {
     return find(
         members(), [number](const Member &member) { return member.number == number; },
         "no member has the number " + std::to_string(number));
-}
-
-const Event &findEvent(std::string_view name) {
-    return find(
-        events(), [name](const Event &event) { return sameName(event.name, name); },
-        "no event has the name " + std::string(name));
 }
 
 } // namespace tablio

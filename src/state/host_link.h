@@ -18,6 +18,17 @@
 
 namespace tablio {
 
+[[noreturn]] void throwBeyond16Bits(int number, std::string_view what);
+
+/// The number as the 16 bits that rows, columns and keys have in events and members; throws
+/// OverflowError where it has more. In line, since every cell that is written comes through here.
+[[nodiscard]] inline std::int16_t to16Bit(int number, std::string_view what) {
+    const auto result = static_cast<std::int16_t>(number);
+    if (result != number)
+        throwBeyond16Bits(number, what);
+    return result;
+}
+
 class HostLink {
 public:
     [[nodiscard]] Face &face() const noexcept { return *face_; }
@@ -68,19 +79,62 @@ public:
     /// While it lives, inside a call, the host hears no event and the face of no property.
     [[nodiscard]] Temporarily<bool> quiet() { return {isQuiet_, true}; }
 
-    /// Raise an event; rows and columns beyond 16 bits throw OverflowError before the host hears
-    /// anything. What the host may change is answered.
-    [[nodiscard]] bool EditPreValidation(CellAddress cell);
-    void EditOnChange(CellAddress cell, std::string_view onEdit);
+    /// Raises an event. What the host has made of the arguments is in them afterwards.
+    template <typename... Arguments>
+    void raise(void (HostEvents::*event)(Arguments &...), Arguments &...arguments) {
+        if (host_ == nullptr || isQuiet_)
+            return;
+        const auto outermost = outside();
+        report();
+        if (host_ != nullptr)
+            (host_->*event)(arguments...);
+    }
+    /// The same for one that happens at a cell. A row or column beyond 16 bits throws OverflowError
+    /// before the host hears anything.
+    template <typename... Arguments>
+    void raise(void (HostEvents::*event)(std::int16_t &, std::int16_t &, Arguments &...),
+               CellAddress cell, Arguments &...arguments) {
+        std::int16_t row = to16Bit(cell.row, "row");
+        std::int16_t col = to16Bit(cell.col, "column");
+        raise(event, row, col, arguments...);
+    }
+
+    // The events as the control raises them, with what a host may answer.
+    [[nodiscard]] bool EditPreValidation(CellAddress cell) {
+        bool cancel = false;
+        raise(&HostEvents::EditPreValidation, cell, cancel);
+        return cancel;
+    }
+    void EditOnChange(CellAddress cell, std::string_view onEdit) {
+        std::string text(onEdit);
+        raise(&HostEvents::EditOnChange, cell, text);
+    }
     [[nodiscard]] bool EditPostValidation(CellAddress cell, bool valid, std::string_view oldData,
-                                          std::string_view newData, std::int16_t lastKey);
-    void EditLookup(CellAddress cell);
-    void CellFocus(CellAddress cell);
-    [[nodiscard]] std::int16_t CellKeyPress(CellAddress cell, std::int16_t keyAscii);
-    void TableChange();
-    [[nodiscard]] KeyCode TableKeyDown(KeyCode key, ShiftState shift, CellAddress cell);
-    void TableRowChange(int oldRow, int newRow);
-    void DoubleClick(CellAddress cell);
+                                          std::string_view newData, std::int16_t lastKey) {
+        std::string oldText(oldData);
+        std::string newText(newData);
+        raise(&HostEvents::EditPostValidation, cell, valid, oldText, newText, lastKey);
+        return valid;
+    }
+    void EditLookup(CellAddress cell) { raise(&HostEvents::EditLookup, cell); }
+    void CellFocus(CellAddress cell) { raise(&HostEvents::CellFocus, cell); }
+    [[nodiscard]] std::int16_t CellKeyPress(CellAddress cell, std::int16_t keyAscii) {
+        raise(&HostEvents::CellKeyPress, cell, keyAscii);
+        return keyAscii;
+    }
+    void TableChange() { raise(&HostEvents::TableChange); }
+    [[nodiscard]] KeyCode TableKeyDown(KeyCode key, ShiftState shift, CellAddress cell) {
+        std::int16_t row = to16Bit(cell.row, "row");
+        std::int16_t col = to16Bit(cell.col, "column");
+        raise(&HostEvents::TableKeyDown, key, shift, row, col);
+        return key;
+    }
+    void TableRowChange(int oldRow, int newRow) {
+        std::int16_t from = to16Bit(oldRow, "row");
+        std::int16_t to = to16Bit(newRow, "row");
+        raise(&HostEvents::TableRowChange, from, to);
+    }
+    void DoubleClick(CellAddress cell) { raise(&HostEvents::DoubleClick, cell); }
 
 private:
     /// While it lives a host's code may run, with an event loop of its own: its calls count as
@@ -92,16 +146,6 @@ private:
             face_->shown();
     }
     void propertyChangedInside(MemberNumber number);
-    /// Raises an event that takes these arguments.
-    template <typename... Arguments>
-    void raise(void (HostEvents::*event)(Arguments &...), Arguments &...arguments) {
-        if (host_ == nullptr || isQuiet_)
-            return;
-        const auto outermost = outside();
-        report();
-        if (host_ != nullptr)
-            (host_->*event)(arguments...);
-    }
 
     Face noFace_;
     Face *face_ = &noFace_;
@@ -114,16 +158,5 @@ private:
     std::string copied_;
     bool closed_ = false;
 };
-
-[[noreturn]] void throwBeyond16Bits(int number, std::string_view what);
-
-/// The number as the 16 bits that rows, columns and keys have in events and members; throws
-/// OverflowError where it has more. In line, since every cell that is written comes through here.
-[[nodiscard]] inline std::int16_t to16Bit(int number, std::string_view what) {
-    const auto result = static_cast<std::int16_t>(number);
-    if (result != number)
-        throwBeyond16Bits(number, what);
-    return result;
-}
 
 } // namespace tablio

@@ -51,7 +51,7 @@ public:
     };
 
     /// What the control is given as its host.
-    EventRelay relay{*this};
+    std::unique_ptr<HostEvents> relay = relayTo(*this);
     /// Runs steps inside a handler.
     std::function<void(const std::vector<Line> &)> runSteps;
 

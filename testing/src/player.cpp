@@ -161,7 +161,7 @@ void Player::begin(const ScenarioFile &file, const Scenario &scenario) {
     Driver &driver = parts.stage.driver;
     driver.face = RecordingFace();
     driver.create(controlWidth, controlHeight);
-    driver.setHost(&parts.stage.host.relay);
+    driver.setHost(parts.stage.host.relay.get());
 }
 
 const Line *Player::next() const noexcept {

@@ -26,7 +26,7 @@ struct Sink final : EventSink {
 /// What goes out, scenarios show: they hear all events this way.
 TEST(EventRelay, AnswersComeBackConvertedOrNotAtAll) {
     Sink sink;
-    EventRelay relay(sink);
+    const std::unique_ptr<HostEvents> relay = relayTo(sink);
     std::int16_t a = 1;
     std::int16_t b = 2;
     std::int16_t c = 3;
@@ -34,21 +34,21 @@ TEST(EventRelay, AnswersComeBackConvertedOrNotAtAll) {
     std::string text = "old";
     std::string other = "new";
     sink.answers = {"7", 8.0, 0};
-    relay.EditPreValidation(a, b, flag);
+    relay->EditPreValidation(a, b, flag);
     EXPECT_TRUE(a == 7 && b == 8 && !flag);
     sink.answers = {Value::missing(), Value::missing(), 12};
-    relay.EditOnChange(a, b, text);
+    relay->EditOnChange(a, b, text);
     EXPECT_EQ(text, "12");
     sink.answers = {9, 9, -1, "x", true, 13};
-    relay.EditPostValidation(a, b, flag, text, other, c);
+    relay->EditPostValidation(a, b, flag, text, other, c);
     EXPECT_TRUE(a == 9 && flag && text == "x" && other == "True" && c == 13);
     EXPECT_EQ(sink.log, "1:I1 I2 BTrue 2:I7 I8 Sold 3:I7 I8 BFalse S12 Snew I3 ");
 
     // An answer that does not fit changes nothing.
     sink.answers = {1, "no number"};
-    EXPECT_THROW(relay.DoubleClick(a, b), TypeMismatch);
+    EXPECT_THROW(relay->DoubleClick(a, b), TypeMismatch);
     sink.answers = {40000};
-    EXPECT_THROW(relay.DoubleClick(a, b), OverflowError);
+    EXPECT_THROW(relay->DoubleClick(a, b), OverflowError);
     EXPECT_TRUE(a == 9 && b == 9);
 }
 

@@ -27,7 +27,7 @@ public:
     MemberNumber number = 0;
     std::function<void()> action;
     int fired = 0;
-    EventRelay relay{*this};
+    std::unique_ptr<HostEvents> relay = relayTo(*this);
 
     void event(MemberNumber raised, std::span<Value> /*arguments*/) override {
         if (running_ || raised != number)
@@ -61,7 +61,7 @@ public:
         grid->input().resized(9000, 9000);
         grid->Show();
         grid->input().focusEntered();
-        grid->setHost(&host.relay);
+        grid->setHost(host.relay.get());
     }
 
     void key(KeyCode code, char32_t character = 0) {

@@ -17,12 +17,12 @@
 namespace tablio::qt {
 
 TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &itself)
-    : Surroundings(itself, core), widget(itself), face(*this), host(itself) {
+    : Surroundings(itself, core), widget(itself), face(*this), host(makeHostSignals(itself)) {
     makeChildren();
     fitRowsToFont();
     core.startThemed();
     core.setFace(&face);
-    core.setHost(&host);
+    core.setHost(host.get());
     // A widget that gets the focus while our window is inactive takes it from nobody, natively.
     QObject::connect(qApp, &QApplication::focusChanged, &widget, [this](QWidget *, QWidget *now) {
         const bool isOurs = now == nullptr || now == &widget || widget.isAncestorOf(now);

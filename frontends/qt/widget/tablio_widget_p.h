@@ -30,7 +30,7 @@ public:
 
     TablioWidget &widget;
     QtFace face;
-    HostSignals host;
+    std::unique_ptr<HostEvents> host;
     /// After its partners, so that it is closed before they go.
     Tablio core;
 

@@ -17,7 +17,6 @@
 
 namespace tablio::qt {
 
-class HostSignals;
 class TablioWidgetPrivate;
 
 /// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
