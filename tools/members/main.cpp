@@ -2,7 +2,7 @@
 ///
 ///   tablio_members > docs/members.md
 
-#include "automation/member_document.h"
+#include "member_document.h"
 
 #include <iostream>
 

@@ -1,4 +1,4 @@
-#include "automation/member_document.h"
+#include "member_document.h"
 
 #include <tablio/members.h>
 
