@@ -36,4 +36,10 @@ void setProperty(const std::shared_ptr<Control> &owned, std::string_view name, S
     control->notify(name);
 }
 
+template <typename Value>
+void setSetting(const std::shared_ptr<Control> &owned, std::string_view name,
+                Value Settings::*member, const Value &value) {
+    setProperty(owned, name, [&](Control &control) { control.state.settings.*member = value; });
+}
+
 } // namespace tablio

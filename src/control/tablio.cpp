@@ -21,13 +21,14 @@ void Tablio::InitProperties() { control_->state.settings = Settings{}; }
 void Tablio::startThemed() {
     const Call control(control_);
     InitProperties();
-    control->isLoading = true;
-    for (const Member &member : members()) {
-        const Value colour = member.themed;
-        if (member.stored.written > 0 && member.type == MemberType::Colour)
-            member.write(*this, {&colour, 1});
+    {
+        const Temporarily loading(control->isLoading, true);
+        for (const Member &member : members()) {
+            const Value colour = member.themed;
+            if (member.stored.written > 0 && member.type == MemberType::Colour)
+                member.write(*this, {&colour, 1});
+        }
     }
-    control->isLoading = false;
     Show();
     control->start.leaveCursor();
 }
@@ -70,30 +71,25 @@ void Tablio::setFixedCols(int count) {
 bool Tablio::WithFixedColumn() const { return control_->state.settings.WithFixedColumn; }
 
 void Tablio::setWithFixedColumn(bool fixed) {
-    setProperty(control_, "WithFixedColumn",
-                [&](Control &control) { control.state.settings.WithFixedColumn = fixed; });
+    setSetting(control_, "WithFixedColumn", &Settings::WithFixedColumn, fixed);
 }
 
 int Tablio::PrimaryColumn() const { return control_->state.settings.PrimaryColumn; }
 
 void Tablio::setPrimaryColumn(int col) {
-    setProperty(control_, "PrimaryColumn",
-                [&](Control &control) { control.state.settings.PrimaryColumn = col; });
+    setSetting(control_, "PrimaryColumn", &Settings::PrimaryColumn, col);
 }
 
 int Tablio::CheckBoxes() const { return control_->state.settings.CheckBoxes; }
 
 void Tablio::setCheckBoxes(int checkBoxes) {
-    setProperty(control_, "CheckBoxes", [&](Control &control) {
-        control.state.settings.CheckBoxes = to16Bit(checkBoxes, "CheckBoxes");
-    });
+    setSetting(control_, "CheckBoxes", &Settings::CheckBoxes, to16Bit(checkBoxes, "CheckBoxes"));
 }
 
 bool Tablio::GridPopUpMenu() const { return control_->state.settings.GridPopUpMenu; }
 
 void Tablio::setGridPopUpMenu(bool offered) {
-    setProperty(control_, "GridPopUpMenu",
-                [&](Control &control) { control.state.settings.GridPopUpMenu = offered; });
+    setSetting(control_, "GridPopUpMenu", &Settings::GridPopUpMenu, offered);
 }
 
 bool Tablio::Enabled() const { return control_->state.gridEnabled(); }

@@ -10,6 +10,12 @@ namespace {
 
 int index16(int index) { return to16Bit(index, "column index"); }
 
+void setSetting(const std::shared_ptr<Control> &owned, std::string_view name,
+                ColumnSettings::List list, int index, int value) {
+    setProperty(owned, name,
+                [&](Control &control) { control.state.columns.setNumber(list, index, value); });
+}
+
 } // namespace
 
 int Tablio::Cols() const { return control_->state.grid.table.Cols(); }
@@ -24,13 +30,11 @@ void Tablio::setCols(int count) {
     });
 }
 
-TColumnStyle Tablio::ColStyle(int Index) const {
-    return control_->state.columns.ColStyle(index16(Index));
-}
+TColumnStyle Tablio::ColStyle(int Index) const { return control_->state.columns.ColStyle(Index); }
 
 void Tablio::setColStyle(int Index, TColumnStyle style) {
     setProperty(control_, "ColStyle", [&](Control &control) {
-        control.state.columns.setNumber(ColumnSettings::Style, index16(Index),
+        control.state.columns.setNumber(ColumnSettings::Style, Index,
                                         static_cast<std::int32_t>(style));
         if (style == TColumnStyle::ColumnFixedWithAutoNumber || control.rows.PageEditing())
             control.rows.RenumberFixedColumns();
@@ -38,57 +42,42 @@ void Tablio::setColStyle(int Index, TColumnStyle style) {
 }
 
 TColumnType Tablio::ColEditType(int Index) const {
-    return control_->state.columns.ColEditType(index16(Index));
+    return control_->state.columns.ColEditType(Index);
 }
 
 void Tablio::setColEditType(int Index, TColumnType type) {
-    setProperty(control_, "ColEditType", [&](Control &control) {
-        control.state.columns.setNumber(ColumnSettings::EditType, index16(Index),
-                                        static_cast<std::int32_t>(type));
-    });
+    setSetting(control_, "ColEditType", ColumnSettings::EditType, Index, static_cast<int>(type));
 }
 
-std::string Tablio::ColFormat(int Index) const {
-    return control_->state.columns.ColFormat(index16(Index));
-}
+std::string Tablio::ColFormat(int Index) const { return control_->state.columns.ColFormat(Index); }
 
 void Tablio::setColFormat(int Index, std::string_view format) {
     setProperty(control_, "ColFormat", [&](Control &control) {
-        control.state.columns.setText(ColumnSettings::Format, index16(Index), std::string(format));
+        control.state.columns.setText(ColumnSettings::Format, Index, std::string(format));
     });
 }
 
-int Tablio::ColMaxLength(int Index) const {
-    return control_->state.columns.ColMaxLength(index16(Index));
-}
+int Tablio::ColMaxLength(int Index) const { return control_->state.columns.ColMaxLength(Index); }
 
 void Tablio::setColMaxLength(int Index, int length) {
-    setProperty(control_, "ColMaxLength", [&](Control &control) {
-        control.state.columns.setNumber(ColumnSettings::MaxLength, index16(Index),
-                                        to16Bit(length, "ColMaxLength"));
-    });
+    setSetting(control_, "ColMaxLength", ColumnSettings::MaxLength, Index,
+               to16Bit(length, "ColMaxLength"));
 }
 
 TDataType Tablio::ColDataType(int Index) const {
-    return control_->state.columns.ColDataType(index16(Index));
+    return control_->state.columns.ColDataType(Index);
 }
 
 void Tablio::setColDataType(int Index, TDataType type) {
-    setProperty(control_, "ColDataType", [&](Control &control) {
-        control.state.columns.setNumber(ColumnSettings::DataType, index16(Index),
-                                        static_cast<std::int32_t>(type));
-    });
+    setSetting(control_, "ColDataType", ColumnSettings::DataType, Index, static_cast<int>(type));
 }
 
 TCalcStyle Tablio::ColCalcStyle(int Index) const {
-    return control_->state.columns.ColCalcStyle(index16(Index));
+    return control_->state.columns.ColCalcStyle(Index);
 }
 
 void Tablio::setColCalcStyle(int Index, TCalcStyle style) {
-    setProperty(control_, "ColCalcStyle", [&](Control &control) {
-        control.state.columns.setNumber(ColumnSettings::CalcStyle, index16(Index),
-                                        static_cast<std::int32_t>(style));
-    });
+    setSetting(control_, "ColCalcStyle", ColumnSettings::CalcStyle, Index, static_cast<int>(style));
 }
 
 std::string Tablio::ColTextHeader(int Index) const {
@@ -138,7 +127,7 @@ void Tablio::SetColProperty(int ColIndex, std::string_view NewColTextHeader, Twi
     // Nothing is set when one of the arguments cannot be.
     const Twips width = to16Bit(NewColWidth, "NewColWidth");
     static_cast<void>(to16Bit(NewColMaxlength, "NewColMaxlength"));
-    control_->state.columns.checkEntry(index16(ColIndex));
+    control_->state.columns.checkEntry(ColIndex);
     setColTextHeader(ColIndex, NewColTextHeader);
     setColWidth(ColIndex, width);
     setColStyle(ColIndex, NewColStyle);

@@ -17,16 +17,15 @@ CellAddress cell16(int row, int col) {
 template <typename Value>
 void setLook(const std::shared_ptr<Control> &owned, std::string_view name, Value GridLook::*member,
              const Value &value) {
-    setProperty(owned, name, [&](Control &control) {
-        control.appearance.changeLook([&](GridLook &look) { look.*member = value; });
-    });
+    setProperty(owned, name,
+                [&](Control &control) { control.appearance.changeLook(member, value); });
 }
 
 /// The cell's font in force: what nobody has set is the face's own.
 Font fontAt(const std::shared_ptr<Control> &owned, int row, int col) {
     const Call control(owned);
     control->appearance.visit({row, col});
-    Font font = control->state.grid.CellFont();
+    Font font = control->state.grid.fontOf(row, col);
     const Font own = control->state.link.face().defaultFont();
     if (font.name.empty())
         font.name = own.name;
@@ -97,8 +96,7 @@ Colour Tablio::StripeColor() const { return control_->state.settings.StripeColor
 
 void Tablio::setStripeColor(Colour colour) {
     const Call control(control_);
-    control->state.settings.StripeColor = colour;
-    control->notify("StripeColor");
+    setSetting(control_, "StripeColor", &Settings::StripeColor, colour);
     if (!control->isLoading)
         control->appearance.PaintStripes();
 }
@@ -106,16 +104,14 @@ void Tablio::setStripeColor(Colour colour) {
 Colour Tablio::CheckBoxColor() const { return control_->state.settings.CheckBoxColor; }
 
 void Tablio::setCheckBoxColor(Colour colour) {
-    setProperty(control_, "CheckBoxColor",
-                [&](Control &control) { control.state.settings.CheckBoxColor = colour; });
+    setSetting(control_, "CheckBoxColor", &Settings::CheckBoxColor, colour);
 }
 
 bool Tablio::HeaderFontBold() const { return control_->state.settings.HeaderFontBold; }
 
 void Tablio::setHeaderFontBold(bool bold) {
     const Call control(control_);
-    control->state.settings.HeaderFontBold = bold;
-    control->notify("HeaderFontBold");
+    setSetting(control_, "HeaderFontBold", &Settings::HeaderFontBold, bold);
     if (!control->isLoading)
         control->appearance.showHeaderFontBold();
 }
@@ -131,22 +127,19 @@ void Tablio::setFont(const tablio::Font &font) { setLook(control_, "Font", &Grid
 std::string Tablio::CellFont(int Row, int Col) { return fontAt(control_, Row, Col).name; }
 
 void Tablio::setCellFont(int Row, int Col, std::string_view name) {
-    Call(control_)->appearance.styleFont({Row, Col},
-                                         [name](CellStyle &style) { style.fontName = name; });
+    Call(control_)->appearance.styleFont({Row, Col}, &CellStyle::fontName, std::string(name));
 }
 
 bool Tablio::CellFontBold(int Row, int Col) { return fontAt(control_, Row, Col).bold; }
 
 void Tablio::setCellFontBold(int Row, int Col, bool bold) {
-    Call(control_)->appearance.styleFont({Row, Col},
-                                         [bold](CellStyle &style) { style.fontBold = bold; });
+    Call(control_)->appearance.styleFont({Row, Col}, &CellStyle::fontBold, bold);
 }
 
 bool Tablio::CellFontItalic(int Row, int Col) { return fontAt(control_, Row, Col).italic; }
 
 void Tablio::setCellFontItalic(int Row, int Col, bool italic) {
-    Call(control_)->appearance.styleFont({Row, Col},
-                                         [italic](CellStyle &style) { style.fontItalic = italic; });
+    Call(control_)->appearance.styleFont({Row, Col}, &CellStyle::fontItalic, italic);
 }
 
 int Tablio::CellFontSize(int Row, int Col) {
@@ -155,38 +148,33 @@ int Tablio::CellFontSize(int Row, int Col) {
 
 void Tablio::setCellFontSize(int Row, int Col, int points) {
     const auto size = static_cast<float>(to16Bit(points, "CellFontSize"));
-    Call(control_)->appearance.styleFont({Row, Col},
-                                         [size](CellStyle &style) { style.fontSize = size; });
+    Call(control_)->appearance.styleFont({Row, Col}, &CellStyle::fontSize, size);
 }
 
 Colour Tablio::CellBackColor(int Row, int Col) {
     Call(control_)->appearance.visit(cell16(Row, Col));
-    return control_->state.grid.CellBackColor();
+    return control_->state.grid.backColorOf(Row, Col);
 }
 
 void Tablio::setCellBackColor(int Row, int Col, Colour colour) {
-    Call(control_)->appearance.styleColour(
-        cell16(Row, Col), [colour](CellStyle &style) { style.backColor = colour; });
+    Call(control_)->appearance.styleColour(cell16(Row, Col), &CellStyle::backColor, colour);
 }
 
 Colour Tablio::CellForeColor(int Row, int Col) {
     Call(control_)->appearance.visit(cell16(Row, Col));
-    return control_->state.grid.CellForeColor();
+    return control_->state.grid.foreColorOf(Row, Col);
 }
 
 void Tablio::setCellForeColor(int Row, int Col, Colour colour) {
-    Call(control_)->appearance.styleColour(
-        cell16(Row, Col), [colour](CellStyle &style) { style.foreColor = colour; });
+    Call(control_)->appearance.styleColour(cell16(Row, Col), &CellStyle::foreColor, colour);
 }
 
 void Tablio::SetHeaderBackColor(int Col, Colour NewColor) {
-    Call(control_)->appearance.styleHeader(
-        cell16(0, Col).col, [NewColor](CellStyle &style) { style.backColor = NewColor; });
+    Call(control_)->appearance.styleHeader(cell16(0, Col).col, &CellStyle::backColor, NewColor);
 }
 
 void Tablio::SetHeaderForeColor(int Col, Colour NewColor) {
-    Call(control_)->appearance.styleHeader(
-        cell16(0, Col).col, [NewColor](CellStyle &style) { style.foreColor = NewColor; });
+    Call(control_)->appearance.styleHeader(cell16(0, Col).col, &CellStyle::foreColor, NewColor);
 }
 
 } // namespace tablio

@@ -20,8 +20,8 @@ void PageTextBox::setText(std::string text) {
         onChange();
 }
 
-void PageTextBox::copy(const PageTextBox &other) {
-    text_ = other.text_;
+void PageTextBox::copy(const PageControl &other) {
+    text_ = static_cast<const PageTextBox &>(other).text_;
     changed();
 }
 
@@ -34,8 +34,8 @@ void PageCheckBox::setValue(int value) {
         onClick();
 }
 
-void PageCheckBox::copy(const PageCheckBox &other) {
-    value_ = other.value_;
+void PageCheckBox::copy(const PageControl &other) {
+    value_ = static_cast<const PageCheckBox &>(other).value_;
     changed();
 }
 
@@ -54,9 +54,10 @@ void PageList::setListIndex(int index) {
         onClick();
 }
 
-void PageList::copy(const PageList &other) {
-    items_ = other.items_;
-    listIndex_ = other.listIndex_;
+void PageList::copy(const PageControl &other) {
+    const auto &list = static_cast<const PageList &>(other);
+    items_ = list.items_;
+    listIndex_ = list.listIndex_;
     changed();
 }
 

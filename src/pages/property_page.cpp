@@ -15,24 +15,8 @@ void PropertyPage::setChanged(bool changed) {
 }
 
 void PropertyPage::copyFrom(const PropertyPage &other) {
-    for (std::size_t place = 0; place < controls_.size(); ++place) {
-        PageControl *to = controls_[place];
-        const PageControl *from = other.controls_[place];
-        switch (to->kind()) {
-        case PageControlKind::TextBox:
-            static_cast<PageTextBox *>(to)->copy(static_cast<const PageTextBox &>(*from));
-            break;
-        case PageControlKind::CheckBox:
-            static_cast<PageCheckBox *>(to)->copy(static_cast<const PageCheckBox &>(*from));
-            break;
-        case PageControlKind::List:
-            static_cast<PageList *>(to)->copy(static_cast<const PageList &>(*from));
-            break;
-        case PageControlKind::Button:
-        case PageControlKind::Spinner:
-            break; // Nothing that is applied.
-        }
-    }
+    for (std::size_t place = 0; place < controls_.size(); ++place)
+        controls_[place]->copy(*other.controls_[place]);
     setChanged(other.changed_);
 }
 

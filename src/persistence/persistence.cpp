@@ -107,7 +107,7 @@ private:
             const ColumnKey &key = columnKeys()[static_cast<std::size_t>(place)];
             attempt([&] {
                 key.target(state_, col,
-                           bag_.readProperty(keyOf(key.readName, col), key.readDefault));
+                           bag_.readProperty(keyOf(key.readName, col), key.defaultValue));
             });
         }
         if (!state_.grid.table.look().Font.bold)
@@ -154,8 +154,7 @@ void Tablio::WriteProperties(PropertyBag &bag) const {
     for (int col = 0; col < state.grid.table.Cols(); ++col) {
         for (const ColumnKey &key : columnKeys())
             attempt([&] {
-                bag.writeProperty(keyOf(key.writeName, col), key.source(state, col),
-                                  key.writeDefault);
+                bag.writeProperty(keyOf(key.name, col), key.source(state, col), key.defaultValue);
             });
     }
 }

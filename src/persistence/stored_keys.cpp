@@ -18,53 +18,46 @@ double numberOf(const std::string &text) {
     return TextToNumber(number, NumberFormat{});
 }
 
-void readIntoList(ControlState &state, ColumnSettings::List list, int col, const Value &value) {
+template <ColumnSettings::List list>
+void readIntoList(ControlState &state, int col, const Value &value) {
     state.columns.setText(list, col, value.toText());
 }
 
 template <ColumnSettings::List list>
-ColumnKey listNumber(std::string_view name, const Value &readDefault) {
-    return {name,
-            readDefault,
-            name,
-            readDefault,
+ColumnKey listNumber(std::string_view name, const Value &defaultValue) {
+    return {name, defaultValue,
             [](const ControlState &state, int col) -> Value {
                 return numberOf(state.columns.text(list, col));
             },
-            [](ControlState &state, int col, const Value &value) {
-                readIntoList(state, list, col, value);
-            }};
+            readIntoList<list>};
 }
 
 template <ColumnSettings::List list>
-ColumnKey listText(std::string_view writeName, std::string_view readName,
-                   const Value &defaultValue) {
+ColumnKey listText(std::string_view name, const Value &defaultValue) {
     return {
-        writeName,
-        defaultValue,
-        readName,
-        defaultValue,
+        name, defaultValue,
         [](const ControlState &state, int col) -> Value { return state.columns.text(list, col); },
-        [](ControlState &state, int col, const Value &value) {
-            readIntoList(state, list, col, value);
-        }};
+        readIntoList<list>};
+}
+
+int withoutGeneral(int alignment) {
+    return alignment == generalAlignment ? leftAlignment : alignment;
 }
 
 template <int (GridTable::*get)(int) const, void (GridTable::*set)(int, int)>
 ColumnKey alignment(std::string_view name) {
-    return {name,
-            zero,
-            name,
-            zero,
+    return {name, zero,
             [](const ControlState &state, int col) -> Value {
-                const int stored = (state.grid.table.*get)(col);
-                return static_cast<std::int16_t>(stored == generalAlignment ? leftAlignment
-                                                                            : stored);
+                return static_cast<std::int16_t>(withoutGeneral((state.grid.table.*get)(col)));
             },
             [](ControlState &state, int col, const Value &value) {
-                const int stored = value.toInteger();
-                (state.grid.table.*set)(col, stored == generalAlignment ? leftAlignment : stored);
+                (state.grid.table.*set)(col, withoutGeneral(value.toInteger()));
             }};
+}
+
+ColumnKey readAs(std::string_view name, ColumnKey key) {
+    key.readName = name;
+    return key;
 }
 
 } // namespace
@@ -75,10 +68,11 @@ std::span<const ColumnKey> columnKeys() {
         listNumber<ColumnSettings::EditType>("ColEditType", zero),
         listNumber<ColumnSettings::DataType>("ColDataType", 0),
         listNumber<ColumnSettings::CalcStyle>("ColCalcStyle", 0),
-        listText<ColumnSettings::Format>("ColFormat", "ColFormat", ""),
+        listText<ColumnSettings::Format>("ColFormat", ""),
         // Two spellings: a store that minds the case would lose the lengths of old files.
-        listText<ColumnSettings::MaxLength>("ColMaxLength", "ColMaxlength", std::int16_t{64}),
-        ColumnKey{"ColTextHeader", "", "ColTextHeader", "",
+        readAs("ColMaxlength",
+               listText<ColumnSettings::MaxLength>("ColMaxLength", std::int16_t{64})),
+        ColumnKey{"ColTextHeader", "",
                   [](const ControlState &state, int col) -> Value {
                       return state.grid.table.TextMatrix(0, col);
                   },
@@ -87,7 +81,7 @@ std::span<const ColumnKey> columnKeys() {
                   }},
         alignment<&GridTable::ColAlignment, &GridTable::setColAlignment>("ColDataAlignment"),
         alignment<&GridTable::FixedAlignment, &GridTable::setFixedAlignment>("ColHeaderAlignment"),
-        ColumnKey{"ColWidth", 0, "ColWidth", 0,
+        ColumnKey{"ColWidth", 0,
                   [](const ControlState &state, int col) -> Value {
                       return state.grid.table.ColWidth(col);
                   },

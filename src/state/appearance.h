@@ -5,7 +5,7 @@
 
 #include "state/control_state.h"
 
-#include <functional>
+#include <optional>
 
 namespace tablio {
 
@@ -13,7 +13,11 @@ class Appearance {
 public:
     explicit Appearance(ControlState &state) : state_(state) {}
 
-    void changeLook(const std::function<void(GridLook &)> &change);
+    template <typename T> void changeLook(T GridLook::*member, const T &value) {
+        GridLook look = state_.grid.table.look();
+        look.*member = value;
+        state_.grid.table.setLook(look);
+    }
     /// Colours every second data row from the primary column on, and the others in the grid's own
     /// colour. Own colours that those cells had are lost.
     void PaintStripes();
@@ -24,13 +28,28 @@ public:
 
     /// Styles one cell. Font changes leave the grid's current cell there, colour changes put it
     /// back to the cell last entered.
-    void styleFont(CellAddress cell, const std::function<void(CellStyle &)> &change);
-    void styleColour(CellAddress cell, const std::function<void(CellStyle &)> &change);
+    template <typename T>
+    void styleFont(CellAddress cell, std::optional<T> CellStyle::*member, const T &value) {
+        visit(cell);
+        state_.grid.changeCellStyle([&](CellStyle &style) { style.*member = value; });
+    }
+    void styleColour(CellAddress cell, std::optional<Colour> CellStyle::*member, Colour value) {
+        styleAndReturn(cell, state_.cursor.cell(), member, value);
+    }
+    void styleHeader(int col, std::optional<Colour> CellStyle::*member, Colour value) {
+        styleAndReturn({0, col}, state_.grid.current(), member, value);
+    }
     /// Makes the cell the grid's current one, where reading its look leaves it.
     void visit(CellAddress cell) { state_.grid.setCurrentQuietly(cell); }
-    void styleHeader(int col, const std::function<void(CellStyle &)> &change);
 
 private:
+    void styleAndReturn(CellAddress cell, CellAddress back,
+                        std::optional<Colour> CellStyle::*member, Colour value) {
+        styleFont(cell, member, value);
+        if (state_.grid.table.hasCell(back.row, back.col))
+            visit(back);
+    }
+
     ControlState &state_;
 };
 

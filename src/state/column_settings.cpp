@@ -1,6 +1,7 @@
 #include "state/column_settings.h"
 
 #include "model/text/leading_number.h"
+#include "state/host_link.h"
 
 #include <tablio/errors.h>
 
@@ -10,31 +11,15 @@
 
 namespace tablio {
 
-TColumnStyle ColumnSettings::ColStyle(int col) const {
-    return static_cast<TColumnStyle>(number(Style, col));
-}
-
-TColumnType ColumnSettings::ColEditType(int col) const {
-    return static_cast<TColumnType>(number(EditType, col));
-}
-
-int ColumnSettings::ColMaxLength(int col) const { return number(MaxLength, col); }
-
-TDataType ColumnSettings::ColDataType(int col) const {
-    return static_cast<TDataType>(number(DataType, col));
-}
-
-TCalcStyle ColumnSettings::ColCalcStyle(int col) const {
-    return static_cast<TCalcStyle>(number(CalcStyle, col));
-}
-
 const std::string &ColumnSettings::missingText(int col) const {
     static const std::string none;
+    (void)to16Bit(col, "column index");
     table_.checkCol(col, "column setting");
     return none;
 }
 
 void ColumnSettings::checkEntry(int col) const {
+    (void)to16Bit(col, "column index");
     if (col < 0 || col >= length())
         throw GridError("column setting: column " + std::to_string(col) + " is outside 0 to " +
                         std::to_string(length() - 1));

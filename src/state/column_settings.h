@@ -20,15 +20,16 @@ public:
 
     explicit ColumnSettings(const GridTable &table) : table_(table) {}
 
-    [[nodiscard]] TColumnStyle ColStyle(int col) const;
-    [[nodiscard]] TColumnType ColEditType(int col) const;
+    [[nodiscard]] TColumnStyle ColStyle(int col) const { return as<TColumnStyle>(Style, col); }
+    [[nodiscard]] TColumnType ColEditType(int col) const { return as<TColumnType>(EditType, col); }
     [[nodiscard]] const std::string &ColFormat(int col) const { return text(Format, col); }
-    [[nodiscard]] int ColMaxLength(int col) const;
-    [[nodiscard]] TDataType ColDataType(int col) const;
-    [[nodiscard]] TCalcStyle ColCalcStyle(int col) const;
+    [[nodiscard]] int ColMaxLength(int col) const { return number(MaxLength, col); }
+    [[nodiscard]] TDataType ColDataType(int col) const { return as<TDataType>(DataType, col); }
+    [[nodiscard]] TCalcStyle ColCalcStyle(int col) const { return as<TCalcStyle>(CalcStyle, col); }
 
     /// Reading a grid column without an entry answers "" (a number: 0). Throws GridError for a
-    /// column that neither the lists nor the grid have; writing needs an entry in the list.
+    /// column that neither the lists nor the grid have, OverflowError for one beyond 16 bits;
+    /// writing needs an entry in the list.
     [[nodiscard]] const std::string &text(List list, int col) const {
         const std::vector<std::string> &entries = lists_[list];
         const bool hasEntry = col >= 0 && static_cast<std::size_t>(col) < entries.size();
@@ -53,6 +54,7 @@ public:
     void copy(const ColumnSettings &other) {
         isStart_ = false;
         lists_ = other.lists_;
+        hasFillers_ = other.hasFillers_;
     }
     /// One more entry for the next column.
     void append(const std::array<std::string, 6> &entry);
@@ -63,6 +65,9 @@ public:
 private:
     [[nodiscard]] const std::string &missingText(int col) const;
     [[nodiscard]] std::int32_t number(List list, int col) const;
+    template <typename Setting> [[nodiscard]] Setting as(List list, int col) const {
+        return static_cast<Setting>(number(list, col));
+    }
 
     const GridTable &table_;
     std::array<std::vector<std::string>, 6> lists_;

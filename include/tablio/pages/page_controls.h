@@ -45,12 +45,14 @@ public:
     [[nodiscard]] const std::string &caption() const noexcept { return caption_; }
     [[nodiscard]] bool Enabled() const noexcept { return enabled_; }
     void setEnabled(bool enabled);
+    /// Holds what another control of the same kind holds and would apply; no handler runs.
+    virtual void copy(const PageControl & /*other*/) {}
 
 protected:
     PageControl(PageControlKind kind, std::string_view name, std::string_view caption,
                 PageListener &listener)
         : kind_(kind), name_(name), caption_(caption), listener_(listener) {}
-    ~PageControl() = default;
+    virtual ~PageControl() = default;
     void changed() const { listener_.controlChanged(*this); }
 
 private:
@@ -78,8 +80,7 @@ public:
     [[nodiscard]] PageKeys keys() const noexcept { return keys_; }
     [[nodiscard]] const std::string &Text() const noexcept { return text_; }
     void setText(std::string text);
-    /// Holds what the other holds; no handler runs.
-    void copy(const PageTextBox &other);
+    void copy(const PageControl &other) override;
 
 private:
     std::string text_;
@@ -99,8 +100,7 @@ public:
     [[nodiscard]] bool isTicked() const noexcept { return value_ == 1; }
     /// Any other value than 0 and 1 is refused.
     void setValue(int value);
-    /// Holds what the other holds; no handler runs.
-    void copy(const PageCheckBox &other);
+    void copy(const PageControl &other) override;
 
 private:
     int value_ = 0;
@@ -123,8 +123,7 @@ public:
     [[nodiscard]] int ListIndex() const noexcept { return listIndex_; }
     /// An index that the list does not have is refused.
     void setListIndex(int index);
-    /// Holds the other's items and selection; no handler runs.
-    void copy(const PageList &other);
+    void copy(const PageControl &other) override;
 
 private:
     std::vector<std::string> items_;

@@ -17,8 +17,7 @@ void FlexGrid::setCol(int col) {
 }
 
 void FlexGrid::setCell(CellAddress cell) {
-    table.checkRow(cell.row, "Row");
-    table.checkCol(cell.col, "Col");
+    table.checkCell(cell, "current cell");
     moveTo(cell);
 }
 
@@ -34,8 +33,7 @@ void FlexGrid::moveTo(CellAddress cell) {
 }
 
 void FlexGrid::setCurrentQuietly(CellAddress cell) {
-    table.checkRow(cell.row, "Row");
-    table.checkCol(cell.col, "Col");
+    table.checkCell(cell, "current cell");
     if (cell == current_)
         return;
     if (table.hasCell(current_.row, current_.col))
@@ -57,12 +55,6 @@ std::string_view FlexGrid::Text() const { return table.TextMatrix(current_.row, 
 void FlexGrid::setText(std::string_view text) {
     table.setTextMatrix(current_.row, current_.col, text);
 }
-
-Colour FlexGrid::CellBackColor() const { return backColorOf(current_.row, current_.col); }
-
-Colour FlexGrid::CellForeColor() const { return foreColorOf(current_.row, current_.col); }
-
-Font FlexGrid::CellFont() const { return fontOf(current_.row, current_.col); }
 
 void FlexGrid::changeCellStyle(const std::function<void(CellStyle &)> &change) {
     CellStyle style = table.cellStyle(current_.row, current_.col);

@@ -50,14 +50,10 @@ public:
     [[nodiscard]] std::string_view Text() const;
     void setText(std::string_view text);
 
-    /// The look of the current cell as it is seen: its own, or where it has none the grid's.
-    [[nodiscard]] Colour CellBackColor() const;
-    [[nodiscard]] Colour CellForeColor() const;
-    [[nodiscard]] Font CellFont() const;
     /// Changes the current cell's own look.
     void changeCellStyle(const std::function<void(CellStyle &)> &change);
 
-    /// The same for any cell; a face paints from it.
+    /// The look of a cell as it is seen: its own, or where it has none the grid's.
     [[nodiscard]] Colour backColorOf(int row, int col) const;
     [[nodiscard]] Colour foreColorOf(int row, int col) const;
     [[nodiscard]] Font fontOf(int row, int col) const;

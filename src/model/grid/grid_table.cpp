@@ -128,40 +128,34 @@ void GridTable::Clear() {
 }
 
 std::string_view GridTable::TextMatrix(int row, int col) const {
-    checkRow(row, "TextMatrix");
-    checkCol(col, "TextMatrix");
+    checkCell({row, col}, "TextMatrix");
     return store_.text(row, col);
 }
 
 void GridTable::setTextMatrix(int row, int col, std::string_view text) {
-    checkRow(row, "TextMatrix");
-    checkCol(col, "TextMatrix");
+    checkCell({row, col}, "TextMatrix");
     store_.setText(row, col, text);
     ++columns_[static_cast<std::size_t>(col)].writes;
     observer_.cellChanged(row, col);
 }
 
 std::string_view GridTable::CellData(int row, int col) const {
-    checkRow(row, "TextMatrix");
-    checkCol(col, "TextMatrix");
+    checkCell({row, col}, "TextMatrix");
     return store_.value(row, col);
 }
 
 void GridTable::setCellData(int row, int col, std::string_view value) {
-    checkRow(row, "TextMatrix");
-    checkCol(col, "TextMatrix");
+    checkCell({row, col}, "TextMatrix");
     store_.setValue(row, col, value);
 }
 
 const CellStyle &GridTable::cellStyle(int row, int col) const {
-    checkRow(row, "cell style");
-    checkCol(col, "cell style");
+    checkCell({row, col}, "cell style");
     return styles_[store_.style(row, col)];
 }
 
 void GridTable::setCellStyle(int row, int col, const CellStyle &style) {
-    checkRow(row, "cell style");
-    checkCol(col, "cell style");
+    checkCell({row, col}, "cell style");
     store_.setStyle(row, col, styles_.intern(style));
     observer_.cellChanged(row, col);
 }

@@ -111,6 +111,10 @@ public:
         if (col < 0 || col >= Cols())
             refuse(operation, "column", col, Cols());
     }
+    void checkCell(CellAddress cell, std::string_view operation) const {
+        checkRow(cell.row, operation);
+        checkCol(cell.col, operation);
+    }
     /// Counts every change after which a row number may mean another row: rows inserted or removed
     /// and the table wiped, but not rows added at the end.
     [[nodiscard]] std::uint64_t shiftStamp() const noexcept { return shiftStamp_; }

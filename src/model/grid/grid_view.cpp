@@ -99,21 +99,12 @@ void GridView::setSize(Twips width, Twips height) {
 
 void GridView::setTopRow(int row) {
     table_.checkRow(row, "TopRow");
-    const int corrected = Axis{table_, true}.clamped(row, height_);
-    if (corrected == topRow_)
-        return;
-    topRow_ = corrected;
-    endRow_.reset();
-    reportScroll();
+    scrollTo(Axis{table_, true}.clamped(row, height_), leftCol_);
 }
 
 void GridView::setLeftCol(int col) {
     table_.checkCol(col, "LeftCol");
-    const int corrected = Axis{table_, false}.clamped(col, width_);
-    if (corrected == leftCol_)
-        return;
-    leftCol_ = corrected;
-    reportScroll();
+    scrollTo(topRow_, Axis{table_, false}.clamped(col, width_));
 }
 
 int GridView::maxTopRow() const { return Axis{table_, true}.maxFirst(height_); }
@@ -121,16 +112,21 @@ int GridView::maxTopRow() const { return Axis{table_, true}.maxFirst(height_); }
 int GridView::maxLeftCol() const { return Axis{table_, false}.maxFirst(width_); }
 
 void GridView::ensureVisible(int row, int col) {
-    if (!table_.hasCell(row, col))
-        return;
-    const int top = Axis{table_, true}.firstToShow(row, topRow_, height_);
-    const int left = Axis{table_, false}.firstToShow(col, leftCol_, width_);
+    if (table_.hasCell(row, col))
+        scrollTo(Axis{table_, true}.firstToShow(row, topRow_, height_),
+                 Axis{table_, false}.firstToShow(col, leftCol_, width_));
+}
+
+void GridView::scrollTo(int top, int left) {
     if (top == topRow_ && left == leftCol_)
         return;
     topRow_ = top;
     leftCol_ = left;
     endRow_.reset();
-    reportScroll();
+    if (redraw_)
+        observer_.scrolled();
+    else
+        scrolled_ = dirty_ = true;
 }
 
 int GridView::pageRows() const {
@@ -147,8 +143,7 @@ void GridView::setRedraw(bool redraw) {
 }
 
 Rect GridView::cellRect(int row, int col) const {
-    table_.checkRow(row, "cell rectangle");
-    table_.checkCol(col, "cell rectangle");
+    table_.checkCell({row, col}, "cell rectangle");
     return {Axis{table_, false}.position(col, leftCol_), Axis{table_, true}.position(row, topRow_),
             table_.ColWidth(col), table_.RowHeight(row)};
 }
@@ -223,13 +218,6 @@ bool GridView::rowMayBeVisible(int row) const {
         endRow_ = rows.empty() ? 0 : rows.back().index + 1;
     }
     return row >= topRow_ && row < *endRow_;
-}
-
-void GridView::reportScroll() {
-    if (redraw_)
-        observer_.scrolled();
-    else
-        scrolled_ = dirty_ = true;
 }
 
 void GridView::report(const Rect &area) {

@@ -73,7 +73,7 @@ public:
 private:
     [[nodiscard]] Twips fixedHeight() const;
     [[nodiscard]] bool rowMayBeVisible(int row) const;
-    void reportScroll();
+    void scrollTo(int top, int left);
     void report(const Rect &area);
 
     const GridTable &table_;

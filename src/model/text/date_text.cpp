@@ -117,12 +117,7 @@ Date TextToDate(std::string_view Text) {
 std::string DateToText(const Date &Value) {
     if (Value == noDate)
         return std::string(clearedDate);
-    std::string text = padded(Value.day, 2);
-    text += '/';
-    text += padded(Value.month, 2);
-    text += '/';
-    text += padded(Value.year, 4);
-    return text;
+    return padded(Value.day, 2) + '/' + padded(Value.month, 2) + '/' + padded(Value.year, 4);
 }
 
 std::string PadNumber(std::string_view Text, int Width) {
