@@ -33,14 +33,10 @@ NativeCalendar::NativeCalendar(Surroundings &around, QWidget *parent)
     for (QWidget *child : inner)
         child->setFocusPolicy(Qt::NoFocus);
     hide();
-    // Qt goes on with the calendar after this signal, and a host's handler may delete it.
     connect(calendar_, &QCalendarWidget::clicked, this, [this](const QDate &day) {
-        QMetaObject::invokeMethod(
-            this,
-            [this, edit = edit_, day] {
-                guarded([&] { around_.input().calendarPicked(edit, fromQDate(day)); });
-            },
-            Qt::QueuedConnection);
+        guardedLater(this, [this, edit = edit_, day] {
+            around_.input().calendarPicked(edit, fromQDate(day));
+        });
     });
     connect(calendar_, &QCalendarWidget::currentPageChanged, this, &NativeCalendar::turnedTo);
 }

@@ -27,14 +27,9 @@ NativeCombo::NativeCombo(Surroundings &around, QWidget *frame) : QComboBox(frame
     lineEdit()->setReadOnly(true);
     lineEdit()->setAttribute(Qt::WA_TransparentForMouseEvents);
     view()->installEventFilter(this);
-    // Qt goes on with the combo after this signal, and a host's handler may delete it.
     connect(this, &QComboBox::activated, this, [this](int index) {
-        QMetaObject::invokeMethod(
-            this,
-            [this, edit = edit_, index] {
-                guarded([&] { around_.input().comboItemChosen(edit, index); });
-            },
-            Qt::QueuedConnection);
+        guardedLater(this,
+                     [this, edit = edit_, index] { around_.input().comboItemChosen(edit, index); });
     });
 }
 

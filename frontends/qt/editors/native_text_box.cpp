@@ -209,20 +209,18 @@ void NativeTextBox::mouseReleaseEvent(QMouseEvent *event) {
         QLineEdit::mouseReleaseEvent(event);
         return;
     }
-    const QPointer<NativeTextBox> alive(this);
-    deselect();
-    setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    settle();
-    if (alive)
-        typeText(clipboard->text(QClipboard::Selection));
+    typeAt(event->position(), clipboard->text(QClipboard::Selection));
 }
 
 void NativeTextBox::dropEvent(QDropEvent *event) {
-    const QPointer<NativeTextBox> alive(this);
-    const QString text = event->mimeData()->text();
     event->acceptProposedAction();
+    typeAt(event->position(), event->mimeData()->text());
+}
+
+void NativeTextBox::typeAt(const QPointF &place, const QString &text) {
+    const QPointer<NativeTextBox> alive(this);
     deselect();
-    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    setCursorPosition(cursorPositionAt(place.toPoint()));
     settle();
     if (alive)
         typeText(text);

@@ -64,6 +64,7 @@ private:
     void park();
     void sendKey(KeyCode key, ShiftState shift);
     void typeText(const QString &text);
+    void typeAt(const QPointF &place, const QString &text);
 
     struct Look {
         Colour back;

@@ -56,14 +56,13 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
         timer->setInterval(0);
     }
     connect(&previewTimer_, &QTimer::timeout, this, &PropertyPagesDialog::refreshPreview);
-    connect(&followTimer_, &QTimer::timeout, this, &PropertyPagesDialog::follow);
+    connect(&followTimer_, &QTimer::timeout, this,
+            [this] { guarded([this] { pages_.follow(); }); });
     connect(&edited, &TablioWidget::propertyChanged, this, [this] { followTimer_.start(); });
     connect(&edited, &TablioWidget::tableChange, this, [this] { followTimer_.start(); });
     showPage(tabs_->currentIndex());
     refreshPreview(); // The dialog opens with the height that it needs.
 }
-
-PropertyPagesDialog::~PropertyPagesDialog() = default;
 
 void PropertyPagesDialog::controlChanged(const PageControl &control) {
     generalView_->mirror(control);
@@ -110,10 +109,6 @@ void PropertyPagesDialog::accept() {
     apply();
     if (alive != nullptr)
         QDialog::accept();
-}
-
-void PropertyPagesDialog::follow() {
-    guarded([this] { pages_.follow(); });
 }
 
 } // namespace tablio::qt

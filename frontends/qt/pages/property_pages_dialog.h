@@ -24,7 +24,6 @@ class PropertyPagesDialog final : public QDialog, private PageListener {
 public:
     /// The edited widget must outlive the dialog's last event.
     explicit PropertyPagesDialog(TablioWidget &edited, QWidget *parent = nullptr);
-    ~PropertyPagesDialog() override;
 
     void accept() override;
 
@@ -41,8 +40,6 @@ private:
     void apply();
     void showPage(int tab);
     void refreshPreview();
-    /// Somebody else may have changed the widget.
-    void follow();
 
     PropertyPages pages_;
     PropertyPageView *generalView_;
@@ -51,6 +48,7 @@ private:
     PropertyPagesPreview *preview_;
     QPushButton *applyButton_;
     QTimer previewTimer_;
+    /// Somebody else may have changed the widget.
     QTimer followTimer_;
 };
 

@@ -3,7 +3,7 @@
 /// Where Qt's event loop ends and the control begins. What the control or a host's slot throws
 /// while an event is being delivered must not unwind through Qt, which is not made for it.
 
-#include <QtGlobal>
+#include <QObject>
 
 #include <exception>
 #include <utility>
@@ -19,6 +19,13 @@ template <typename Action> void guarded(Action &&action) noexcept {
     } catch (...) {
         qCritical("Tablio: a handler failed");
     }
+}
+
+/// The same when Qt has finished with the object, which a handler may delete, if it still exists
+/// then.
+template <typename Action> void guardedLater(QObject *object, Action action) {
+    QMetaObject::invokeMethod(
+        object, [action] { guarded(action); }, Qt::QueuedConnection);
 }
 
 } // namespace tablio::qt
