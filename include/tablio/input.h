@@ -56,8 +56,7 @@ public:
     void doubleClick(Twips x, Twips y);
     /// Whether a press here would drag a column's border.
     [[nodiscard]] bool isColumnEdge(Twips x, Twips y) const;
-    /// Scrolls by rows and columns, or to a row and a column, as far as there are any.
-    void scrollBy(int rows, int cols);
+    /// Scrolls to a row and a column, as far as there are any.
     void scrollTo(int topRow, int leftCol);
     /// The wheel was turned this far to the left and up. What is less than a column or a row is
     /// kept for the next turn. Dealt::No where the table has nothing to scroll.

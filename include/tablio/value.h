@@ -73,9 +73,6 @@ private:
         friend bool operator==(const Absent &, const Absent &) = default;
     };
 
-    [[nodiscard]] std::int32_t wholeNumber(std::int32_t least, std::int32_t greatest,
-                                           std::string_view typeName) const;
-
     /// Alternatives stand in the order of Type.
     std::variant<std::monostate, bool, std::int16_t, std::int32_t, double, std::string,
                  tablio::Font, std::shared_ptr<TMatrix>, Absent>

@@ -204,26 +204,17 @@ std::string_view nameOf(MemberType type) noexcept {
 }
 
 Value convertedTo(MemberType type, const Value &value) {
-    switch (type) {
-    case MemberType::None:
+    // Enumerations are Longs.
+    static constexpr std::array kept{Kept::Empty,  Kept::Boolean, Kept::Integer, Kept::Long,
+                                     Kept::String, Kept::Long,    Kept::Font,    Kept::Object};
+    const auto place = static_cast<std::size_t>(type);
+    if (type == MemberType::None)
         return {};
-    case MemberType::Boolean:
-        return value.toBoolean();
-    case MemberType::Integer:
-        return value.toInteger();
-    case MemberType::String:
-        return value.toText();
-    case MemberType::Colour:
+    if (type == MemberType::Colour)
         return value.toColour();
-    case MemberType::Font:
-        return value.toFont();
-    case MemberType::Matrix:
-        return value.toObject();
-    case MemberType::Any:
+    if (type == MemberType::Any)
         return value;
-    default:
-        return value.toLong();
-    }
+    return value.convertedTo(place < kept.size() ? kept[place] : Kept::Long);
 }
 
 Value Argument::defaultValue() const {

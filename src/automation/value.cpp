@@ -36,6 +36,15 @@ std::string textOf(double number) { return textOfDouble(number, 15, 'E'); }
     throw TypeMismatch(message.append(" cannot be read as ").append(wanted));
 }
 
+template <typename Whole> Whole wholeNumber(const Value &value, Value::Type type) {
+    using Limits = std::numeric_limits<Whole>;
+    const double number = value.toDouble();
+    const double whole = nearestWhole(number);
+    if (!(whole >= Limits::min() && whole <= Limits::max()))
+        throw OverflowError(textOf(number).append(" does not fit type ").append(nameOf(type)));
+    return static_cast<Whole>(whole);
+}
+
 /// Numbers and Boolean, which compare by what they are worth.
 bool isNumeric(const Value &value) noexcept {
     return value.type() >= Value::Type::Boolean && value.type() <= Value::Type::Double;
@@ -71,25 +80,9 @@ double Value::toDouble() const {
     mismatch(*this, "a number");
 }
 
-std::int32_t Value::wholeNumber(std::int32_t least, std::int32_t greatest,
-                                std::string_view typeName) const {
-    const double number = toDouble();
-    const double whole = nearestWhole(number);
-    if (!(whole >= least && whole <= greatest))
-        throw OverflowError(textOf(number).append(" does not fit type ").append(typeName));
-    return static_cast<std::int32_t>(whole);
-}
+std::int16_t Value::toInteger() const { return wholeNumber<std::int16_t>(*this, Type::Integer); }
 
-std::int16_t Value::toInteger() const {
-    using Limits = std::numeric_limits<std::int16_t>;
-    return static_cast<std::int16_t>(
-        wholeNumber(Limits::min(), Limits::max(), nameOf(Type::Integer)));
-}
-
-std::int32_t Value::toLong() const {
-    using Limits = std::numeric_limits<std::int32_t>;
-    return wholeNumber(Limits::min(), Limits::max(), nameOf(Type::Long));
-}
+std::int32_t Value::toLong() const { return wholeNumber<std::int32_t>(*this, Type::Long); }
 
 bool Value::toBoolean() const {
     if (const std::string *text = std::get_if<std::string>(&data_)) {

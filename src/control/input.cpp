@@ -84,11 +84,6 @@ void Input::doubleClick(Twips x, Twips y) {
 
 bool Input::isColumnEdge(Twips x, Twips y) const { return control_->gridInput.isColumnEdge(x, y); }
 
-void Input::scrollBy(int rows, int cols) {
-    const GridView &view = control_->state.grid.view;
-    scrollTo(view.TopRow() + rows, view.LeftCol() + cols);
-}
-
 void Input::scrollTo(int topRow, int leftCol) {
     const Call control(control_);
     FlexGrid &grid = control->state.grid;

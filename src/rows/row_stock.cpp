@@ -15,18 +15,6 @@ namespace tablio {
 
 namespace {
 
-/// A flag is set for the life of this object.
-class Set {
-public:
-    explicit Set(bool &flag) : flag_(flag) { flag_ = true; }
-    ~Set() { flag_ = false; }
-    Set(const Set &) = delete;
-    Set &operator=(const Set &) = delete;
-
-private:
-    bool &flag_;
-};
-
 bool isAscii(std::string_view text) noexcept {
     return std::all_of(text.begin(), text.end(),
                        [](char character) { return static_cast<unsigned char>(character) < 0x80; });
@@ -171,7 +159,7 @@ void RowStock::clear() {
     {
         const RedrawOff redrawOff(grid);
         {
-            const Set clearing(IsClearing_);
+            const Temporarily clearing(IsClearing_, true);
             struct Header {
                 std::string text;
                 std::optional<Colour> foreColor;

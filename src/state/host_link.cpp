@@ -15,35 +15,12 @@ void HostLink::close() noexcept {
     face_ = &noFace_;
 }
 
-void HostLink::takeFocus() {
-    const auto outermost = outside();
-    face_->takeFocus();
-}
-
-void HostLink::letPendingEventsRun() {
-    const auto outermost = outside();
-    report();
-    face_->letPendingEventsRun();
-}
-
 void HostLink::propertyChangedInside(MemberNumber number) {
     if (isQuiet_)
         return;
     const auto outermost = outside();
     report();
     face_->propertyChanged(number);
-}
-
-std::string HostLink::clipboardText() {
-    return clipboard_ != nullptr ? clipboard_->value_or(std::string()) : face_->clipboardText();
-}
-
-void HostLink::setClipboardText(std::string_view text) {
-    copied_ = text;
-    if (clipboard_ != nullptr)
-        clipboard_->emplace(text);
-    else
-        face_->setClipboardText(text);
 }
 
 } // namespace tablio

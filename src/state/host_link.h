@@ -54,8 +54,15 @@ public:
     }
 
     // What may run a host's code in the platform's own way.
-    void takeFocus();
-    void letPendingEventsRun();
+    void takeFocus() {
+        const auto outermost = outside();
+        face_->takeFocus();
+    }
+    void letPendingEventsRun() {
+        const auto outermost = outside();
+        report();
+        face_->letPendingEventsRun();
+    }
     /// In line, since it comes for each cell that a host fills.
     void propertyChanged(MemberNumber number) {
         if (depth_ == 0)
@@ -63,8 +70,16 @@ public:
         else
             propertyChangedInside(number);
     }
-    [[nodiscard]] std::string clipboardText();
-    void setClipboardText(std::string_view text);
+    [[nodiscard]] std::string clipboardText() {
+        return clipboard_ != nullptr ? clipboard_->value_or(std::string()) : face_->clipboardText();
+    }
+    void setClipboardText(std::string_view text) {
+        copied_ = text;
+        if (clipboard_ != nullptr)
+            clipboard_->emplace(text);
+        else
+            face_->setClipboardText(text);
+    }
     /// In which order a date that came by the clipboard is written: what the control put there
     /// itself has its own order.
     [[nodiscard]] DateOrder dateOrderOf(std::string_view clipboardText) const {

@@ -40,12 +40,6 @@ std::size_t apostropheLength(std::string_view text, std::size_t position) noexce
     return matchLength(text, position, "'") + matchLength(text, position, curlyApostrophe);
 }
 
-std::size_t skipBlanks(std::string_view text, std::size_t position) noexcept {
-    while (const std::size_t length = blankLength(text, position))
-        position += length;
-    return position;
-}
-
 /// Where the digit stands that follows the grouping signs at `position`; `position` itself when
 /// there are none or something else follows.
 std::size_t skipGrouping(std::string_view text, std::size_t position,
@@ -241,6 +235,12 @@ std::size_t blankLength(std::string_view text, std::size_t position) noexcept {
         return 1;
     return matchLength(text, position, noBreakSpace) +
            matchLength(text, position, narrowNoBreakSpace) + matchLength(text, position, thinSpace);
+}
+
+std::size_t skipBlanks(std::string_view text, std::size_t position) noexcept {
+    while (const std::size_t length = blankLength(text, position))
+        position += length;
+    return position;
 }
 
 std::size_t minusLength(std::string_view text, std::size_t position) noexcept {

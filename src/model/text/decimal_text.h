@@ -59,6 +59,9 @@ private:
     bool negative_ = false;
 };
 
+/// The first place from `position` on where no blank stands.
+std::size_t skipBlanks(std::string_view text, std::size_t position) noexcept;
+
 /// The decimal sign of `format`, "." when it names none; valid as long as `format` is.
 std::string_view decimalSignOf(const NumberFormat &format) noexcept;
 

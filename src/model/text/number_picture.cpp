@@ -214,23 +214,22 @@ std::string formatNumber(const Decimal &value, std::string_view picture,
 
     std::string result;
     Layout layout = readLayout(section);
+    Decimal shown = value;
     if (layout.hasPlaces()) {
-        Decimal shown = value.timesPowerOfTen(layout.scale).rounded(layout.fractionPlaces);
-        if (!shown.isZero() || value.isZero()) {
-            if (needsMinus)
-                result += '-';
-            SectionWriter(shown, layout, format).append(section, result);
-            return result;
-        }
-        // The value has become zero by rounding, so it is shown as zeros are.
-        section = zeroSection;
-        layout = readLayout(section);
-        if (layout.hasPlaces()) {
-            SectionWriter(shown, layout, format).append(section, result);
-            return result;
+        shown = value.timesPowerOfTen(layout.scale).rounded(layout.fractionPlaces);
+        // A value that has become zero by rounding is shown as zeros are.
+        if (shown.isZero() && !value.isZero()) {
+            layout = readLayout(section = zeroSection);
+            needsMinus = false;
         }
     }
-    appendLiterals(section, result);
+    if (!layout.hasPlaces()) {
+        appendLiterals(section, result);
+        return result;
+    }
+    if (needsMinus)
+        result += '-';
+    SectionWriter(shown, layout, format).append(section, result);
     return result;
 }
 

@@ -62,20 +62,15 @@ struct TypedNumber {
 std::optional<TypedNumber> readTyped(std::string_view text, const NumberFormat &format) {
     TypedNumber typed;
     std::size_t position = 0;
-    const auto skipBlanks = [&] {
-        while (const std::size_t length = blankLength(text, position))
-            position += length;
-    };
     bool hasSign = false;
     const auto takeMinus = [&] {
         const std::size_t length = hasSign ? 0 : minusLength(text, position);
         typed.isNegative = typed.isNegative || length > 0;
         hasSign = hasSign || length > 0;
-        position += length;
-        skipBlanks();
+        position = skipBlanks(text, position + length);
     };
 
-    skipBlanks();
+    position = skipBlanks(text, position);
     takeMinus();
     if (!hasSign && position < text.size() && text[position] == '+') {
         hasSign = true;
@@ -99,7 +94,7 @@ std::optional<TypedNumber> readTyped(std::string_view text, const NumberFormat &
         ++position;
     typed.fraction = text.substr(start, position - start);
 
-    skipBlanks();
+    position = skipBlanks(text, position);
     takeMinus();
     return position == text.size() ? std::optional(typed) : std::nullopt;
 }
