@@ -125,10 +125,7 @@ void Input::focusEntered() {
         control->state.focus.set(WidgetId::Grid);
 }
 
-void Input::endEdit() {
-    const Call control(control_);
-    control->session.EndCellEdit();
-}
+void Input::endEdit() { Call(control_)->session.EndCellEdit(); }
 
 void Input::focusLeft() {
     const Call control(control_);

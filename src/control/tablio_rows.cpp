@@ -46,8 +46,8 @@ int Tablio::DataCount() const { return Call(control_)->rows.dataCount(); }
 void Tablio::CellFocus(int nRow, int nCol) {
     const Call control(control_);
     FlexGrid &grid = control->state.grid;
-    grid.table.checkRow(to16Bit(nRow, "CellFocus row"), "CellFocus");
-    grid.table.checkCol(to16Bit(nCol, "CellFocus column"), "CellFocus");
+    grid.table.checkCell({to16Bit(nRow, "CellFocus row"), to16Bit(nCol, "CellFocus column")},
+                         "CellFocus");
     control->session.EndCellEdit();
     grid.setRow(nRow);
     grid.setCol(nCol);

@@ -14,8 +14,6 @@ constexpr Twips checkColumnWidth = 300;
 
 int bitOf(const Value &boolean) { return boolean.toLong() & 1; }
 
-std::string textOf(double number) { return Value(number).toText(); }
-
 } // namespace
 
 General::General(Tablio &control, PageListener &listener)
@@ -134,7 +132,7 @@ void General::txtPrimaryColumn_Change() {
     setChanged(true);
     const double columns = leadingNumber(txtCols.Text());
     if (leadingNumber(txtPrimaryColumn.Text()) >= columns)
-        txtPrimaryColumn.setText(textOf(columns - 1));
+        txtPrimaryColumn.setText(Value(columns - 1).toText());
     attempt([this] {
         const double primary = Value(NormalizeNumberText(txtPrimaryColumn.Text())).toDouble();
         if (primary > 0 && !chkWithFixedColumn.isTicked())

@@ -14,9 +14,6 @@ namespace tablio {
 
 namespace {
 
-/// What the pages of the preview say, nobody hears.
-class Nobody final : public PageListener {};
-
 /// A sample of text in the case and the length that the column has.
 std::string sampleText(const Tablio &sample, int col, std::string_view words, const Face &face) {
     const TDataType type = sample.ColDataType(col);
@@ -57,7 +54,7 @@ void PropertyPages::preview(Tablio &sample, const SampleWords &words) const {
     // Settings know nothing of columns that went, but these come back with a greater count.
     control->state.columns.copy(Inside::of(control_).state.columns);
 
-    Nobody nobody;
+    PageListener nobody;
     PropertyPages shown(sample, nobody);
     shown.general.copyFrom(general);
     shown.columns.copyFrom(columns);
@@ -68,10 +65,9 @@ void PropertyPages::preview(Tablio &sample, const SampleWords &words) const {
     const Face &face = control->state.link.face();
     for (int col = 0; col < sample.Cols(); ++col) {
         const bool isTicks = sample.CheckBoxes() != 0 && col == sample.Cols() - 1;
-        const int top = std::max(sample.FixedRows(), 1);
-        for (int row = top; row < std::min(top + sampleRows - 1, sample.Rows()); ++row) {
+        for (int row = first; row < std::min(first + sampleRows - 1, sample.Rows()); ++row) {
             if (isTicks)
-                sample.Check(row, row == top);
+                sample.Check(row, row == first);
             else if (sample.ColStyle(col) != TColumnStyle::ColumnFixedWithAutoNumber)
                 sample.setTextMatrix(row, col, sampleValue(sample, col, words, face));
         }

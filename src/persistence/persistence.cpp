@@ -63,13 +63,11 @@ private:
     }
 
     void readGeneral(const Member &member) {
-        Value value;
         // The count that is stored leaves the tick column out.
-        if (member.name == "Cols") {
-            value = Value(numberAt("Cols", 1) + numberAt("CheckBoxes", 0)).toLong();
-            return state_.grid.table.setCols(value.toLong());
-        }
-        value =
+        if (member.name == "Cols")
+            return state_.grid.table.setCols(
+                Value(numberAt("Cols", 1) + numberAt("CheckBoxes", 0)).toLong());
+        const Value value =
             convertedTo(member.type, bag_.readProperty(member.name, member.stored.defaultToRead()));
         // A container may destroy the control while it answers.
         if (!state_.link.isClosed())
@@ -113,9 +111,8 @@ private:
         if (!state_.grid.table.look().Font.bold)
             return;
         attempt([&] {
-            state_.grid.setCurrentQuietly({0, col});
-            state_.grid.changeCellStyle(
-                [&](CellStyle &style) { style.fontBold = state_.settings.HeaderFontBold; });
+            control_.appearance.styleFont({0, col}, &CellStyle::fontBold,
+                                          state_.settings.HeaderFontBold);
         });
     }
 
