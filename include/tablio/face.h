@@ -51,6 +51,11 @@ public:
     virtual void popUpMenu(Twips /*x*/, Twips /*y*/) {}
     /// Show a warning that the user confirms; the core goes on meanwhile.
     virtual void showWarning(std::string_view /*title*/, std::string_view /*text*/) {}
+    /// Ask the user, who answers later by Input::questionAnswered(). False: this face cannot ask,
+    /// and what it was to ask about is done at once.
+    [[nodiscard]] virtual bool showQuestion(std::string_view /*title*/, std::string_view /*text*/) {
+        return false;
+    }
 
     [[nodiscard]] virtual std::string clipboardText() { return {}; }
     virtual void setClipboardText(std::string_view /*text*/) {}

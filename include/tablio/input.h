@@ -96,6 +96,8 @@ public:
     void calendarSized(Twips width, Twips height);
     /// The user chose an entry of the pop-up menu.
     void menuChosen(MenuEntry entry);
+    /// The user answered what Face::showQuestion() asked last.
+    void questionAnswered(bool yes);
     void resized(Twips width, Twips height);
     /// The control comes into sight. The first time, a cursor that nobody has moved goes to the
     /// first data row in PrimaryColumn.

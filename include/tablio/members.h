@@ -27,6 +27,7 @@ enum class MemberType {
     DataType,
     CalcStyle,
     ColumnAlignment,
+    EntryRules,
     /// A value of any type; only in a `TMatrix`.
     Any,
 };

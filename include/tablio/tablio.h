@@ -73,6 +73,13 @@ public:
     void setFixedRows(int count);
     [[nodiscard]] int FixedCols() const;
     void setFixedCols(int count);
+    /// Classic at first; docs/careful-entry.md says where careful entry differs. An open edit ends.
+    [[nodiscard]] TEntryRules EntryRules() const;
+    void setEntryRules(TEntryRules rules);
+    /// Whether Tab and Shift+Tab walk the cells in careful entry (True at first); else, and in
+    /// classic entry, they leave the control.
+    [[nodiscard]] bool TabWalks() const;
+    void setTabWalks(bool walks);
     [[nodiscard]] bool WithFixedColumn() const;
     void setWithFixedColumn(bool fixed);
     /// The column that makes a row a data row; not checked against Cols.
@@ -200,8 +207,11 @@ public:
     void RemoveRow(int Row);
     /// Blanks a row except its automatic number.
     void ResetRow(int Row);
-    /// Wipes all data; headers stay.
+    /// Wipes all data; headers stay. Careful entry forgets the mark, too.
     void TableClear();
+    /// Gives back what the last TableClear wiped in careful entry, while nothing has been written
+    /// since. Answers whether there was something.
+    bool UndoTableClear();
     /// The last row whose primary column holds text, 0 where none does.
     [[nodiscard]] int DataCount() const;
     /// Puts the cursor on a cell and the focus on the grid.

@@ -38,6 +38,10 @@ enum class TDataType : std::int32_t {
 /// Whether a decimal column refuses more decimals than its format shows.
 enum class TCalcStyle : std::int32_t { NoStyle = 0, CalcStyle = 1 };
 
+/// Which set of rules typing and moving follow: those that the control has always had, or the
+/// safer ones (see docs/careful-entry.md).
+enum class TEntryRules : std::int32_t { Classic = 0, Careful = 1 };
+
 /// Alignments that columns offer; a grid column holds any number from 0 (left, top) to 9 (general).
 enum class TColumnAlignment : std::int32_t { ColumnLeft = 1, ColumnCentre = 4, ColumnRight = 7 };
 

@@ -136,6 +136,9 @@ constexpr std::array memberTable{
     readOnly<&Tablio::IsEditing>("IsEditing", 0x68040000, Type::Boolean),
     readOnly<&Tablio::CurrentRow>("CurrentRow", 0x68040001, Type::Long),
     readOnly<&Tablio::CurrentCol>("CurrentCol", 0x68040002, Type::Long),
+    stored(property<&Tablio::EntryRules, &Tablio::setEntryRules>("EntryRules", 0x68040010, Type::EntryRules), {26, 24, Kept::Long, 0}),
+    stored(property<&Tablio::TabWalks, &Tablio::setTabWalks>("TabWalks", 0x68040011, Type::Boolean), {27, 25, Kept::Boolean, -1}),
+    method<&Tablio::UndoTableClear>("UndoTableClear", 0x60040010, {}, Type::Boolean),
 };
 // clang-format on
 
@@ -170,11 +173,13 @@ constexpr std::array calcStyles{named("NoStyle", TCalcStyle::NoStyle),
 constexpr std::array alignments{named("ColumnLeft", TColumnAlignment::ColumnLeft),
                                 named("ColumnCentre", TColumnAlignment::ColumnCentre),
                                 named("ColumnRight", TColumnAlignment::ColumnRight)};
+constexpr std::array entryRules{named("Classic", TEntryRules::Classic),
+                                named("Careful", TEntryRules::Careful)};
 
 constexpr std::array enumerationTable{
     Enumeration{"TColumnStyle", columnStyles},   Enumeration{"TColumnType", columnTypes},
     Enumeration{"TDataType", dataTypes},         Enumeration{"TCalcStyle", calcStyles},
-    Enumeration{"TColumnAlignment", alignments},
+    Enumeration{"TColumnAlignment", alignments}, Enumeration{"TEntryRules", entryRules},
 };
 
 Value keptAs(Value::Type type, double number) {
@@ -196,10 +201,10 @@ const Row &find(std::span<const Row> table, Matches matches, const std::string &
 } // namespace
 
 std::string_view nameOf(MemberType type) noexcept {
-    static constexpr std::array<std::string_view, 14> names{
+    static constexpr std::array<std::string_view, 15> names{
         "",          "Boolean",    "16-bit integer",   "32-bit integer", "String",
         "OLE_COLOR", "Font",       "TMatrix",          "TColumnStyle",   "TColumnType",
-        "TDataType", "TCalcStyle", "TColumnAlignment", "Variant"};
+        "TDataType", "TCalcStyle", "TColumnAlignment", "TEntryRules",    "Variant"};
     return names[static_cast<std::size_t>(type)];
 }
 

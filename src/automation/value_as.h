@@ -28,6 +28,7 @@ template <> inline constexpr MemberType memberTypeOf<TColumnStyle> = MemberType:
 template <> inline constexpr MemberType memberTypeOf<TColumnType> = MemberType::ColumnType;
 template <> inline constexpr MemberType memberTypeOf<TDataType> = MemberType::DataType;
 template <> inline constexpr MemberType memberTypeOf<TCalcStyle> = MemberType::CalcStyle;
+template <> inline constexpr MemberType memberTypeOf<TEntryRules> = MemberType::EntryRules;
 template <>
 inline constexpr MemberType memberTypeOf<TColumnAlignment> = MemberType::ColumnAlignment;
 

@@ -2,6 +2,8 @@
 
 #include <tablio/members.h>
 
+#include <utility>
+
 namespace tablio {
 
 Control::Control()
@@ -97,7 +99,18 @@ void Control::chooseMenu(MenuEntry entry) {
         settledRows().insertAtMark();
     else if (entry == MenuEntry::mnuRemoveRow)
         settledRows().removeMarked();
-    else
+    else if (!asksToClear())
+        settledRows().clear();
+}
+
+bool Control::asksToClear() {
+    isClearAsked_ = state.rules().clearsWithCare &&
+                    state.link.face().showQuestion("Table Clear", "Clear the whole table?");
+    return isClearAsked_;
+}
+
+void Control::questionAnswered(bool yes) {
+    if (std::exchange(isClearAsked_, false) && yes)
         settledRows().clear();
 }
 

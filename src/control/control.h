@@ -56,6 +56,8 @@ public:
     [[nodiscard]] MenuState menuState(MenuEntry entry) const noexcept;
     /// Does what an entry of the pop-up menu says; a disabled entry does nothing.
     void chooseMenu(MenuEntry entry);
+    /// The operator has answered what the face asked last.
+    void questionAnswered(bool yes);
     /// Tells the face that a property has another value.
     void notify(std::string_view property);
 
@@ -65,8 +67,11 @@ private:
     void gridScroll() override;
     void gridAreaChanged(const Rect &area) override;
     void widgetChanged(WidgetId widget) override;
+    [[nodiscard]] bool asksToClear();
     void focusLost(WidgetId widget);
     void focusGot(WidgetId widget);
+
+    bool isClearAsked_ = false;
 };
 
 } // namespace tablio

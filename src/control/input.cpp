@@ -150,6 +150,8 @@ bool Input::wantsKey(KeyCode key, ShiftState shift, bool typesText) const noexce
     case Key::A:
     case Key::X:
     case Key::Z:
+        if (key == Key::Z && shift == Shift::Ctrl && control_->rows.canUndoClear())
+            return true;
         return (shift & Shift::Ctrl) != 0 ? isEditing : typesText;
     case Key::F2:
     case Key::F10:
@@ -239,6 +241,8 @@ void Input::calendarPicked(EditNumber edit, const Date &day) {
 }
 
 void Input::menuChosen(MenuEntry entry) { Call(control_)->chooseMenu(entry); }
+
+void Input::questionAnswered(bool yes) { Call(control_)->questionAnswered(yes); }
 
 void Input::resized(Twips width, Twips height) {
     Call(control_)->state.grid.view.setSize(width, height);

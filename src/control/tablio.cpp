@@ -68,6 +68,22 @@ void Tablio::setFixedCols(int count) {
                 [&](Control &control) { control.state.grid.table.setFixedCols(count); });
 }
 
+TEntryRules Tablio::EntryRules() const { return control_->state.settings.EntryRules; }
+
+void Tablio::setEntryRules(TEntryRules rules) {
+    setProperty(control_, "EntryRules", [&](Control &control) {
+        control.session.EndCellEdit();
+        control.state.settings.EntryRules = rules;
+    });
+}
+
+bool Tablio::TabWalks() const { return control_->state.settings.TabWalks; }
+
+void Tablio::setTabWalks(bool walks) {
+    setProperty(control_, "TabWalks",
+                [&](Control &control) { control.state.settings.TabWalks = walks; });
+}
+
 bool Tablio::WithFixedColumn() const { return control_->state.settings.WithFixedColumn; }
 
 void Tablio::setWithFixedColumn(bool fixed) {

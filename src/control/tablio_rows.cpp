@@ -41,6 +41,8 @@ void Tablio::ResetRow(int Row) {
 
 void Tablio::TableClear() { Call(control_)->settledRows().clear(); }
 
+bool Tablio::UndoTableClear() { return Call(control_)->settledRows().undoClear(); }
+
 int Tablio::DataCount() const { return Call(control_)->rows.dataCount(); }
 
 void Tablio::CellFocus(int nRow, int nCol) {

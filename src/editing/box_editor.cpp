@@ -65,7 +65,15 @@ bool BoxEditor::keyDown(KeyCode key, ShiftState shift) {
     if (clipboardKey(key, shift))
         return true;
     const bool isCommand = (shift & (Shift::Ctrl | Shift::Alt)) != 0;
-    if (key == Key::Escape && !isCommand) {
+    const bool walks = key == Key::Tab && state_.walksByTab(shift);
+    const bool back = shift == Shift::Shift;
+    if (walks && !navigator_.canWalk(back))
+        return false;
+    if (walks && mayLeave()) {
+        session_.leave([this, back] { navigator_.walk(back); });
+    } else if (walks) {
+        return true;
+    } else if (key == Key::Escape && !isCommand) {
         session_.cancel();
     } else if (key == Key::F10 && !isCommand) {
         pressButton();
@@ -134,9 +142,9 @@ void BoxEditor::keyPress(char32_t character) {
     if (taken == 0 || !typed.isSameEdit())
         return;
     if (taken == back)
-        box_.backspace();
+        erase();
     else
-        box_.type(taken);
+        enter(taken);
 }
 
 char32_t BoxEditor::askHost(char32_t code) {

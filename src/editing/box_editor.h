@@ -55,6 +55,9 @@ protected:
     virtual void typeFirst(const EditStart &start);
     /// The character as it enters the text; 0 for one that does not.
     virtual char32_t admitted(char32_t character) = 0;
+    /// Puts the character in place of the selection, or takes one away.
+    virtual void enter(char32_t character) { box_.type(character); }
+    virtual void erase() { box_.backspace(); }
     /// The host has heard of a change, and the edit goes on.
     virtual void changed() {}
     [[nodiscard]] virtual bool leavesBy(KeyCode key, ShiftState shift) const;

@@ -37,6 +37,9 @@ public:
     /// a column without lookup. Throws GridError outside the grid.
     void setLookupResult(CellAddress cell, const std::string &value);
 
+    /// Gives back what was cleared by mistake just now. Answers whether there was something.
+    bool undoClear() { return rows_.undoClear(); }
+
     /// Whether a text holds more than one cell.
     [[nodiscard]] static bool isBlock(std::string_view text);
 

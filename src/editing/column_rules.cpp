@@ -1,6 +1,7 @@
 #include "editing/column_rules.h"
 
 #include "model/text/date_reader.h"
+#include "model/text/digits.h"
 #include "model/text/number_text.h"
 #include "model/text/trim.h"
 #include "model/text/utf16.h"
@@ -13,6 +14,8 @@ std::optional<std::string> acceptableNumber(const ControlState &state, int col,
                                             std::string_view text, int room) {
     const ColumnSettings &columns = state.columns;
     const NumberFormat signs = state.link.face().numberFormat();
+    if (state.rules().mindsGroups && !hasProperGroups(text, signs))
+        return std::nullopt;
     const std::optional<Decimal> value = Decimal::parse(text, signs);
     if (!value || (value->isNegative() && columns.ColDataType(col) == TDataType::Positive))
         return std::nullopt;
@@ -54,7 +57,11 @@ std::optional<std::string> acceptableText(const ControlState &state, int col, st
                                           int room) {
     while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
         text.remove_suffix(1);
-    const std::string_view whole = trimmed(text);
+    const bool isText =
+        !state.columns.isNumeric(col) && state.columns.ColEditType(col) != TColumnType::ColumnDate;
+    const std::string digits =
+        !isText && state.rules().takesAllDigits ? withPlainDigits(text) : std::string(text);
+    const std::string_view whole = trimmed(digits);
     if (state.columns.isNumeric(col))
         return acceptableNumber(state, col, whole, room);
     if (state.columns.ColEditType(col) == TColumnType::ColumnDate)

@@ -55,8 +55,8 @@ void ComboEditor::moveOn(KeyCode key) {
     const GridTable &table = state_.grid.table;
     const bool isFirst =
         state_.settings.WithFixedColumn ? cell.col == state_.settings.PrimaryColumn : cell.col < 1;
-    if (key == Key::Enter)
-        navigator_.advance();
+    if (key == Key::Enter || state_.rules().skipsClosedCells)
+        BoxEditor::moveOn(key);
     else if (key == Key::Left && !isFirst)
         navigator_.moveTo({cell.row, cell.col - 1});
     else if (key == Key::Right && cell.col != table.Cols() - 1)

@@ -1,7 +1,9 @@
 #include "editing/date_editor.h"
 
 #include "editing/column_rules.h"
+#include "model/text/date_reader.h"
 #include "model/text/date_text.h"
+#include "model/text/digits.h"
 #include "model/text/trim.h"
 
 #include <algorithm>
@@ -74,24 +76,44 @@ void DateEditor::paste(std::string_view text) {
     else if (digits.size() < 8 && digits.find_first_not_of("0123456789") == std::string_view::npos)
         box_.insert(digits);
     else
-        warn();
+        warn(digits);
 }
 
 bool DateEditor::mayLeave() {
-    if (IsBlankDate(box_.Text()) || !IsDateInvalid(box_.Text()))
+    if (IsBlankDate(box_.Text()) || !IsDateInvalid(entered()))
         return true;
-    warn();
+    warn(entered());
     return false;
 }
 
-void DateEditor::warn() { state_.link.face().showWarning("Warning", "Date Input Error ..."); }
+void DateEditor::warn(std::string_view text) {
+    state_.link.face().showWarning("Warning", state_.rules().explainsDates
+                                                  ? whatIsWrongWith(text)
+                                                  : std::string("Date Input Error ..."));
+}
+
+/// What the box holds, a year of two digits completed where the rules say so.
+std::string DateEditor::entered() const {
+    const std::string &text = box_.Text();
+    constexpr std::size_t shortLength = 8;
+    const bool isShort = text.find('_') == shortLength && state_.rules().takesShortYears;
+    const auto date =
+        isShort ? readDate(text.substr(0, shortLength), DateOrder::DayMonthYear) : std::nullopt;
+    return date.value_or(text);
+}
+
+char32_t DateEditor::admitted(char32_t character) {
+    return askHost(state_.rules().takesAllDigits ? plainDigit(character) : character);
+}
 
 EditResult DateEditor::result(bool accepted) const {
     // A calendar that is closed without a pick leaves the cell as Esc does.
     accepted = accepted && !isCalendarOpen();
-    std::string text = accepted ? box_.Text() : loaded_;
+    std::string text = accepted ? entered() : loaded_;
     // Only a date, or no date at all, gets into the cell.
     const bool drops = IsDateInvalid(text) && !IsBlankDate(text);
+    if (drops && state_.rules().keepsOldDate)
+        return {std::nullopt, text, false, true};
     if (IsDateInvalid(text))
         text = MaskedBox::blankText;
     const bool isBlank = IsBlankDate(text);

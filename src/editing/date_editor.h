@@ -34,12 +34,13 @@ private:
     [[nodiscard]] PlainWidget *buttonFor(const EditStart &start) const override;
     void load(const EditStart &start, const std::string &text) override;
     void typeFirst(const EditStart &start) override;
-    char32_t admitted(char32_t character) override { return askHost(character); }
+    char32_t admitted(char32_t character) override;
     [[nodiscard]] bool mayLeave() override;
     [[nodiscard]] bool isCalendarOpen() const noexcept { return state_.isCalendarOpen(); }
     void placeCalendar();
     void hideCalendar();
-    void warn();
+    void warn(std::string_view text);
+    [[nodiscard]] std::string entered() const;
 
     MaskedBox &box_;
     /// What the box was opened with, in its mask.

@@ -43,8 +43,8 @@ void EditSession::BeginCellEdit(const EditStart &start) {
     state_.grid.view.ensureVisible(cell.row, cell.col);
     BoxEditor &editor = editorFor_(state_.columns.ColEditType(cell.col));
     const EditNumber number = ++count_;
-    open_ =
-        OpenEdit{number, &editor, Standing(state_, *this, cell), cells_.content(cell), true, {}};
+    open_ = OpenEdit{number, &editor, Standing(state_, *this, cell), cells_.content(cell), true,
+                     false,  {}};
     LastKey_ = static_cast<std::int16_t>(start.Key);
     editor.open(start, state_.grid.view.cellRect(cell.row, cell.col),
                 cells_.read(cell.row, cell.col));
@@ -70,9 +70,11 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     // From here on the edit is over, whatever handlers do.
     const OpenEdit edit = *std::exchange(open_, std::nullopt);
     const CellAddress cell = edit.begun.cell();
-    const EditResult result =
-        edit.answer ? *edit.answer : edit.editor->result(Accept && edit.accepts);
     const std::string oldText = edit.editor->oldText();
+    const bool isUntouched = !edit.isTouched && state_.rules().keepsUntouched;
+    const EditResult result = edit.answer   ? *edit.answer
+                              : isUntouched ? EditResult{std::nullopt, oldText, false}
+                                            : edit.editor->result(Accept && edit.accepts);
     edit.editor->hide();
     if (edit.begun.isSameCell())
         state_.grid.view.invalidateFramed(cell.row, cell.col);
@@ -158,6 +160,7 @@ void EditSession::answer(EditResult result, const std::function<void()> &move) {
 bool EditSession::reportChange(std::string_view text) {
     if (!open_)
         return false;
+    open_->isTouched = true;
     const Standing changed(state_, *this, cell_);
     state_.link.EditOnChange(cell_, text);
     if (changed.isSameEdit())

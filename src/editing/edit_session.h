@@ -113,6 +113,7 @@ private:
         Standing begun;
         CellContent before;
         bool accepts = true;
+        bool isTouched = false;
         /// What the host has said in place of the editor.
         std::optional<EditResult> answer;
     };

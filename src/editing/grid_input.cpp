@@ -41,6 +41,14 @@ bool GridInput::act(KeyCode key, ShiftState shift) {
         popUpMenuAtCell();
         return true;
     }
+    if (key == Key::Tab && state_.walksByTab(shift)) {
+        const bool back = shift == Shift::Shift;
+        const bool walks = navigator_.canWalk(back);
+        navigator_.walk(back);
+        return walks;
+    }
+    if (ctrl && key == Key::Z && replacement_.undoClear())
+        return true;
     if (plain && key == Key::Delete) {
         clearCell();
         return true;

@@ -25,6 +25,10 @@ void Navigator::jumpTo(CellAddress cell) {
 
 void Navigator::advance() {
     const FlexGrid &grid = state_.grid;
+    if (const std::optional<CellAddress> next = nextInput()) {
+        moveTo(*next);
+        return;
+    }
     if (grid.Col() < lastCol()) {
         moveTo({grid.Row(), grid.Col() + 1});
         return;
@@ -35,7 +39,7 @@ void Navigator::advance() {
 
 void Navigator::advanceUnedited() {
     const FlexGrid &grid = state_.grid;
-    if (grid.Col() != lastCol()) {
+    if (grid.Col() != lastCol() || nextInput()) {
         advance();
         return;
     }
@@ -46,29 +50,99 @@ void Navigator::advanceUnedited() {
         moveTo({returned.row + 1, returned.col});
 }
 
+std::optional<CellAddress> Navigator::nextInput() const {
+    const FlexGrid &grid = state_.grid;
+    const auto takesInput = [&](int col) {
+        return isOpenCol(col) && (state_.columns.isInput(col) || state_.isCheckCell({0, col}));
+    };
+    const auto firstFrom = [&](int col) {
+        while (col <= lastCol() && !takesInput(col))
+            ++col;
+        return col;
+    };
+    if (!state_.rules().skipsClosedCells)
+        return std::nullopt;
+    if (const int col = firstFrom(grid.Col() + 1); col <= lastCol())
+        return CellAddress{grid.Row(), col};
+    const int first = firstFrom(state_.firstColumn());
+    if (first > lastCol())
+        return std::nullopt;
+    return CellAddress{nextRow(grid.Row(), std::max(grid.Row(), state_.lastDataRow())), first};
+}
+
+bool Navigator::isOpenCol(int col) const {
+    return !state_.rules().skipsClosedCells || state_.grid.table.ColWidth(col) > 0;
+}
+
+int Navigator::nextRow(int from, int last) const {
+    const int step = last < from ? -1 : 1;
+    for (int row = from; row != last;) {
+        row += step;
+        if (!state_.rules().skipsClosedCells || state_.grid.table.RowHeight(row) > 0)
+            return row;
+    }
+    return from;
+}
+
+int Navigator::nextCol(int from, int last) const {
+    const int step = last < from ? -1 : 1;
+    for (int col = from; col != last;) {
+        col += step;
+        if (isOpenCol(col))
+            return col;
+    }
+    return from;
+}
+
+std::optional<CellAddress> Navigator::walked(bool back) const {
+    const auto [row, col] = state_.grid.current();
+    const int first = firstReachableCol();
+    const int edge = back ? first : lastCol();
+    if (state_.grid.table.hasCell(row, col) && (back ? col > edge : col < edge)) {
+        if (const int next = nextCol(col, edge); next != col)
+            return CellAddress{row, next};
+    }
+    const int last = back ? firstRow() : state_.grid.table.Rows() - 1;
+    if (back ? row <= last : row >= last)
+        return std::nullopt;
+    const int next = nextRow(row, last);
+    const int start = back ? lastCol() : first;
+    const int open = start <= lastCol() && isOpenCol(start) ? start : nextCol(start, edge);
+    if (next == row || !state_.grid.table.hasCell(next, open))
+        return std::nullopt;
+    return CellAddress{next, open};
+}
+
+void Navigator::walk(bool back) {
+    if (const std::optional<CellAddress> cell = walked(back))
+        moveTo(*cell);
+}
+
 void Navigator::up() {
     const FlexGrid &grid = state_.grid;
-    moveTo({std::max(grid.Row() - 1, firstRow()), grid.Col()});
+    const int first = firstRow();
+    moveTo({grid.Row() > first ? nextRow(grid.Row(), first) : first, grid.Col()});
 }
 
 void Navigator::down() {
     const FlexGrid &grid = state_.grid;
     if (grid.Row() < state_.lastDataRow())
-        moveTo({grid.Row() + 1, grid.Col()});
+        moveTo({nextRow(grid.Row(), state_.lastDataRow()), grid.Col()});
 }
 
 void Navigator::left() {
     const FlexGrid &grid = state_.grid;
     if (grid.Col() > firstReachableCol())
-        moveTo({grid.Row(), grid.Col() - 1});
+        moveTo({grid.Row(), nextCol(grid.Col(), firstReachableCol())});
 }
 
 void Navigator::right() {
     const FlexGrid &grid = state_.grid;
-    if (grid.Col() < lastCol())
-        moveTo({grid.Row(), grid.Col() + 1});
+    const int next = grid.Col() < lastCol() ? nextCol(grid.Col(), lastCol()) : grid.Col();
+    if (next != grid.Col())
+        moveTo({grid.Row(), next});
     else if (grid.Row() < state_.lastDataRow())
-        moveTo({grid.Row() + 1, state_.firstColumn()});
+        moveTo({nextRow(grid.Row(), state_.lastDataRow()), state_.firstColumn()});
 }
 
 bool Navigator::keyDown(KeyCode key, ShiftState shift) {
@@ -86,13 +160,14 @@ bool Navigator::keyDown(KeyCode key, ShiftState shift) {
         if (ctrl)
             jumpTo({grid.Row(), lastCol()});
         else if (grid.Col() < lastCol())
-            right();
+            moveTo({grid.Row(), nextCol(grid.Col(), lastCol())});
         return true;
     case Key::Up:
-        jumpTo({ctrl ? firstRow() : std::max(firstRow(), grid.Row() - 1), grid.Col()});
+        jumpTo({ctrl || grid.Row() <= firstRow() ? firstRow() : nextRow(grid.Row(), firstRow()),
+                grid.Col()});
         return true;
     case Key::Down:
-        jumpTo({ctrl ? bottom : std::min(bottom, grid.Row() + 1), grid.Col()});
+        jumpTo({ctrl || grid.Row() >= bottom ? bottom : nextRow(grid.Row(), bottom), grid.Col()});
         return true;
     case Key::PageUp:
         jumpTo({std::max(firstRow(), grid.Row() - page), grid.Col()});

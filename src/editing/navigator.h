@@ -5,6 +5,8 @@
 
 #include "state/control_state.h"
 
+#include <optional>
+
 namespace tablio {
 
 class Navigator {
@@ -30,12 +32,25 @@ public:
     /// From the last column to the first one of the next row, if there is one.
     void right();
 
+    /// To the next or the previous cell of the table, over the ends of rows. Where there is none,
+    /// canWalk answers False and nothing moves.
+    [[nodiscard]] bool canWalk(bool back) const { return walked(back).has_value(); }
+    void walk(bool back);
+
     /// Cursor keys while no editor is open: arrows, Home, End and pages; with Ctrl to the table's
     /// corners. Answers whether the key is one of those.
     bool keyDown(KeyCode key, ShiftState shift);
 
 private:
     [[nodiscard]] int firstRow() const noexcept;
+    /// The nearest row, or column, that may be entered on one side of this one and not beyond last;
+    /// `from` itself where there is none.
+    [[nodiscard]] int nextRow(int from, int last) const;
+    [[nodiscard]] int nextCol(int from, int last) const;
+    [[nodiscard]] bool isOpenCol(int col) const;
+    [[nodiscard]] std::optional<CellAddress> walked(bool back) const;
+    /// Where Enter goes on by the careful rules; nothing where no column takes input.
+    [[nodiscard]] std::optional<CellAddress> nextInput() const;
     [[nodiscard]] int lastCol() const noexcept { return state_.grid.table.Cols() - 1; }
     [[nodiscard]] int firstReachableCol() const noexcept;
 

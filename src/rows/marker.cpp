@@ -63,6 +63,13 @@ void Marker::mark(int row) {
     });
 }
 
+void Marker::forget() {
+    isMarked_ = false;
+    MarkRow_ = -1;
+    before_.clear();
+    state_.link.markChanged();
+}
+
 void Marker::unmarkQuietly() {
     const int row = std::exchange(MarkRow_, std::int16_t{-1});
     isMarked_ = false;

@@ -26,6 +26,8 @@ public:
         if (isMarked())
             toggle();
     }
+    /// No row is marked any more; the looks of the cells stay as they are.
+    void forget();
 
 private:
     struct Colours {

@@ -63,7 +63,13 @@ void RowStock::add() {
         table.checkRow(last, "AddRow");
     append();
     bringCursorTo({state_.lastDataRow(), state_.settings.PrimaryColumn});
+    followByStripes();
     state_.link.TableChange();
+}
+
+void RowStock::followByStripes() {
+    if (state_.rules().repaintsStripes)
+        appearance_.repaintStripes();
 }
 
 int RowStock::takeMark() {
@@ -135,6 +141,7 @@ void RowStock::finishMove(int row) {
     RenumberFixedColumns();
     bringCursorTo({row, state_.settings.PrimaryColumn});
     state_.grid.setFocusRect(2);
+    followByStripes();
     state_.link.TableChange();
 }
 
@@ -156,6 +163,10 @@ void RowStock::reset(int row) {
 
 void RowStock::clear() {
     FlexGrid &grid = state_.grid;
+    cleared_.reset();
+    const bool isCareful = state_.rules().clearsWithCare;
+    if (isCareful)
+        marker_.forget();
     {
         const RedrawOff redrawOff(grid);
         {
@@ -172,7 +183,10 @@ void RowStock::clear() {
                 headers.push_back({std::string(trimmed(grid.table.TextMatrix(0, col))),
                                    style.foreColor, style.backColor});
             }
-            grid.table.Clear();
+            if (isCareful)
+                cleared_ = Cleared{grid.table.takeContent(), CellTag_};
+            else
+                grid.table.Clear();
             for (int col = 0; col < cols; ++col) {
                 const Header &header = headers[static_cast<std::size_t>(col)];
                 grid.table.setTextMatrix(0, col, header.text);
@@ -187,6 +201,10 @@ void RowStock::clear() {
         RenumberFixedColumns();
     }
     CellTag_ = std::make_shared<TMatrix>();
+    if (cleared_) {
+        cleared_->writes = writes();
+        cleared_->shiftStamp = grid.table.shiftStamp();
+    }
     // The column first, as the host hears it.
     grid.setCol(state_.firstColumn());
     bringCursorTo({grid.table.FixedRows(), grid.Col()});
@@ -194,6 +212,25 @@ void RowStock::clear() {
         grid.view.setTopRow(grid.table.FixedRows());
     state_.link.TableChange();
     appearance_.repaintStripes();
+}
+
+bool RowStock::undoClear() {
+    FlexGrid &grid = state_.grid;
+    std::optional<Cleared> cleared = std::exchange(cleared_, std::nullopt);
+    if (!cleared || cleared->writes != writes() || cleared->shiftStamp != grid.table.shiftStamp() ||
+        !grid.table.setContent(std::move(cleared->content)))
+        return false;
+    CellTag_ = std::move(cleared->tags);
+    RenumberFixedColumns();
+    state_.link.TableChange();
+    return true;
+}
+
+std::uint64_t RowStock::writes() const {
+    std::uint64_t sum = 0;
+    for (int col = 0; col < state_.grid.table.Cols(); ++col)
+        sum += state_.grid.table.columnWrites(col);
+    return sum;
 }
 
 void RowStock::setCellTag(std::shared_ptr<TMatrix> tags) {

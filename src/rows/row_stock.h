@@ -36,6 +36,10 @@ public:
     /// Blanks a row; its automatic number stays and no event is raised.
     void reset(int row);
     void clear();
+    /// Gives back what the last clear wiped, where that is kept and nothing was written since.
+    /// Answers whether it was so.
+    bool undoClear();
+    [[nodiscard]] bool canUndoClear() const noexcept { return cleared_.has_value(); }
     /// While the table is being wiped, cell entry and row change mean nothing.
     [[nodiscard]] bool IsClearing() const noexcept { return IsClearing_; }
     /// The host's own values, kept in step with the rows.
@@ -65,6 +69,8 @@ private:
     void bringCursorTo(CellAddress cell);
     /// Whatever was tagged where a blank row stands now.
     void forgetTags(int row);
+    [[nodiscard]] std::uint64_t writes() const;
+    void followByStripes();
     [[nodiscard]] bool isNumbered(int col) const;
     /// Writes the number of the last row, where all rows before it have theirs.
     [[nodiscard]] bool numberLastRow();
@@ -88,6 +94,14 @@ private:
 
         friend bool operator==(const Numbering &, const Numbering &) = default;
     };
+    /// What a clear wiped, and how much had been written when it was over.
+    struct Cleared {
+        GridTable::Content content;
+        std::shared_ptr<TMatrix> tags;
+        std::uint64_t writes = 0;
+        std::uint64_t shiftStamp = 0;
+    };
+    std::optional<Cleared> cleared_;
     [[nodiscard]] Numbering numberingNow() const;
     std::optional<Numbering> numbering_;
     /// The columns that have held numbers since watchNumbers().

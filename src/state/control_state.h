@@ -6,6 +6,7 @@
 
 #include "model/grid/flex_grid.h"
 #include "state/column_settings.h"
+#include "state/entry_rules.h"
 #include "state/host_link.h"
 #include "widgets/calendar.h"
 #include "widgets/combo_box.h"
@@ -29,6 +30,9 @@ struct Settings {
     std::int16_t CheckBoxes = 0;
     bool GridPopUpMenu = true;
     bool Enabled = true;
+    TEntryRules EntryRules = TEntryRules::Classic;
+    /// Whether Tab walks the cells where the rules let it.
+    bool TabWalks = true;
     /// The control's redraw switch and loaded flag.
     bool SetStatusCell = false;
 };
@@ -94,6 +98,13 @@ struct ControlState {
     }
     [[nodiscard]] bool isCursorOnCell() const noexcept {
         return grid.table.hasCell(cursor.CurrentRow(), cursor.CurrentCol());
+    }
+    [[nodiscard]] bool walksByTab(ShiftState shift) const noexcept {
+        return settings.TabWalks && rules().mayWalkByTab &&
+               (shift == Shift::None || shift == Shift::Shift);
+    }
+    [[nodiscard]] EntryRuleSet rules() const noexcept {
+        return EntryRuleSet::of(settings.EntryRules);
     }
     [[nodiscard]] bool isCalendarOpen() const noexcept { return widgets.picDate.Visible(); }
     /// The grid takes no input while the calendar lies over it.

@@ -36,7 +36,8 @@ TEST(Properties, AllAreWrittenReadAndToldByName) {
                                                       : QVariant(value.toInt() + 1);
         told = QStringList();
         EXPECT_TRUE(property.write(&grid, value)) << property.name();
-        EXPECT_EQ(property.read(&grid), value) << property.name();
+        const QVariant read = property.read(&grid);
+        EXPECT_EQ(property.isEnumType() ? QVariant(read.toInt()) : read, value) << property.name();
         name[0] = name[0].toUpper();
         if (name != "SetStatusCell" && name != "MarkRow") {
             EXPECT_TRUE(told.contains(name)) << property.name();

@@ -72,7 +72,9 @@ TEST(NumberText, KeyFiltersTakeOnlyWhatANumberCanHold) {
         {"12", 2, 0, '.', all, true, false},
         {"12", 2, 0, ',', all, false, false},
         {"12.5", 4, 0, '.', all, false, false},
-        {"12.5", 0, 4, '.', positive, false, false},
+        {"12.5", 0, 4, '.', positive, true, false}, // in place of the other one
+        {"12.5", 1, 2, '.', all, true, false},
+        {"-12", 0, 2, '-', all, true, true},
         // The minus sign, once and in front.
         {"12", 0, 0, '-', all, true, true},
         {"12", 1, 0, '-', negative, false, false},

@@ -88,6 +88,18 @@ void QtFace::showWarning(std::string_view title, std::string_view text) {
     box->open();
 }
 
+bool QtFace::showQuestion(std::string_view title, std::string_view text) {
+    auto *box = new QMessageBox(QMessageBox::Question, toQString(title), toQString(text),
+                                QMessageBox::Yes | QMessageBox::No, &parts_.widget);
+    box->setDefaultButton(QMessageBox::No);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(box, &QMessageBox::finished, &parts_.widget, [&parts = parts_](int answer) {
+        guarded([&] { parts.input().questionAnswered(answer == QMessageBox::Yes); });
+    });
+    box->open();
+    return true;
+}
+
 std::string QtFace::clipboardText() { return fromQString(QGuiApplication::clipboard()->text()); }
 
 void QtFace::setClipboardText(std::string_view text) {

@@ -24,6 +24,7 @@ public:
     void scrolled() override;
     void popUpMenu(Twips x, Twips y) override;
     void showWarning(std::string_view title, std::string_view text) override;
+    [[nodiscard]] bool showQuestion(std::string_view title, std::string_view text) override;
 
     [[nodiscard]] std::string clipboardText() override;
     void setClipboardText(std::string_view text) override;

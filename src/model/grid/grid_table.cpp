@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 namespace tablio {
 
@@ -125,6 +126,25 @@ void GridTable::Clear() {
     styles_.clear();
     ++shiftStamp_;
     observer_.tableChanged();
+}
+
+GridTable::Content GridTable::takeContent() {
+    Content taken{std::exchange(store_, {}), std::exchange(styles_, {})};
+    store_.setRows(taken.cells.rows());
+    store_.setCols(taken.cells.cols());
+    ++shiftStamp_;
+    observer_.tableChanged();
+    return taken;
+}
+
+bool GridTable::setContent(Content content) {
+    if (content.cells.rows() != Rows() || content.cells.cols() != Cols())
+        return false;
+    store_ = std::move(content.cells);
+    styles_ = std::move(content.styles);
+    ++shiftStamp_;
+    observer_.tableChanged();
+    return true;
 }
 
 std::string_view GridTable::TextMatrix(int row, int col) const {

@@ -67,6 +67,15 @@ public:
     void replaceRow(int Index, int to);
     /// Wipes the texts and looks of all cells, fixed ones included.
     void Clear();
+    /// What the cells hold and how they look, all together.
+    struct Content {
+        CellStore cells;
+        StyleTable styles;
+    };
+    /// Like Clear, for who may want it back.
+    [[nodiscard]] Content takeContent();
+    /// Answers False, with nothing changed, where the table has other counts now.
+    bool setContent(Content content);
 
     [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, std::string_view text);

@@ -92,4 +92,22 @@ std::optional<std::string> readDate(std::string_view text, DateOrder order) {
                                             : dateOf(first, second, third);
 }
 
+std::string whatIsWrongWith(std::string_view text) {
+    const std::string typed(text);
+    if (text.size() != 10 || text[2] != '/' || text[5] != '/')
+        return "This is no date: " + typed;
+    if (text.find('_') != std::string_view::npos)
+        return "The date is not complete: " + typed;
+    const std::string month(text.substr(3, 2));
+    const std::string year(text.substr(6));
+    if (year < "1000")
+        return "A year has four digits, from 1000 on: " + typed;
+    for (int last = 31; last > 27; --last) {
+        const std::string day = std::to_string(last);
+        if (!IsDateInvalid(day + '/' + month + '/' + year))
+            return typed + ": month " + month + " of " + year + " has the days 1 to " + day;
+    }
+    return "There are the months 1 to 12: " + typed;
+}
+
 } // namespace tablio

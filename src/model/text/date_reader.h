@@ -18,4 +18,7 @@ namespace tablio {
 /// anything else, nor for a day that does not exist.
 std::optional<std::string> readDate(std::string_view text, DateOrder order);
 
+/// Tells people why a text of the date box, or one that was pasted, is no date.
+std::string whatIsWrongWith(std::string_view text);
+
 } // namespace tablio

@@ -38,15 +38,19 @@ bool isSignRule(TDataType dataType) noexcept {
            dataType == TDataType::Negative;
 }
 
+/// What the key will stand in: it takes the place of the selection.
+std::string textWithoutSelection(const EditorText &editor) {
+    std::string text(editor.text);
+    const std::size_t from = utf16::byteOffset(text, editor.selStart);
+    const std::size_t to = utf16::byteOffset(text, editor.selStart + editor.selLength);
+    return text.erase(from, to - from);
+}
+
 /// The part of both filters that guards the leading minus sign of a signed column.
-bool breaksLeadingMinus(std::int16_t key, const EditorText &editor) noexcept {
-    const bool allSelected = editor.selLength == utf16::length(editor.text);
-    if (key == '-') {
-        const bool hasMinus = editor.text.find('-') != std::string_view::npos;
-        return editor.selStart != 0 || (hasMinus && !allSelected);
-    }
-    const bool beforeMinus = !editor.text.empty() && editor.text[0] == '-' && editor.selStart == 0;
-    return beforeMinus && !allSelected;
+bool breaksLeadingMinus(std::int16_t key, int caret, std::string_view text) noexcept {
+    if (key == '-')
+        return caret != 0 || text.find('-') != std::string_view::npos;
+    return caret == 0 && text.substr(0, 1) == "-";
 }
 
 /// A number as far as it has been typed: any part may still be missing.
@@ -149,9 +153,10 @@ void FilterDecimalKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataTyp
     const bool isSeparator = isDecimalKey(key, format);
     const bool isKnown =
         isDigitKey(key) || key == backspace || isSeparator || (isSigned && key == '-');
+    const std::string text = textWithoutSelection(Editor);
     const bool secondSeparator =
-        isSeparator && findDecimalSign(Editor.text, format) != std::string_view::npos;
-    if (!isKnown || secondSeparator || (isSigned && breaksLeadingMinus(key, Editor)))
+        isSeparator && findDecimalSign(text, format) != std::string_view::npos;
+    if (!isKnown || secondSeparator || (isSigned && breaksLeadingMinus(key, Editor.selStart, text)))
         KeyAscii = 0;
 }
 
@@ -161,8 +166,49 @@ void FilterIntegerKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataTyp
     const std::int16_t key = KeyAscii;
     const bool isSigned = DataType != TDataType::Positive;
     const bool isKnown = isDigitKey(key) || key == backspace || (isSigned && key == '-');
-    if (!isKnown || (isSigned && breaksLeadingMinus(key, Editor)))
+    if (!isKnown ||
+        (isSigned && breaksLeadingMinus(key, Editor.selStart, textWithoutSelection(Editor))))
         KeyAscii = 0;
+}
+
+bool hasProperGroups(std::string_view text, const NumberFormat &format) {
+    text = text.substr(0, findDecimalSign(text, format));
+    const bool isScientific = text.find_first_of("eE") != std::string_view::npos;
+    int digitsBehind = static_cast<int>(
+        std::count_if(text.begin(), text.end(), [](char byte) { return ascii::isDigit(byte); }));
+    bool hasDigit = false;
+    bool hasGroups = false;
+    bool isProper = true;
+    for (std::size_t position = 0; position < text.size();) {
+        const std::size_t sign = groupSignLength(text, position, format);
+        if (ascii::isDigit(text[position])) {
+            hasDigit = true;
+            --digitsBehind;
+        } else if (sign > 0 && hasDigit && digitsBehind > 0) {
+            hasGroups = true;
+            isProper = isProper && format.groupsBefore(digitsBehind);
+        }
+        position += std::max<std::size_t>(sign, 1);
+    }
+    if (!hasGroups)
+        return true;
+    // Where one sign stands, all the others do.
+    const std::string whole = withoutGroups(text, format);
+    return isProper && !isScientific &&
+           utf16::length(text) - utf16::length(whole) ==
+               utf16::length(groupWhileTyping(whole, NumberKind::Integer, format)) -
+                   utf16::length(whole);
+}
+
+std::string withoutGroups(std::string_view text, const NumberFormat &format) {
+    std::string result;
+    for (std::size_t position = 0; position < text.size();) {
+        const std::size_t sign = groupSignLength(text, position, format);
+        if (sign == 0)
+            result += text[position];
+        position += std::max<std::size_t>(sign, 1);
+    }
+    return result;
 }
 
 bool isTypedNumber(std::string_view text, NumberKind kind, TDataType DataType,

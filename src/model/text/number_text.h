@@ -42,7 +42,8 @@ std::int16_t decimalKey(const NumberFormat &format) noexcept;
 /// not used and the comma does not group, and any other sign of `format` that is one UTF-16 unit.
 bool isDecimalKey(std::int16_t KeyAscii, const NumberFormat &format) noexcept;
 
-/// Sets `KeyAscii` to 0 when a decimal editor must not take it: it takes digits, Backspace, one
+/// Sets `KeyAscii` to 0 when a decimal editor must not take it, judged against the text without the
+/// selection that it replaces: it takes digits, Backspace, one
 /// decimal sign and, unless the column is `Positive`, one leading minus sign before which nothing
 /// is typed. A `DataType` outside the three sign rules lets every key pass.
 void FilterDecimalKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataType DataType,
@@ -50,6 +51,13 @@ void FilterDecimalKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataTyp
 
 /// The same for an integer editor, which takes no decimal sign.
 void FilterIntegerKey(std::int16_t &KeyAscii, const EditorText &Editor, TDataType DataType);
+
+/// Whether the grouping signs of a number stand where the locale puts them; a text without any has
+/// none in a wrong place.
+bool hasProperGroups(std::string_view text, const NumberFormat &format);
+
+/// The text without its grouping signs.
+std::string withoutGroups(std::string_view text, const NumberFormat &format);
 
 /// Whether an editor can hold `text`: a number of that kind and sign rule as far as it has been
 /// typed, any part of which may still be missing.

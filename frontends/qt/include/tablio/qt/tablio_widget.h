@@ -70,6 +70,8 @@ class TablioWidget : public QWidget {
     Q_PROPERTY(QColor checkBoxColor READ checkBoxColor WRITE setCheckBoxColor RESET
                    resetCheckBoxColor STORED false)
     Q_PROPERTY(bool headerFontBold READ headerFontBold WRITE setHeaderFontBold STORED false)
+    Q_PROPERTY(EntryRules entryRules READ entryRules WRITE setEntryRules STORED false)
+    Q_PROPERTY(bool tabWalks READ tabWalks WRITE setTabWalks STORED false)
     Q_PROPERTY(int markRow READ markRow WRITE setMarkRow DESIGNABLE false STORED false)
     Q_PROPERTY(bool markStatus READ markStatus DESIGNABLE false STORED false)
     Q_PROPERTY(bool setStatusCell READ statusCell WRITE setStatusCell DESIGNABLE false STORED false)
@@ -111,6 +113,10 @@ public:
     enum ColumnAlignment { ColumnLeft = 1, ColumnCentre = 4, ColumnRight = 7 };
     Q_ENUM(ColumnAlignment)
 
+    /// Which rules typing and moving follow; docs/careful-entry.md says where they differ.
+    enum EntryRules { Classic = 0, Careful = 1 };
+    Q_ENUM(EntryRules)
+
     explicit TablioWidget(QWidget *parent = nullptr);
     ~TablioWidget() override;
 
@@ -139,6 +145,14 @@ public:
     void setFixedRows(int count) { core().setFixedRows(count); }
     [[nodiscard]] int fixedCols() const { return core().FixedCols(); }
     void setFixedCols(int count) { core().setFixedCols(count); }
+    /// Classic at first. An open edit ends.
+    [[nodiscard]] EntryRules entryRules() const {
+        return static_cast<EntryRules>(core().EntryRules());
+    }
+    void setEntryRules(EntryRules rules) { core().setEntryRules(static_cast<TEntryRules>(rules)); }
+    /// Whether Tab walks the cells in careful entry, rather than leaves the widget.
+    [[nodiscard]] bool tabWalks() const { return core().TabWalks(); }
+    void setTabWalks(bool walks) { core().setTabWalks(walks); }
     [[nodiscard]] bool withFixedColumn() const { return core().WithFixedColumn(); }
     void setWithFixedColumn(bool fixed) { core().setWithFixedColumn(fixed); }
     /// The column that makes a row a data row.
@@ -329,6 +343,9 @@ public:
     Q_INVOKABLE void addRow() { core().AddRow(); }
     /// Wipes all data; headers stay.
     Q_INVOKABLE void tableClear() { core().TableClear(); }
+    /// Gives back what the last tableClear() wiped in careful entry, while nothing has been written
+    /// since. Answers whether there was something.
+    Q_INVOKABLE bool undoTableClear() { return core().UndoTableClear(); }
     /// The last row whose primary column holds text, 0 where none does.
     [[nodiscard]] int dataCount() const { return core().DataCount(); }
     /// Inserts a blank row at the marked row, whatever row says. Without a marked row it marks row
