@@ -153,3 +153,44 @@ TEST(Properties, AFontThatNobodySetIsTheWidgets) {
     EXPECT_EQ(w.grid->cellFontSize(1, 0), w.grid->font().pointSize());
     EXPECT_EQ(w.grid->cellFont(1, 0), w.grid->font().family());
 }
+
+TEST(Properties, ANumberIsTheSameInEveryLocaleAndByEveryWay) {
+    GridWindow w;
+    w.grid->setColFormat(2, QString());
+    w.grid->setColMaxLength(2, 0);
+    for (const char *name :
+         {"de_DE", "de_CH", "fr_FR", "pl_PL", "en_IN", "ar_EG", "fa_IR", "hi_IN", "en_US"}) {
+        for (const auto rules : {TablioWidget::Classic, TablioWidget::Careful}) {
+            SCOPED_TRACE(std::string(name) + (rules == TablioWidget::Careful ? " careful" : ""));
+            const QLocale locale{QLatin1String(name)};
+            w.grid->setLocale(locale);
+            w.grid->setEntryRules(rules);
+            const QString expected = QStringLiteral("-1234567") + locale.decimalPoint() + u'5';
+            const auto check = [&](int row, const char *way) {
+                EXPECT_EQ(w.grid->textMatrix(row, 2), expected) << way;
+                w.grid->focusCell(row, 2);
+                w.key(Qt::Key_F2);
+                w.key(Qt::Key_Return);
+                EXPECT_EQ(w.grid->textMatrix(row, 2), expected) << way << ", looked at";
+            };
+            w.grid->focusCell(1, 2);
+            w.type("-1234567");
+            w.compose({}, locale.decimalPoint());
+            w.type("5\n");
+            check(1, "typed");
+            w.grid->focusCell(2, 2);
+            w.type("-1234567");
+            w.key(Qt::Key_Period, Qt::KeypadModifier);
+            w.type("5\n");
+            check(2, "keypad");
+            const bool isPlain = locale.zeroDigit() == QStringLiteral("0");
+            if (!isPlain && rules == TablioWidget::Classic)
+                continue; // Digits of other scripts are none there.
+            QGuiApplication::clipboard()->setText(locale.toString(-1234567.5, 'f', 1));
+            w.grid->focusCell(3, 2);
+            w.key(Qt::Key_V, Qt::ControlModifier);
+            w.key(Qt::Key_Return);
+            check(3, "pasted");
+        }
+    }
+}

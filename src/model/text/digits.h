@@ -24,10 +24,14 @@ namespace tablio {
     return character;
 }
 
+/// The text with plain digits and without the marks of direction that some locales write with their
+/// signs.
 [[nodiscard]] inline std::string withPlainDigits(std::string_view text) {
     std::string result;
-    for (const char32_t character : utf16::characters(text))
-        utf16::append(result, plainDigit(character));
+    for (const char32_t character : utf16::characters(text)) {
+        if (character != 0x200E && character != 0x200F && character != 0x061C)
+            utf16::append(result, plainDigit(character));
+    }
     return result;
 }
 
