@@ -136,8 +136,8 @@ constexpr std::array memberTable{
     readOnly<&Tablio::IsEditing>("IsEditing", 0x68040000, Type::Boolean),
     readOnly<&Tablio::CurrentRow>("CurrentRow", 0x68040001, Type::Long),
     readOnly<&Tablio::CurrentCol>("CurrentCol", 0x68040002, Type::Long),
-    stored(property<&Tablio::EntryRules, &Tablio::setEntryRules>("EntryRules", 0x68040010, Type::EntryRules), {26, 24, Kept::Long, 0}),
-    stored(property<&Tablio::TabWalks, &Tablio::setTabWalks>("TabWalks", 0x68040011, Type::Boolean), {27, 25, Kept::Boolean, -1}),
+    stored(property<&Tablio::EntryRules, &Tablio::setEntryRules>("EntryRules", 0x68040010, Type::EntryRules), {26, 26, Kept::Long, 0}),
+    stored(property<&Tablio::TabWalks, &Tablio::setTabWalks>("TabWalks", 0x68040011, Type::Boolean), {27, 27, Kept::Boolean, -1}),
     method<&Tablio::UndoTableClear>("UndoTableClear", 0x60040010, {}, Type::Boolean),
 };
 // clang-format on

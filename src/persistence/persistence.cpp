@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <string>
 
 namespace tablio {
@@ -45,16 +46,20 @@ public:
 
     void read() {
         state_.settings.SetStatusCell = false;
-        readGeneral();
+        readGeneral(1, givenSettings);
         readColumns();
+        readGeneral(givenSettings + 1, std::numeric_limits<int>::max());
         attempt([&] { control_.rows.RenumberFixedColumns(); });
         state_.settings.SetStatusCell = true;
     }
 
 private:
-    void readGeneral() {
+    void readGeneral(int first, int last) {
         const Temporarily loading(control_.isLoading, true);
-        for (int place = 1; const Member *member = settingAt(&Stored::read, place); ++place) {
+        for (int place = first; place <= last; ++place) {
+            const Member *member = settingAt(&Stored::read, place);
+            if (member == nullptr)
+                return;
             attempt([&] { readGeneral(*member); });
             // Stores have always been asked for the row height twice.
             if (member->name == "CheckBoxes")
@@ -117,6 +122,9 @@ private:
     }
 
     static constexpr Twips tickColumnWidth = 300;
+    /// Containers have always been asked for these, in their order, before the columns; what came
+    /// later is asked for last.
+    static constexpr int givenSettings = 25;
 
     Tablio &tablio_;
     Control &control_;

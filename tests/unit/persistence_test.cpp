@@ -59,6 +59,8 @@ Enabled Boolean False
 RowMinHeight Long 0
 StripeColor Long 14745568
 CheckBoxColor Long 7
+EntryRules Long 1
+TabWalks Boolean False
 ColStyle0 Double 3
 ColTextHeader0 String "No."
 ColDataAlignment0 Integer 1
@@ -232,7 +234,8 @@ TEST(Persistence, KeysAreReadInTheirOrder) {
               "BackColorMarkRow ForeColorMarkRow HeaderRowHeight BackColor Enabled RowMinHeight "
               "WithFixedColumn PrimaryColumn HeaderFontBold CheckBoxes RowMinHeight StripeColor "
               "CheckBoxColor ColStyle0 ColEditType0 ColFormat0 ColMaxlength0 ColDataType0 "
-              "ColCalcStyle0 ColTextHeader0 ColDataAlignment0 ColHeaderAlignment0 ColWidth0 ");
+              "ColCalcStyle0 ColTextHeader0 ColDataAlignment0 ColHeaderAlignment0 ColWidth0 "
+              "EntryRules TabWalks ");
 }
 
 TEST(Persistence, AHostThatHearsOfTheLoadMayDoAnything) {
