@@ -199,12 +199,6 @@ void OrderSheet::goDown(int row, int col) {
 void OrderSheet::tableChanged() {
     if (std::exchange(typing_, false))
         return;
-    if (lines_.size() > 1 && grid_.dataCount() == 0) {
-        bool keep = false;
-        emit cleared(keep);
-        if (keep)
-            showLines();
-    }
     const int last = std::max(grid_.rows() - 1, lines_.empty() ? 0 : lines_.rbegin()->first);
     for (int row = 1; row <= last; ++row)
         noteRow(row);

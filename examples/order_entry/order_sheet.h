@@ -40,8 +40,6 @@ signals:
     void changed();
     /// What was entered cannot be taken, and why.
     void refused(const QString &reason);
-    /// The operator has cleared the table. A slot that sets `keep` gets all lines back.
-    void cleared(bool &keep);
     /// The operator asks which articles there are, with what the cell or its editor shows.
     void articleWanted(int row, const QString &text);
 

@@ -12,6 +12,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 
 namespace {
@@ -51,10 +52,10 @@ OrderWindow::OrderWindow(OrderBook &book) : ui_(std::make_unique<Ui::OrderWindow
     sheet_ = new OrderSheet(*ui_->grid, book, this);
     connect(sheet_, &OrderSheet::changed, this, &OrderWindow::showTotals);
     connect(sheet_, &OrderSheet::refused, ui_->problem, &QLabel::setText);
-    connect(sheet_, &OrderSheet::cleared, this, [this](bool &keep) {
-        keep = QMessageBox::question(this, tr("Order entry"),
-                                     tr("Remove all %1 lines?").arg(sheet_->lines().size())) !=
-               QMessageBox::Yes;
+    auto *save = new QShortcut(QKeySequence::Save, this);
+    connect(save, &QShortcut::activated, this, [this] {
+        if (ui_->grid->commit())
+            sheet_->save();
     });
     search_ = new ArticleSearch(ui_->centre);
     connect(sheet_, &OrderSheet::articleWanted, this, &OrderWindow::searchArticle);
@@ -94,9 +95,8 @@ void OrderWindow::searchArticle(int row, const QString &text) {
 }
 
 void OrderWindow::closeEvent(QCloseEvent *event) {
-    // What is still being typed is entered first: an edit ends when the grid loses the focus.
-    setFocus();
-    event->setAccepted(mayClose());
+    // What is still being typed is entered first; what is refused is said and keeps the window.
+    event->setAccepted(ui_->grid->commit() && mayClose());
     if (!event->isAccepted())
         ui_->grid->setFocus();
 }

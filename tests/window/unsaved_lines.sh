@@ -34,7 +34,11 @@ expect_lines '1|BOLT|M8|12|0'
 expect_saved 20 "$work/expected" "a line is not saved once it can be"
 within 10 title_lacks '*' || fail "a saved line shows as unsaved"
 
-# Leaving in the middle of an edit enters it.
+# Saving, and leaving, in the middle of an edit enters it.
+xdotool type --delay 0 '1.2'
+xdotool key ctrl+s
+expect_lines '1|BOLT|M8|12|120'
+expect_saved 20 "$work/expected" "what is being typed is not saved by Ctrl+S"
 xdotool type --delay 0 '1.25'
 quit_demo
 expect_lines '1|BOLT|M8|12|125'
