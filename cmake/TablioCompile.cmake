@@ -17,10 +17,11 @@ endif()
 
 function(tablio_compile_settings target)
     target_compile_features(${target} PUBLIC cxx_std_20)
-    set_target_properties(${target} PROPERTIES
-        CXX_EXTENSIONS OFF
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    if(NOT EMSCRIPTEN)
         # A host may put the static libraries into a plug-in.
-        POSITION_INDEPENDENT_CODE ON)
+        set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    endif()
     if(MSVC)
         target_compile_options(${target} PRIVATE /W4 /utf-8)
     else()

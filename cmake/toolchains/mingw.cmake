@@ -1,0 +1,25 @@
+# Windows, by MinGW-w64. The compiler with POSIX threads: where a distribution has two, the standard
+# library of the other one lacks <mutex>.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+find_program(TABLIO_MINGW_CXX
+    NAMES x86_64-w64-mingw32-g++-posix x86_64-w64-mingw32-g++ REQUIRED)
+set(CMAKE_CXX_COMPILER "${TABLIO_MINGW_CXX}")
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+# At our level of optimisation this compiler sees std::variant read what was never written.
+set(CMAKE_CXX_FLAGS_INIT -Wno-maybe-uninitialized)
+# A program needs no library beside it.
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+
+# Nothing of this machine's own libraries.
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+
+find_program(TABLIO_WINE wine)
+if(TABLIO_WINE)
+    set(CMAKE_CROSSCOMPILING_EMULATOR "${TABLIO_WINE}")
+endif()
