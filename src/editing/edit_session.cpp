@@ -39,7 +39,10 @@ void EditSession::BeginCellEdit(const EditStart &start) {
     if (!isStillAsked())
         return;
 
+    // A handler may have asked for another cell's edit and been refused.
+    cell_ = cell;
     state_.grid.setCurrentQuietly(cell);
+    state_.grid.claimCursor();
     state_.grid.view.ensureVisible(cell.row, cell.col);
     BoxEditor &editor = editorFor_(state_.columns.ColEditType(cell.col));
     const EditNumber number = ++count_;

@@ -7,11 +7,10 @@ namespace tablio {
 void Navigator::moveTo(CellAddress cell) {
     FlexGrid &grid = state_.grid;
     const GridTable &table = grid.table;
+    const std::uint64_t claims = grid.claims();
     if (cell.row != grid.Row() && table.hasCell(cell.row, grid.Col()))
         grid.setRow(cell.row);
-    const std::uint64_t stamp = grid.cursorStamp();
-    if (cell.col != grid.Col() && table.hasCell(grid.Row(), cell.col) &&
-        stamp == grid.cursorStamp())
+    if (cell.col != grid.Col() && table.hasCell(grid.Row(), cell.col) && claims == grid.claims())
         grid.setCol(cell.col);
     grid.view.ensureVisible(grid.Row(), grid.Col());
 }
@@ -44,9 +43,11 @@ void Navigator::advanceUnedited() {
         return;
     }
     const CellAddress returned{grid.Row(), state_.firstColumn()};
+    const std::uint64_t claims = grid.claims();
     moveTo(returned);
     // A handler that hears the first step may have gone elsewhere.
-    if (grid.current() == returned && returned.row < state_.lastDataRow())
+    if (claims == grid.claims() && grid.current() == returned &&
+        returned.row < state_.lastDataRow())
         moveTo({returned.row + 1, returned.col});
 }
 

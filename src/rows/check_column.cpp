@@ -9,9 +9,7 @@ void CheckColumn::check(int row, bool checked) {
         return;
     FlexGrid &grid = state_.grid;
     const CellAddress cell{row, grid.table.Cols() - 1};
-    grid.setRow(cell.row);
-    if (grid.table.hasCell(grid.Row(), cell.col))
-        grid.setCol(cell.col);
+    grid.stepTo(cell);
     // A handler may have taken the cursor elsewhere.
     if (grid.current() != cell)
         return;

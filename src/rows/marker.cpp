@@ -15,18 +15,23 @@ template <typename Change> void Marker::restyle(int row, int firstCol, Change ch
 
 void Marker::passOver(int row) {
     FlexGrid &grid = state_.grid;
-    for (int col = state_.settings.WithFixedColumn ? 1 : 0; col < grid.table.Cols(); ++col) {
-        if (!grid.table.hasCell(row, col))
-            return;
+    const std::uint64_t claims = grid.claims();
+    const auto canGoOn = [&](int col) {
+        return claims == grid.claims() && grid.table.hasCell(row, col);
+    };
+    for (int col = state_.settings.WithFixedColumn ? 1 : 0; canGoOn(col); ++col) {
         grid.setRow(row);
-        if (!grid.table.hasCell(row, col))
-            return;
-        grid.setCol(col);
+        if (canGoOn(col))
+            grid.setCol(col);
     }
 }
 
 void Marker::toggle() {
     const CellAddress entered = state_.cursor.cell();
+    const std::uint64_t claims = state_.grid.claims();
+    const auto mayReturn = [&](int row, int col) {
+        return claims == state_.grid.claims() && state_.grid.table.hasCell(row, col);
+    };
     {
         const StatusOff statusOff(state_);
         const int row = isMarked() ? MarkRow() : state_.cursor.CurrentRow();
@@ -35,10 +40,19 @@ void Marker::toggle() {
             unmarkQuietly();
         else
             mark(row);
-        passOver(row);
-        if (state_.grid.table.hasCell(entered.row, entered.col)) {
+        try {
+            passOver(row);
+        } catch (...) {
+            // Not where a handler has thrown: an editor may be open over the cell.
+            if (mayReturn(entered.row, entered.col)) {
+                state_.grid.setCurrentQuietly(entered);
+                state_.cursor.enter(entered);
+            }
+            throw;
+        }
+        if (mayReturn(entered.row, entered.col)) {
             state_.grid.setCol(entered.col);
-            if (state_.grid.table.hasCell(entered.row, state_.grid.Col()))
+            if (mayReturn(entered.row, state_.grid.Col()))
                 state_.grid.setRow(entered.row);
         }
     }

@@ -72,10 +72,13 @@ void RowStock::followByStripes() {
         appearance_.repaintStripes();
 }
 
-int RowStock::takeMark() {
+std::optional<int> RowStock::takeMark() {
     const int row = marker_.isMarked() ? marker_.MarkRow() : -1;
     const std::uint64_t before = state_.grid.table.shiftStamp();
+    const std::uint64_t claims = state_.grid.claims();
     marker_.toggle();
+    if (claims != state_.grid.claims())
+        return std::nullopt;
     // A handler that moved rows meanwhile: the row that was meant is not to be found any more.
     return before == state_.grid.table.shiftStamp() ? row : -1;
 }
@@ -92,7 +95,10 @@ void RowStock::insertAtMark() {
     int row = -1;
     {
         const StatusOff statusOff(state_);
-        row = takeMark();
+        const std::optional<int> marked = takeMark();
+        if (!marked)
+            return;
+        row = *marked;
         state_.setStatusCell(false);
         const int count = dataCount();
         if (row <= count) {
@@ -123,7 +129,10 @@ void RowStock::removeMarked() {
     int row = -1;
     {
         const StatusOff statusOff(state_);
-        row = takeMark();
+        const std::optional<int> marked = takeMark();
+        if (!marked)
+            return;
+        row = *marked;
         state_.setStatusCell(false);
         if (row < table.FixedRows() || row >= table.Rows())
             table.RemoveItem(row); // Says what is wrong with it.
@@ -155,8 +164,10 @@ void RowStock::reset(int row) {
             grid.table.setTextMatrix(row, col, "");
             CellTag_->remove(row, col);
         }
+        const std::uint64_t claims = grid.claims();
         grid.setCol(state_.settings.PrimaryColumn);
-        grid.setRow(row);
+        if (claims == grid.claims())
+            grid.setRow(row);
     }
     grid.view.ensureVisible(grid.Row(), grid.Col());
 }
@@ -206,8 +217,10 @@ void RowStock::clear() {
         cleared_->shiftStamp = grid.table.shiftStamp();
     }
     // The column first, as the host hears it.
+    const std::uint64_t claims = grid.claims();
     grid.setCol(state_.firstColumn());
-    bringCursorTo({grid.table.FixedRows(), grid.Col()});
+    if (claims == grid.claims())
+        bringCursorTo({grid.table.FixedRows(), grid.Col()});
     if (grid.table.FixedRows() < grid.table.Rows())
         grid.view.setTopRow(grid.table.FixedRows());
     state_.link.TableChange();
@@ -350,8 +363,7 @@ void RowStock::writeNumbersAndBlanks(const std::vector<int> &numbered,
 
 void RowStock::bringCursorTo(CellAddress cell) {
     FlexGrid &grid = state_.grid;
-    grid.setRow(cell.row);
-    grid.setCol(cell.col);
+    grid.stepTo(cell);
     grid.view.ensureVisible(grid.Row(), grid.Col());
 }
 

@@ -75,8 +75,8 @@ private:
     /// Writes the number of the last row, where all rows before it have theirs.
     [[nodiscard]] bool numberLastRow();
     /// The row that insert and remove act on; −1 for none. Its mark is taken off, or set where
-    /// there was none.
-    [[nodiscard]] int takeMark();
+    /// there was none. Nothing when a handler began an edit meanwhile, which goes first.
+    [[nodiscard]] std::optional<int> takeMark();
     void writeNumbersAndBlanks(const std::vector<int> &numbered, const std::vector<int> &blanked);
 
     ControlState &state_;

@@ -16,6 +16,13 @@ void FlexGrid::setCol(int col) {
     moveTo({current_.row, col});
 }
 
+void FlexGrid::stepTo(CellAddress cell) {
+    const std::uint64_t before = claims_;
+    setRow(cell.row);
+    if (before == claims_)
+        setCol(cell.col);
+}
+
 void FlexGrid::setCell(CellAddress cell) {
     table.checkCell(cell, "current cell");
     moveTo(cell);

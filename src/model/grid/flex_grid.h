@@ -39,8 +39,17 @@ public:
     void setCell(CellAddress cell);
     /// Makes a cell current without raising anything: for looking at or styling a cell.
     void setCurrentQuietly(CellAddress cell);
-    /// Counts every time that the current cell was set, also to where it was already.
+    /// Counts every time that the current cell was set, also to where it was already, or claimed.
     [[nodiscard]] std::uint64_t cursorStamp() const noexcept { return cursorStamp_; }
+    /// An editor opens over the current cell: who is on the way to another one stops there.
+    void claimCursor() noexcept {
+        ++cursorStamp_;
+        ++claims_;
+    }
+    [[nodiscard]] std::uint64_t claims() const noexcept { return claims_; }
+    /// Makes a cell current in two steps, row first, each of which is heard. Where the cursor was
+    /// claimed meanwhile, the second one is left out.
+    void stepTo(CellAddress cell);
 
     /// Focus frame of the current cell: 0 none, 2 heavy.
     [[nodiscard]] int FocusRect() const noexcept { return focusRect_; }
@@ -72,6 +81,7 @@ private:
     CellAddress current_{1, 0};
     int focusRect_ = 0;
     std::uint64_t cursorStamp_ = 0;
+    std::uint64_t claims_ = 0;
 };
 
 } // namespace tablio
