@@ -10,7 +10,9 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <variant>
+#include <vector>
 
 namespace tablio {
 
@@ -35,6 +37,12 @@ public:
     /// Moves the values of rows from FirstRow on, in columns from FirstCol on, down (By 1) or up
     /// (By −1) with their rows. Upwards those of FirstRow itself are dropped.
     void shiftRows(int FirstRow, int By, int FirstCol);
+    /// The values of one column with their rows.
+    using Column = std::vector<std::pair<int, MatrixValue>>;
+    /// Makes room for a column that will have this number, with these values.
+    void insertCol(int Col, Column Cells = {});
+    /// Takes the column with this number away; those behind it close the gap.
+    Column takeCol(int Col);
     /// Forgets the values of the rows from FirstRow on.
     void removeRowsFrom(int FirstRow) noexcept;
 
@@ -48,6 +56,8 @@ private:
         int col;
         MatrixValue value;
     };
+
+    void shiftCols(int FirstCol, int By);
 
     std::unordered_map<std::uint64_t, Entry> values_;
 };

@@ -1,5 +1,7 @@
 #include "model/grid/cell_store.h"
 
+#include <unordered_set>
+
 namespace tablio {
 
 namespace {
@@ -19,6 +21,14 @@ template <typename T> T &made(std::vector<T> &list, int index, int count) {
         list.resize(static_cast<std::size_t>(count));
     }
     return list[static_cast<std::size_t>(index)];
+}
+
+/// Makes room for a column, or closes the gap that one leaves.
+template <typename T> void shift(std::vector<T> &list, int index, int by) {
+    if (by > 0 && list.size() > static_cast<std::size_t>(index))
+        list.emplace(list.begin() + index);
+    else if (by < 0 && has(list, index))
+        list.erase(list.begin() + index);
 }
 
 template <typename T> void cut(std::vector<T> &list, int count) {
@@ -46,6 +56,63 @@ void CellStore::setCols(int count, int keeping) {
 void CellStore::insertRow(int row) { rows_.emplace(rows_.begin() + row); }
 
 void CellStore::removeRow(int row) { rows_.erase(rows_.begin() + row); }
+
+void CellStore::shiftStyles(int col, int by) {
+    std::unordered_set<const RowStyles *> done;
+    for (Row &row : rows_) {
+        if (row.styles && done.insert(row.styles.get()).second)
+            shift(*row.styles, col, by);
+    }
+}
+
+void CellStore::insertCol(int col, ColumnCells cells) {
+    for (Row &row : rows_) {
+        shift(row.texts, col, 1);
+        if (row.values)
+            shift(*row.values, col, 1);
+    }
+    shiftStyles(col, 1);
+    ++cols_;
+    for (ColumnCell &cell : cells) {
+        if (cell.row >= rows())
+            continue;
+        Row &row = at(cell.row);
+        if (!cell.text.empty())
+            made(row.texts, col, cols_) = std::move(cell.text);
+        if (!cell.value.empty()) {
+            if (!row.values)
+                row.values = std::make_unique<Texts>();
+            made(*row.values, col, cols_) = std::move(cell.value);
+        }
+        setStyle(cell.row, col, cell.style);
+    }
+}
+
+CellStore::ColumnCells CellStore::takeCol(int col) {
+    const auto at = static_cast<std::size_t>(col);
+    ColumnCells taken;
+    for (int index = 0; index < rows(); ++index) {
+        Row &row = this->at(index);
+        ColumnCell cell{index, {}, {}, style(index, col)};
+        if (has(row.texts, col))
+            cell.text = std::move(row.texts[at]);
+        if (row.values && has(*row.values, col))
+            cell.value = std::move((*row.values)[at]);
+        shift(row.texts, col, -1);
+        if (row.values)
+            shift(*row.values, col, -1);
+        if (!cell.text.empty() || !cell.value.empty() || cell.style != plainStyle)
+            taken.push_back(std::move(cell));
+    }
+    shiftStyles(col, -1);
+    --cols_;
+    return taken;
+}
+
+void CellStore::setFirstRowTexts(const CellStore &from) {
+    if (!rows_.empty() && !from.rows_.empty())
+        rows_.front().texts = from.rows_.front().texts;
+}
 
 void CellStore::clear() {
     for (Row &row : rows_) {

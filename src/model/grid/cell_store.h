@@ -28,6 +28,20 @@ public:
     /// Inserts a blank row that will have this index, or takes the row with this index away.
     void insertRow(int row);
     void removeRow(int row);
+    /// What the cells of one column hold, as far as they hold anything.
+    struct ColumnCell {
+        int row = 0;
+        CompactText text;
+        CompactText value;
+        StyleId style = plainStyle;
+    };
+    using ColumnCells = std::vector<ColumnCell>;
+    /// Inserts a column that will have this index. Rows that there are no more are left out.
+    void insertCol(int col, ColumnCells cells = {});
+    /// Takes the column with this index away.
+    ColumnCells takeCol(int col);
+    /// The texts of row 0, with those of columns that went, become the other store's.
+    void setFirstRowTexts(const CellStore &from);
     /// Wipes all texts, values and looks; rows and columns stay.
     void clear();
 
@@ -60,6 +74,8 @@ private:
         std::shared_ptr<RowStyles> styles;
     };
 
+    /// Lets a column come, or go where `by` is −1, in each list of looks, which rows may share.
+    void shiftStyles(int col, int by);
     [[nodiscard]] Row &at(int row) { return rows_[static_cast<std::size_t>(row)]; }
     [[nodiscard]] const Row &at(int row) const { return rows_[static_cast<std::size_t>(row)]; }
 

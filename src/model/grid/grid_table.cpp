@@ -147,6 +147,19 @@ bool GridTable::setContent(Content content) {
     return true;
 }
 
+GridTable::Content GridTable::takeBody() {
+    Content taken = takeContent();
+    store_.setFirstRowTexts(taken.cells);
+    return taken;
+}
+
+void GridTable::giveBody(Content body) {
+    body.cells.setRows(Rows());
+    body.cells.setCols(Cols());
+    body.cells.setFirstRowTexts(store_);
+    setContent(std::move(body));
+}
+
 std::string_view GridTable::TextMatrix(int row, int col) const {
     checkCell({row, col}, "TextMatrix");
     return store_.text(row, col);
@@ -260,6 +273,13 @@ void GridTable::setColWidth(int col, Twips width) {
     Column &changed = column(col, "ColWidth");
     checkSize("ColWidth", width);
     changed.width = std::max(width, -1);
+    observer_.tableChanged();
+}
+
+void GridTable::forgetColWidth(int col) {
+    if (col < 0 || static_cast<std::size_t>(col) >= columns_.size())
+        return;
+    columns_[static_cast<std::size_t>(col)].width = -1;
     observer_.tableChanged();
 }
 

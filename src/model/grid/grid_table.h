@@ -77,6 +77,12 @@ public:
     /// Answers False, with nothing changed, where the table has other counts now.
     bool setContent(Content content);
 
+    /// Takes out all but the captions, for who rearranges columns and gives it back at once. The
+    /// captions stay with the other settings of the columns, whatever comes back.
+    [[nodiscard]] Content takeBody();
+    /// Fits it to the counts that the table has now.
+    void giveBody(Content body);
+
     [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, std::string_view text);
     /// The value behind a formatted text; the text itself where none was given.
@@ -100,6 +106,8 @@ public:
     /// A negative width is the default one, 0 hides the column. Like a row's height it is at most
     /// maxSize.
     void setColWidth(int col, Twips width);
+    /// The default one again, also for a column that went.
+    void forgetColWidth(int col);
     [[nodiscard]] int ColAlignment(int col) const;
     void setColAlignment(int col, int alignment);
     [[nodiscard]] int FixedAlignment(int col) const;

@@ -57,6 +57,40 @@ void TMatrix::removeRowsFrom(int FirstRow) noexcept {
         entry = entry->second.row >= FirstRow ? values_.erase(entry) : std::next(entry);
 }
 
+void TMatrix::shiftCols(int FirstCol, int By) {
+    std::vector<Entry> moved;
+    for (auto entry = values_.begin(); entry != values_.end();) {
+        const bool moves = entry->second.col >= FirstCol;
+        if (moves)
+            moved.push_back(std::move(entry->second));
+        entry = moves ? values_.erase(entry) : std::next(entry);
+    }
+    // Where two cells come to share a key, it is always the same one that keeps it.
+    std::sort(moved.begin(), moved.end(), [](const Entry &left, const Entry &right) {
+        return std::pair(left.col, left.row) < std::pair(right.col, right.row);
+    });
+    for (Entry &entry : moved)
+        setText(entry.row, entry.col + By, std::move(entry.value));
+}
+
+void TMatrix::insertCol(int Col, Column Cells) {
+    shiftCols(Col, 1);
+    for (auto &[row, value] : Cells)
+        setText(row, Col, std::move(value));
+}
+
+TMatrix::Column TMatrix::takeCol(int Col) {
+    Column taken;
+    for (auto entry = values_.begin(); entry != values_.end();) {
+        const bool goes = entry->second.col == Col;
+        if (goes)
+            taken.emplace_back(entry->second.row, std::move(entry->second.value));
+        entry = goes ? values_.erase(entry) : std::next(entry);
+    }
+    shiftCols(Col + 1, -1);
+    return taken;
+}
+
 void TMatrix::shiftRows(int FirstRow, int By, int FirstCol) {
     std::vector<Entry> moved;
     for (auto entry = values_.begin(); entry != values_.end();) {
