@@ -1,6 +1,9 @@
 #include <tablio/pages/columns_page.h>
 
+#include "control/call.h"
+#include "control/inside.h"
 #include "model/text/number_text.h"
+#include "pages/column_history.h"
 #include "pages/page_numbers.h"
 
 #include <algorithm>
@@ -15,6 +18,8 @@ namespace {
 
 constexpr int greatestMaxLength = 1024;
 constexpr int removeButton = 1;
+/// Twips.
+constexpr int newColumnWidth = 960;
 
 constexpr std::string_view calcStyle = "ColCalcStyle";
 /// The control has no such property, so that a step under this name fails.
@@ -40,13 +45,16 @@ Columns::Columns(Tablio &control, PageListener &listener)
     connect();
 }
 
+Columns::~Columns() = default;
+
 void Columns::connect() {
-    const auto mark = [this] { setChanged(true); };
-    for (PageTextBox *box : {&txtIndex, &txtColTextHeader, &txtColFormat, &txtColWidth})
-        box->onChange = mark;
+    txtIndex.onChange = [this] { setChanged(true); };
+    txtIndex.onLostFocus = [this] { goToIndex(); };
+    for (PageTextBox *box : {&txtColTextHeader, &txtColFormat, &txtColWidth})
+        box->onChange = [this, box] { edited(*box); };
     for (PageList *list : {&cboColumnStyle, &cboDataType, &cboCalcStyle, &cboColDataAlignment,
                            &cboColHeaderAlignment})
-        list->onClick = mark;
+        list->onClick = [this, list] { edited(*list); };
     txtColMaxLength.onChange = [this] { txtColMaxLength_Change(); };
     cboColEditType.onClick = [this] { cboColEditType_Click(); };
     for (std::size_t button = 0; button < 2; ++button) {
@@ -54,6 +62,11 @@ void Columns::connect() {
         cmdIndex[button].onClick = [this, Index] { cmdIndex_Click(Index); };
         cmdCommand[button].onClick = [this, Index] { cmdCommand_Click(Index); };
     }
+}
+
+void Columns::edited(const PageControl &control) {
+    edited_.insert(control.name());
+    setChanged(true);
 }
 
 int Columns::index() const { return leadingIndex(txtIndex.Text()); }
@@ -89,6 +102,8 @@ void Columns::SelectionChanged() {
     attempt([&] {
         cboColHeaderAlignment.setListIndex(itemOfAlignment(get("ColHeaderAlignment", i).toLong()));
     });
+    shown_ = i;
+    edited_.clear();
 }
 
 void Columns::ApplyChanges() {
@@ -101,9 +116,54 @@ void Columns::ApplyChanges() {
     put("ColTextHeader", i, txtColTextHeader.Text());
     put("ColWidth", i, leadingNumber(txtColWidth.Text()));
     put("ColMaxLength", i, leadingNumber(NormalizeNumberText(txtColMaxLength.Text(), 0)));
-    put("ColDataAlignment", i, alignmentOfItem(cboColDataAlignment.ListIndex()));
-    put("ColHeaderAlignment", i, alignmentOfItem(cboColHeaderAlignment.ListIndex()));
+    for (const auto &[list, property] : {std::pair(&cboColDataAlignment, "ColDataAlignment"),
+                                         std::pair(&cboColHeaderAlignment, "ColHeaderAlignment")})
+        attempt([&] { put(property, i, alignmentOf(*list, property, i)); });
+    edited_.clear();
     setChanged(false);
+}
+
+int Columns::alignmentOf(const PageList &list, std::string_view property, int col) {
+    const int held = get(property, col).toLong();
+    const int item = itemOfAlignment(held);
+    // The list has three alignments. One that it only shows as the last of them stays.
+    const bool isSeen = item == list.ListIndex() && !edited_.contains(list.name());
+    return isSeen ? held : alignmentOfItem(list.ListIndex());
+}
+
+void Columns::goToIndex() {
+    const int named = std::max(index(), 0);
+    const bool isShown = shown_ >= 0 && std::min(named, Cols() - 1) == shown_;
+    if (shown_ >= 0 && !isShown && !edited_.empty()) {
+        (void)history();
+        txtIndex.setText(std::to_string(shown_));
+        ApplyChanges();
+    }
+    txtIndex.setText(std::to_string(isShown ? shown_ : named));
+    if (isShown)
+        return;
+    SelectionChanged();
+    // Loading brings an index that is too great into range after it has asked where it can go.
+    SelectionChanged();
+}
+
+ColumnHistory &Columns::history() {
+    if (!history_)
+        history_ = std::make_unique<ColumnHistory>(control_);
+    return *history_;
+}
+
+void Columns::keepChanges() noexcept { history_.reset(); }
+
+void Columns::takeBack() {
+    if (const std::unique_ptr<ColumnHistory> history = std::move(history_))
+        history->takeBack();
+}
+
+void Columns::copyFrom(const Columns &other) {
+    PropertyPage::copyFrom(other);
+    shown_ = other.shown_;
+    edited_ = other.edited_;
 }
 
 void Columns::cboColEditType_Click() {
@@ -141,16 +201,17 @@ void Columns::cboColEditType_Click() {
         lock("0", "");
         break;
     }
-    setChanged(true);
+    edited(cboColEditType);
 }
 
 void Columns::txtColMaxLength_Change() {
     if (leadingNumber(txtColMaxLength.Text()) > greatestMaxLength)
         txtColMaxLength.setText(std::to_string(greatestMaxLength));
-    setChanged(true);
+    edited(txtColMaxLength);
 }
 
 void Columns::cmdIndex_Click(int Index) {
+    (void)history();
     ApplyChanges();
     int i = index();
     if (Index == 0) {
@@ -175,30 +236,85 @@ void Columns::cmdCommand_Click(int Index) {
 
 void Columns::insertColumn() {
     const int i = index();
-    attempt([this] { put("Cols", Cols() + 1); });
-    attempt([&] {
-        for (int j = Cols() - 1; j >= std::max(i, 0) + 1; --j)
-            copySettings(j - 1, j, calcStyle);
-    });
-    setNewColumn(i + 1, 1, calcStyle);
+    const Call control(Inside::shared(control_));
+    control->session.EndCellEdit();
+    ColumnHistory &history = this->history();
+    // The place of the new column among the cells.
+    int place = i == -1 ? 0 : std::max(i, 0) + 1;
+    {
+        CarriedCells cells(control->state, control->marker, control->rows);
+        const int last = cells.Cols() - 1;
+        attempt([this] { put("Cols", Cols() + 1); });
+        attempt([&] {
+            for (int j = Cols() - 1; j >= std::max(i, 0) + 1; --j)
+                copySettings(j - 1, j, calcStyle);
+        });
+        setNewColumn(i + 1, 1, calcStyle);
+        if (i == last && control->state.isCheckCell({0, i + 1})) {
+            // The last column is that of the check boxes, and stays the last.
+            place = i;
+            put("ColWidth", i + 1, get("ColWidth", i));
+            put("ColWidth", i, newColumnWidth);
+        }
+        place = std::min(place, cells.Cols());
+        if (Cols() > cells.Cols()) {
+            cells.insertCol(place);
+            movePrimaryColumn(place, 1);
+        } else {
+            place = -1;
+        }
+    }
+    if (place >= 0)
+        history.inserted(place);
     cmdIndex_Click(1);
 }
 
 void Columns::removeColumn() {
     const int i = index();
-    // Every other setting moves one column to the left, the calculation styles stay where they are.
-    setNewColumn(i, 0, noCalcStyle);
-    attempt([&] {
-        for (int j = std::max(i, 0); j <= Cols() - 2; ++j)
-            copySettings(j + 1, j, noCalcStyle);
-    });
-    attempt([&] {
-        if (i == Cols() - 1)
-            cmdIndex_Click(0);
-    });
-    attempt([this] { put("Cols", Cols() - 1); });
+    const Call control(Inside::shared(control_));
+    control->session.EndCellEdit();
+    ColumnHistory &history = this->history();
+    const bool isCheckColumn = control->state.isCheckCell({0, i});
+    CarriedCells::Column removed;
+    int place = -1;
+    {
+        CarriedCells cells(control->state, control->marker, control->rows);
+        // Every other setting moves one column to the left, the calculation styles stay.
+        setNewColumn(i, 0, noCalcStyle);
+        attempt([&] {
+            for (int j = std::max(i, 0); j <= Cols() - 2; ++j)
+                copySettings(j + 1, j, noCalcStyle);
+        });
+        attempt([&] {
+            if (i == Cols() - 1)
+                cmdIndex_Click(0);
+        });
+        attempt([this] { put("Cols", Cols() - 1); });
+        // The column before it is none of check boxes.
+        if (isCheckColumn)
+            put("CheckBoxes", 0);
+        if (Cols() < cells.Cols()) {
+            place = i >= 0 && i < cells.Cols() ? i : cells.Cols() - 1;
+            removed = cells.takeCol(place);
+            movePrimaryColumn(place + 1, -1);
+        }
+    }
+    if (place >= 0)
+        history.removed(place, std::move(removed));
     // What the page shows is gone; applying it would overwrite the column that has moved here.
     SelectionChanged();
+}
+
+void Columns::movePrimaryColumn(int at, int by) {
+    attempt([&] {
+        const int primary = get("PrimaryColumn").toLong();
+        const int last = Cols() - 1 - std::abs(get("CheckBoxes").toLong());
+        // Beside a fixed first column it is another one.
+        const int first = get("WithFixedColumn").toLong() != 0 && last > 0 ? 1 : 0;
+        const int moved = primary >= at ? std::max(primary + by, first) : primary;
+        if (const int now = std::min(moved, std::max(last, 0)); now != primary)
+            put("PrimaryColumn", now);
+    });
 }
 
 void Columns::copySettings(int from, int to, std::string_view calcStyleName) {
@@ -215,7 +331,7 @@ void Columns::setNewColumn(int col, int dataType, std::string_view calcStyleName
     put("ColFormat", col, "");
     put("ColMaxLength", col, 64);
     put("ColTextHeader", col, "");
-    put("ColWidth", col, 960);
+    put("ColWidth", col, newColumnWidth);
     put("ColDataAlignment", col, TColumnAlignment::ColumnLeft);
     put("ColHeaderAlignment", col, TColumnAlignment::ColumnLeft);
 }

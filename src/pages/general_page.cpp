@@ -1,8 +1,12 @@
 #include <tablio/pages/general_page.h>
 
+#include "control/call.h"
+#include "control/inside.h"
 #include "model/text/number_text.h"
 #include "pages/page_numbers.h"
+#include "rows/carried_cells.h"
 
+#include <optional>
 #include <string>
 
 namespace tablio {
@@ -61,17 +65,15 @@ void General::SelectionChanged() {
     attempt([this] { chkWithFixedColumn.setValue(bitOf(get("WithFixedColumn"))); });
     // Last, so that it stands as the control has it whatever the fixed column asked for.
     attempt([this] { txtPrimaryColumn.setText(get("PrimaryColumn").toText()); });
-    agreedCols_ = txtCols.Text();
+    agree();
     offerFixedColumn();
     setChanged(false);
 }
 
 void General::ApplyChanges() {
     put("Rows", txtRows.Text());
-    attempt([this] {
-        const double columns = Value(txtCols.Text()).toDouble();
-        put("Cols", columns + chkCheckboxes.Value());
-    });
+    putCols();
+    followByPrimaryColumn();
     put("HeaderFontBold", chkHeaderFontBold.isTicked());
     put("WordWrap", chkWordWrap.isTicked());
     put("GridPopUpMenu", chkGridPopUpMenu.isTicked());
@@ -87,23 +89,74 @@ void General::ApplyChanges() {
     put("CheckBoxes", chkCheckboxes.isTicked());
     if (chkCheckboxes.isTicked())
         put("ColWidth", leadingIndex(txtCols.Text()), checkColumnWidth);
-    agreedCols_ = txtCols.Text();
+    agree();
     setChanged(false);
 }
 
-void General::followColumnCount() {
-    if (txtCols.Text() != agreedCols_)
-        return;
-    const bool wasChanged = Changed();
-    attempt([this] { txtCols.setText(dataColumns()); });
+void General::putCols() {
+    const Call control(Inside::shared(control_));
+    ControlState &state = control->state;
+    const int cols = state.grid.table.Cols();
+    const int old = state.isCheckCell({0, cols - 1}) ? cols - 1 : -1;
+    const int next = chkCheckboxes.isTicked() ? leadingIndex(txtCols.Text()) : -1;
+    const auto putCount = [this] {
+        attempt([this] {
+            const double columns = Value(txtCols.Text()).toDouble();
+            put("Cols", columns + chkCheckboxes.Value());
+        });
+    };
+    if (old == next)
+        return putCount();
+    // The ticks go with their column, and no data column comes to stand for ticks.
+    control->session.EndCellEdit();
+    CarriedCells cells(state, control->marker, control->rows);
+    CarriedCells::Column ticks;
+    if (old >= 0)
+        ticks = cells.takeCol(old);
+    putCount();
+    const int last = state.grid.table.Cols() - 1;
+    if (old != last || next < 0)
+        state.grid.table.forgetColWidth(old);
+    if (next == last || (next >= 0 && old >= 0)) {
+        cells.setCols(last);
+        cells.insertCol(last, std::move(ticks));
+    }
+}
+
+void General::followByPrimaryColumn() {
+    attempt([this] {
+        const int last = get("Cols").toLong() - chkCheckboxes.Value() - 1;
+        if (last >= 0 && leadingNumber(txtPrimaryColumn.Text()) > last)
+            txtPrimaryColumn.setText(std::to_string(last));
+    });
+}
+
+void General::applyMenu() { put("GridPopUpMenu", chkGridPopUpMenu.isTicked()); }
+
+void General::agree() {
     agreedCols_ = txtCols.Text();
-    offerFixedColumn();
+    agreedPrimary_ = txtPrimaryColumn.Text();
+}
+
+void General::followColumnCount() {
+    const bool wasChanged = Changed();
+    const bool followsPrimary = txtPrimaryColumn.Text() == agreedPrimary_;
+    if (txtCols.Text() == agreedCols_) {
+        attempt([this] { txtCols.setText(dataColumns()); });
+        agreedCols_ = txtCols.Text();
+        offerFixedColumn();
+    }
+    if (followsPrimary) {
+        attempt([this] { txtPrimaryColumn.setText(get("PrimaryColumn").toText()); });
+        agreedPrimary_ = txtPrimaryColumn.Text();
+    }
     setChanged(wasChanged);
 }
 
 void General::copyFrom(const General &other) {
     PropertyPage::copyFrom(other);
     agreedCols_ = other.agreedCols_;
+    agreedPrimary_ = other.agreedPrimary_;
 }
 
 std::string General::dataColumns() {

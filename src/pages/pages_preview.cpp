@@ -58,6 +58,9 @@ void PropertyPages::preview(Tablio &sample, const SampleWords &words) const {
     PropertyPages shown(sample, nobody);
     shown.general.copyFrom(general);
     shown.columns.copyFrom(columns);
+    shown.entry.copyFrom(entry);
+    shown.generalIsLoaded_ = generalIsLoaded_;
+    shown.columnsIsLoaded_ = columnsIsLoaded_;
     if (shown.general.Changed())
         shown.general.txtRows.setText(std::to_string(first + sampleRows));
     shown.write();

@@ -21,16 +21,20 @@ std::string settingsOf(const Tablio &control) {
 } // namespace
 
 PropertyPages::PropertyPages(Tablio &control, PageListener &listener)
-    : general(control, listener), columns(control, listener), control_(control),
-      listener_(listener), known_(settingsOf(control)) {}
+    : general(control, listener), columns(control, listener), entry(control, listener),
+      control_(control), listener_(listener), known_(settingsOf(control)) {}
+
+bool &PropertyPages::isLoaded(const PropertyPage &page) {
+    return &page == &general   ? generalIsLoaded_
+           : &page == &columns ? columnsIsLoaded_
+                               : entryIsLoaded_;
+}
 
 void PropertyPages::show(PropertyPage &page) {
-    bool &isLoaded = &page == &general ? generalIsLoaded_ : columnsIsLoaded_;
-    if (!isLoaded)
+    if (!std::exchange(isLoaded(page), true))
         page.SelectionChanged();
     else if (&page == &general)
         general.followColumnCount();
-    isLoaded = true;
     general.endPageEditing();
 }
 
@@ -39,22 +43,38 @@ void PropertyPages::apply() {
         write();
         // There may be more rows.
         Inside::of(control_).rows.RenumberFixedColumns();
+        columns.keepChanges();
     });
 }
 
 void PropertyPages::pressed(PageButton &button) {
+    quietly([this] { columns.goToIndex(); });
     change([&] { columns.pressed(button); });
 }
 
+void PropertyPages::takeBack() {
+    change([this] { columns.takeBack(); });
+}
+
+void PropertyPages::goToIndex() {
+    quietly([this] { columns.goToIndex(); });
+}
+
+void PropertyPages::quietly(const std::function<void()> &action) {
+    const Call control(Inside::shared(control_));
+    const auto quiet = control->state.link.quiet();
+    control->rows.watchNumbers();
+    action();
+    control->rows.blankFormerNumbers();
+}
+
 void PropertyPages::change(const std::function<void()> &action) {
+    quietly(action);
+    tell();
+}
+
+void PropertyPages::tell() {
     const std::shared_ptr<Control> control = Inside::shared(control_);
-    {
-        const Call call(control);
-        const auto quiet = control->state.link.quiet();
-        control->rows.watchNumbers();
-        action();
-        control->rows.blankFormerNumbers();
-    }
     if (!hasOtherSettings())
         return;
     // From here on these pages may be gone.
@@ -68,10 +88,18 @@ bool PropertyPages::hasOtherSettings() {
 
 void PropertyPages::write() {
     // First: the column that it shows may be the one that the other page makes a check-box column.
-    if (columns.Changed())
+    if (columns.Changed()) {
+        if (columnsIsLoaded_)
+            columns.goToIndex();
         columns.ApplyChanges();
-    if (!general.Changed())
+    }
+    if (entry.Changed())
+        entry.ApplyChanges();
+    if (!general.Changed()) {
+        if (generalIsLoaded_)
+            general.applyMenu();
         return;
+    }
     // Columns that were inserted or removed on the other page must not be undone here.
     general.followColumnCount();
     general.ApplyChanges();
@@ -88,6 +116,8 @@ void PropertyPages::follow() {
         general.SelectionChanged();
     if (columnsIsLoaded_)
         reloadColumns();
+    if (entryIsLoaded_)
+        entry.SelectionChanged();
     general.endPageEditing();
 }
 

@@ -36,9 +36,9 @@ protected:
     /// Plays steps with "; " between them. "txtRows=7" types, chooses or spins; "chkWordWrap"
     /// clicks or presses; "Rows=7" and "ColWidth1=7" write a member of the control. "leave txtRows"
     /// takes the keyboard away, "load", "show" and "apply" with "general" or "columns" are the
-    /// page's own, "apply" alone and "press" with a button are the dialog's; "reopen" makes new
-    /// pages, "fill" columns, and "forget" what was told. "txtRows txtCols==7 3" expects what each
-    /// of the names holds.
+    /// page's own, "apply" and "cancel" alone and "press" with a button are the dialog's; "reopen"
+    /// makes new pages, "fill" columns, and "forget" what was told. "txtRows txtCols==7 3" expects
+    /// what each of the names holds.
     void play(const std::string &steps) {
         std::size_t from = 0;
         while (from < steps.size()) {
@@ -80,6 +80,8 @@ protected:
         if (names == "changed")
             return std::string(pages->general.Changed() ? "general" : "") +
                    (pages->columns.Changed() ? "columns" : "");
+        if (names == "row")
+            return row();
         if (names == "told" || names == "focus")
             return names == "told" ? notices : focus;
         if (names.starts_with("column"))
@@ -102,6 +104,17 @@ protected:
         return text + (control->Enabled() ? "" : "(off)");
     }
 
+    /// The caption of each column, and what its first cell holds: value, tag, and "!" for a colour.
+    std::string row() {
+        std::string all;
+        for (int col = 0; col < table.Cols(); ++col) {
+            const auto tag = std::get<std::string>(table.CellTag()->Text(1, col));
+            all += table.ColTextHeader(col) + ":" + table.TextMatrix(1, col) +
+                   (tag.empty() ? "" : "#" + tag) +
+                   (table.CellBackColor(1, col) == Colour{255} ? "!" : "") + " ";
+        }
+        return all;
+    }
     /// All settings of a column.
     std::string column(char col) {
         std::string names;
@@ -142,7 +155,8 @@ private:
     }
     PageControl *find(const std::string &name) {
         for (PropertyPage *page : {static_cast<PropertyPage *>(&pages->general),
-                                   static_cast<PropertyPage *>(&pages->columns)}) {
+                                   static_cast<PropertyPage *>(&pages->columns),
+                                   static_cast<PropertyPage *>(&pages->entry)}) {
             const auto found =
                 std::ranges::find(page->controls(), name, [](auto *c) { return c->name(); });
             if (found != page->controls().end())
@@ -156,9 +170,13 @@ private:
         PropertyPage *page = &pages->columns;
         if (object == "general")
             page = &pages->general;
+        else if (object == "entry")
+            page = &pages->entry;
         PageControl *control = find(words);
         if (words == "apply")
             pages->apply();
+        else if (words == "cancel")
+            pages->takeBack();
         else if (words == "reopen")
             reopen();
         else if (words == "fill")

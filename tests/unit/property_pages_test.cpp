@@ -278,7 +278,7 @@ TEST_F(PropertyPagesTest, BothAreAppliedTogether) {
     notices.clear();
     play("chkGridPopUpMenu ColTextHeader0==0 A; apply; ColTextHeader0==edited");
     EXPECT_EQ(notices, "all ") << "once, when all is done";
-    play("GridPopUpMenu changed==True "); // Nothing else was changed on its page.
+    play("GridPopUpMenu changed==False "); // Nobody had marked it.
     // Inserted columns survive the other page's column count, unless that was edited, too.
     play("chkWordWrap; cmdCommand(0); apply; Cols GridPopUpMenu==6 False; "
          "txtCols=8; cmdCommand(0); apply; Cols==8; cmdCommand(1); show general; txtCols==7");
@@ -293,6 +293,67 @@ TEST_F(PropertyPagesTest, BothAreAppliedTogether) {
     pages->follow();
     play("txtRows==40; txtHeaderRowHeight=600; apply; Rows HeaderRowHeight TextMatrix91==40 600 "
          "Zoe");
+}
+
+TEST_F(PropertyPagesTest, DataGoesWithItsColumnAndComesBack) {
+    // Numbers that are written while the settings move must not stand in anybody's data.
+    const std::string start = "Nr:1 Code:A7 Price:12.345#t! Phone:555 ";
+    const auto fill = [&] {
+        play("reopen; CheckBoxes=0; PrimaryColumn=0; Cols=4; Rows=5; ColTextHeader0=Nr; "
+             "ColTextHeader1=Code; ColTextHeader2=Price; ColTextHeader3=Phone; ColStyle0=3; "
+             "ColStyle1=0; ColStyle2=0; ColStyle3=0; ColEditType2=1; ColFormat2=0.0; "
+             "TextMatrix11=A7; TextMatrix12=12.345; TextMatrix13=555; PrimaryColumn=2");
+        table.setCellTag(nullptr);
+        table.CellTag()->setText(1, 2, "t");
+        table.setCellBackColor(1, 2, Colour{255});
+    };
+    for (const auto &[steps, shown] : std::vector<std::pair<std::string, std::string>>{
+             {"txtIndex=1; press cmdCommand(1)", "Nr:1 Price:12.345#t! Phone:555 |1"},
+             {"txtIndex=3; press cmdCommand(1)", "Nr:1 Code:A7 Price:12.345#t! |2"},
+             {"txtIndex=2; press cmdCommand(1); press cmdCommand(1)", "Nr:1 Code:A7 |1"},
+             {"press cmdCommand(1)", "Code:A7 Price:12.345#t! Phone:555 |1"},
+             {"press cmdCommand(0)", "Nr:1 : Code:A7 Price:12.345#t! Phone:555 |3"},
+             {"txtIndex=3; press cmdCommand(0); press cmdIndex(0); press cmdCommand(1); "
+              "txtIndex=0; press cmdCommand(0)",
+              "Nr:1 : Code:A7 Price:12.345#t! : |3"}}) {
+        SCOPED_TRACE(steps);
+        fill();
+        const std::string settings = held("column0 column1 column2 column3");
+        play("show columns; " + steps);
+        EXPECT_EQ(held("row") + "|" + held("PrimaryColumn"), shown);
+        play("TextMatrix21=later; cancel; TextMatrix12 PrimaryColumn row==12.345 2 "
+             "Nr:1 Code:A7 Price:12.345#t! Phone:555 ; column0 column1 column2 column3==" +
+             settings);
+    }
+}
+
+TEST_F(PropertyPagesTest, TicksGoWithTheirColumn) {
+    playEach("CheckBoxes=0; Cols=4; TextMatrix13=; CheckBoxes=-1; ColWidth3=300; "
+             "TextMatrix12=Bo; TextMatrix13=P; PrimaryColumn=2; reopen; show general; %1; apply; "
+             "Cols CheckBoxes PrimaryColumn==%2; CheckBoxes=0; Cols=7; ColWidth2 ColWidth3==%3; "
+             "TextMatrix12 TextMatrix13 TextMatrix15==%4",
+             {{"chkCheckboxes", "3 0 2", "960 960", "Bo  "},
+              {"chkCheckboxes; txtCols=4", "4 0 2", "960 960", "Bo  "},
+              {"txtCols=5", "6 -1 2", "960 960", "Bo  P"},
+              {"txtRows=12", "4 -1 2", "960 300", "Bo P "},
+              {"txtCols=2", "3 -1 1", "300 960", "P  "}});
+}
+
+TEST_F(PropertyPagesTest, LookingAtAColumnChangesNothing) {
+    play("fill; ColDataAlignment0=9; ColHeaderAlignment0=0; show columns; press cmdIndex(1); "
+         "ColDataAlignment0 ColHeaderAlignment0==9 0");
+    // What was edited stays with its column, and the box that is left loads the one it names.
+    play("txtColTextHeader=edited; txtIndex=0; leave txtIndex; txtColTextHeader==A; apply; "
+         "ColTextHeader0 ColTextHeader1 ColDataAlignment0==A edited 9; "
+         "cboColDataAlignment=2; txtIndex=99; press cmdIndex(0); txtIndex ColDataAlignment0==2 7; "
+         "txtIndex=-5; apply; txtIndex ColTextHeader0==0 A");
+}
+
+TEST_F(PropertyPagesTest, EntryHoldsTheRulesOfTyping) {
+    play("show entry; cboEntryRules chkTabWalks changed==0 1(off) ; cboEntryRules=1; chkTabWalks; "
+         "EntryRules==0; apply; EntryRules TabWalks==1 False; EntryRules=0");
+    pages->follow();
+    play("cboEntryRules chkTabWalks==0 0(off); TabWalks=True");
 }
 
 TEST_F(PropertyPagesTest, RowNumbersStandInTheirColumnsOnly) {

@@ -22,12 +22,11 @@ char32_t characterOf(const QKeyEvent &event) {
     return !typed.isEmpty() && QChar::isPrint(typed.front()) ? typed.front() : 0;
 }
 
-/// A pop-up or another program's window takes the keyboard for a while only.
-bool comesBack(Qt::FocusReason reason) {
-    return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
-}
-
 } // namespace
+
+bool comesBack(const QFocusEvent &event) {
+    return event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason;
+}
 
 PageLineEdit::PageLineEdit(PropertyPage &page, PageTextBox &box, QWidget *parent)
     : QLineEdit(parent), page_(page), box_(box) {
@@ -68,7 +67,7 @@ void PageLineEdit::inputMethodEvent(QInputMethodEvent *event) {
 
 void PageLineEdit::focusOutEvent(QFocusEvent *event) {
     QLineEdit::focusOutEvent(event);
-    if (!comesBack(event->reason()))
+    if (!comesBack(*event))
         settle();
 }
 

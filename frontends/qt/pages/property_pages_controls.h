@@ -10,6 +10,9 @@
 
 namespace tablio::qt {
 
+/// Whether the keyboard went to a pop-up or another program's window for a while only.
+[[nodiscard]] bool comesBack(const QFocusEvent &event);
+
 class PageLineEdit final : public QLineEdit {
     Q_OBJECT
 

@@ -18,11 +18,13 @@ namespace tablio::qt {
 PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
     : QDialog(parent), pages_(edited.core(), *this),
       generalView_(new PropertyPageView(pages_.general)),
-      columnsView_(new PropertyPageView(pages_.columns)), tabs_(new QTabWidget),
+      columnsView_(new PropertyPageView(pages_.columns)),
+      entryView_(new PropertyPageView(pages_.entry)), tabs_(new QTabWidget),
       preview_(new PropertyPagesPreview(edited, pages_)) {
     setWindowTitle(tr("Property Pages"));
     tabs_->addTab(generalView_, toQString(pages_.general.name()));
     tabs_->addTab(columnsView_, toQString(pages_.columns.name()));
+    tabs_->addTab(entryView_, toQString(pages_.entry.name()));
 
     using Buttons = QDialogButtonBox;
     auto *buttons = new Buttons(Buttons::Ok | Buttons::Apply | Buttons::Cancel);
@@ -48,16 +50,19 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
     connect(tabs_, &QTabWidget::currentChanged, this, &PropertyPagesDialog::showPage);
     connect(columnsView_, &PropertyPageView::pressed, this,
             [this](PageButton &button) { guarded([&] { pages_.pressed(button); }); });
-    connect(columnsView_, &PropertyPageView::columnNamed, this,
-            [this] { pages_.columns.SelectionChanged(); });
+    connect(columnsView_, &PropertyPageView::columnNamed, this, [this] {
+        guarded([this] { pages_.goToIndex(); });
+        tellTimer_.start();
+    });
 
-    for (QTimer *timer : {&previewTimer_, &followTimer_}) {
+    for (QTimer *timer : {&previewTimer_, &followTimer_, &tellTimer_}) {
         timer->setSingleShot(true);
         timer->setInterval(0);
     }
     connect(&previewTimer_, &QTimer::timeout, this, &PropertyPagesDialog::refreshPreview);
     connect(&followTimer_, &QTimer::timeout, this,
             [this] { guarded([this] { pages_.follow(); }); });
+    connect(&tellTimer_, &QTimer::timeout, this, [this] { guarded([this] { pages_.tell(); }); });
     connect(&edited, &TablioWidget::propertyChanged, this, [this] { followTimer_.start(); });
     connect(&edited, &TablioWidget::tableChange, this, [this] { followTimer_.start(); });
     showPage(tabs_->currentIndex());
@@ -65,8 +70,8 @@ PropertyPagesDialog::PropertyPagesDialog(TablioWidget &edited, QWidget *parent)
 }
 
 void PropertyPagesDialog::controlChanged(const PageControl &control) {
-    generalView_->mirror(control);
-    columnsView_->mirror(control);
+    for (PropertyPageView *view : {generalView_, columnsView_, entryView_})
+        view->mirror(control);
     previewTimer_.start();
 }
 
@@ -82,13 +87,15 @@ void PropertyPagesDialog::changedFlagSet(const PropertyPage & /*page*/) {
 void PropertyPagesDialog::settingsChanged() { Q_EMIT applied(); }
 
 void PropertyPagesDialog::showPage(int tab) {
-    const bool isGeneral = tabs_->widget(tab) == generalView_;
-    if (isGeneral)
+    const QWidget *shown = tabs_->widget(tab);
+    if (shown == generalView_)
         pages_.show(pages_.general);
-    else
+    else if (shown == columnsView_)
         pages_.show(pages_.columns);
+    else
+        pages_.show(pages_.entry);
     // Where the buttons that go from column to column put it, too.
-    if (!isGeneral && !tabs_->tabBar()->hasFocus())
+    if (shown == columnsView_ && !tabs_->tabBar()->hasFocus())
         columnsView_->giveFocus(pages_.columns.txtColTextHeader);
     previewTimer_.start();
 }
@@ -102,6 +109,10 @@ void PropertyPagesDialog::apply() {
     generalView_->settle();
     columnsView_->settle();
     guarded([this] { pages_.apply(); });
+}
+
+void PropertyPagesDialog::takeBack() {
+    guarded([this] { pages_.takeBack(); });
 }
 
 void PropertyPagesDialog::accept() {

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The dialog with the property pages "General" and "Columns" of one widget, a preview, and OK,
+/// The dialog with the property pages of one widget, a preview, and OK,
 /// Apply and Cancel. Whoever opens it decides how modal it is. It shows and reports; the pages
 /// decide.
 
@@ -26,6 +26,8 @@ public:
     explicit PropertyPagesDialog(TablioWidget &edited, QWidget *parent = nullptr);
 
     void accept() override;
+    /// Gives the widget back what the buttons that act at once have changed since OK or Apply.
+    void takeBack();
 
 Q_SIGNALS:
     /// The edited widget has other settings: after OK, Apply, and the buttons that act at once.
@@ -44,12 +46,14 @@ private:
     PropertyPages pages_;
     PropertyPageView *generalView_;
     PropertyPageView *columnsView_;
+    PropertyPageView *entryView_;
     QTabWidget *tabs_;
     PropertyPagesPreview *preview_;
     QPushButton *applyButton_;
     QTimer previewTimer_;
     /// Somebody else may have changed the widget.
     QTimer followTimer_;
+    QTimer tellTimer_;
 };
 
 } // namespace tablio::qt

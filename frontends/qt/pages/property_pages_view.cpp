@@ -113,6 +113,19 @@ PropertyPageView::PropertyPageView(Columns &page, QWidget *parent) : QWidget(par
     whole->addStretch();
 }
 
+PropertyPageView::PropertyPageView(Entry &page, QWidget *parent) : QWidget(parent), page_(page) {
+    auto *form = newForm();
+    auto *rules = new QLabel(captionOf(page.cboEntryRules));
+    QWidget *list = add(page.cboEntryRules);
+    rules->setBuddy(list);
+    list->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    form->addRow(rules, list);
+    form->addRow(QString(), add(page.chkTabWalks));
+    auto *whole = new QVBoxLayout(this);
+    whole->addLayout(form);
+    whole->addStretch();
+}
+
 QWidget *PropertyPageView::add(PageTextBox &box) {
     auto *native = new PageLineEdit(page_, box, this);
     widgets_.insert(&box, native);
@@ -182,6 +195,8 @@ void PropertyPageView::mirror(const PageControl &control) {
 
 /// Enter in the index box goes to the column; elsewhere it is the dialog's OK.
 bool PropertyPageView::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::FocusOut && !comesBack(*static_cast<QFocusEvent *>(event)))
+        Q_EMIT columnNamed();
     const bool isEnter =
         event->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent *>(event)->matches(QKeySequence::InsertParagraphSeparator);

@@ -4,6 +4,7 @@
 /// does and shows each control as its model says. It knows none of the page's rules.
 
 #include <tablio/pages/columns_page.h>
+#include <tablio/pages/entry_page.h>
 #include <tablio/pages/general_page.h>
 
 #include <QHash>
@@ -17,6 +18,7 @@ class PropertyPageView final : public QWidget {
 public:
     explicit PropertyPageView(General &page, QWidget *parent = nullptr);
     explicit PropertyPageView(Columns &page, QWidget *parent = nullptr);
+    explicit PropertyPageView(Entry &page, QWidget *parent = nullptr);
 
     /// Shows what the model says now; does nothing for a control of another page.
     void mirror(const PageControl &control);
@@ -27,7 +29,7 @@ public:
 Q_SIGNALS:
     /// The user has pressed a button. It may change the control, so the listener tells the page.
     void pressed(PageButton &button);
-    /// The user has named the column to go to.
+    /// The user has named the column to go to and pressed Enter, or is leaving the box.
     void columnNamed();
 
 protected:

@@ -39,6 +39,7 @@ void TablioWidget::showPropertyPages() {
         dialog = new PropertyPagesDialog(*this, this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setWindowModality(Qt::WindowModal);
+        connect(dialog, &QDialog::rejected, dialog, &PropertyPagesDialog::takeBack);
     }
     dialog->show();
     dialog->raise();

@@ -7,17 +7,30 @@
 #include <tablio/pages/property_page.h>
 
 #include <array>
+#include <memory>
+#include <set>
 #include <string_view>
 
 namespace tablio {
 
+class ColumnHistory;
+
 class Columns final : public PropertyPage {
 public:
     Columns(Tablio &control, PageListener &listener);
+    ~Columns() override;
 
     /// Loads the column that txtIndex names; leaves the page marked changed.
     void SelectionChanged() override;
     void ApplyChanges() override;
+    /// The user has done with the index box: what was edited stays with the column that the page
+    /// shows, then the one that the box names is loaded.
+    void goToIndex();
+    /// Gives back the columns, with their data, as they were before the buttons and goToIndex()
+    /// changed any; keepChanges() makes that the state of now.
+    void takeBack();
+    void keepChanges() noexcept;
+    void copyFrom(const Columns &other);
     /// The column that the page edits; it may be none that the control has.
     [[nodiscard]] int index() const;
 
@@ -59,6 +72,12 @@ public:
 
 private:
     void connect();
+    /// The user, or a rule, has changed what this control holds.
+    void edited(const PageControl &control);
+    [[nodiscard]] ColumnHistory &history();
+    /// The primary column goes with its column.
+    void movePrimaryColumn(int at, int by);
+    [[nodiscard]] int alignmentOf(const PageList &list, std::string_view property, int col);
     void cboColEditType_Click();
     void txtColMaxLength_Change();
     void cmdIndex_Click(int Index);
@@ -69,6 +88,12 @@ private:
     [[nodiscard]] int Cols();
     void copySettings(int from, int to, std::string_view calcStyleName);
     void setNewColumn(int col, int dataType, std::string_view calcStyleName);
+
+    /// The column that is loaded; −1 for none.
+    int shown_ = -1;
+    /// What was changed since then.
+    std::set<std::string> edited_;
+    std::unique_ptr<ColumnHistory> history_;
 };
 
 } // namespace tablio

@@ -22,8 +22,11 @@ public:
     void ApplyChanges() override;
     /// The control holds data, which has to stay.
     void endPageEditing() noexcept { editing_.reset(); }
-    /// The column count may have changed elsewhere: shows it, unless the user has typed another.
+    /// The column count, and with it the primary column, may have changed elsewhere: shows it,
+    /// unless the user has typed another.
     void followColumnCount();
+    /// Writes the menu's tick alone, which marks no change.
+    void applyMenu();
     void copyFrom(const General &other);
 
     // Heights are twips.
@@ -53,10 +56,16 @@ private:
     void txtPrimaryColumn_Change();
     void chkWithFixedColumn_Click();
     [[nodiscard]] std::string dataColumns();
+    /// Page and control agree on the columns.
+    void agree();
+    /// A column that there is none of any more is followed by the last one.
+    void followByPrimaryColumn();
+    void putCols();
 
     std::optional<PageEditing> editing_;
-    /// What txtCols showed when page and control last agreed.
+    /// What txtCols and txtPrimaryColumn showed when page and control last agreed.
     std::string agreedCols_;
+    std::string agreedPrimary_;
 };
 
 } // namespace tablio

@@ -402,8 +402,9 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 public Q_SLOTS:
-    /// Opens the property pages "General" and "Columns" for this widget, or raises them; an open
-    /// edit ends. They block the widget's window, not the caller.
+    /// Opens the property pages "General", "Columns" and "Entry" for this widget, or raises them;
+    /// an open edit ends. They block the widget's window, not the caller. Data stays with its
+    /// column, and Cancel gives back what was.
     void showPropertyPages();
 
 Q_SIGNALS:
