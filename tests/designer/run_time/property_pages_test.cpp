@@ -132,6 +132,21 @@ TEST_F(RunningTable, EnterInTheIndexBoxGoesToTheColumn) {
     EXPECT_EQ(pages.text("cboDataType"), "AllCase");
 }
 
+TEST_F(RunningTable, LeavingTheIndexBoxGoesToTheColumnAndCancelGivesBackWhatWas) {
+    const PagesDialog pages = open(1);
+    pages.play("txtColTextHeader=Total; txtIndex=1; Tab");
+    EXPECT_EQ(pages.text("txtColTextHeader"), "Name");
+    EXPECT_EQ(grid->colTextHeader(0), "Total");
+    pages.play("txtIndex=0; cmdCommand(1); page=2; cboEntryRules=1 - Careful");
+    EXPECT_EQ(grid->colTextHeader(0), "Name");
+    EXPECT_EQ(grid->textMatrix(1, 0), "Ann");
+    QTest::keyClick(pages.get()->windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(grid->colTextHeader(0), "Sum");
+    EXPECT_EQ(grid->textMatrix(1, 0), "12");
+    EXPECT_EQ(grid->textMatrix(9, 1), "Zoe");
+    EXPECT_EQ(grid->entryRules(), TablioWidget::Classic);
+}
+
 TEST_F(RunningTable, MayBeDeletedWhileItsPagesAreOpenAndByWhatTheyChange) {
     const PagesDialog pages = open(1);
     QObject::connect(grid.get(), &TablioWidget::propertyChanged, [&] { grid.reset(); });
