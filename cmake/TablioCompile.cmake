@@ -28,4 +28,16 @@ function(tablio_compile_settings target)
         target_compile_options(${target} PRIVATE
             -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
     endif()
+    if(CMAKE_CXX_CLANG_TIDY)
+        # What passed under other checks is looked at again.
+        get_target_property(sources ${target} SOURCES)
+        set_property(SOURCE ${sources}
+            APPEND PROPERTY OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/.clang-tidy")
+        # What moc writes is not ours to change. A list of checks must name one.
+        get_target_property(moc ${target} AUTOMOC)
+        if(moc)
+            file(WRITE "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/.clang-tidy"
+                "Checks: '-*,misc-unused-alias-decls'\n")
+        endif()
+    endif()
 endfunction()
