@@ -35,6 +35,8 @@ public:
 
     // Partners. Both may be null and must live until they are replaced or the control is gone.
     void setFace(Face *face);
+    /// Null for a control without one.
+    [[nodiscard]] Face *face() const noexcept;
     void setHost(HostEvents *host);
     /// What a face tells the control.
     [[nodiscard]] Input &input() noexcept { return input_; }

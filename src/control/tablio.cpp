@@ -14,6 +14,11 @@ Tablio::~Tablio() { control_->state.link.close(); }
 
 void Tablio::setFace(Face *face) { control_->state.link.setFace(face); }
 
+Face *Tablio::face() const noexcept {
+    const HostLink &link = control_->state.link;
+    return link.hasFace() ? &link.face() : nullptr;
+}
+
 void Tablio::setHost(HostEvents *host) { control_->state.link.setHost(host); }
 
 void Tablio::InitProperties() { control_->state.settings = Settings{}; }

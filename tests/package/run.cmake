@@ -52,6 +52,9 @@ if(WITH_QT)
     run("${CMAKE_COMMAND}" --build "${WORK_DIR}/qt" --config "${CONFIG}")
     run_and_expect("3" "${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen
         "${WORK_DIR}/qt/bin/outside_qt")
+    # A host's own form plays scenarios.
+    run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${CMAKE_CTEST_COMMAND}"
+        --test-dir "${WORK_DIR}/qt" --no-tests=error --output-on-failure)
 else()
     # Asking for what was not built must fail while configuring, not while linking.
     execute_process(COMMAND ${configure} -B "${WORK_DIR}/qt" -DOUTSIDE_QT=ON

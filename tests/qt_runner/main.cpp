@@ -1,8 +1,7 @@
 /// `tablio_qt_scenarios FILE…` plays scenario files against the Qt widget with native events.
 
-#include "qt_runner/qt_driver.h"
-
 #include <tablio/testing/player.h>
+#include <tablio/testing/qt_driver.h>
 
 #include <QApplication>
 #include <QProxyStyle>

@@ -1,9 +1,9 @@
-#include "qt_runner/qt_driver.h"
+#include <tablio/testing/qt_driver.h>
 
-#include "control/inside.h"
-#include "qt_runner/native_check.h"
-#include "qt_runner/widget_members.h"
+#include "native_check.h"
+#include "widget_members.h"
 
+#include <tablio/members.h>
 #include <tablio/testing/script.h>
 
 #include <QAbstractItemView>
@@ -11,9 +11,12 @@
 #include <QCalendarWidget>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
 #include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTest>
@@ -108,7 +111,37 @@ Qt::MouseButton qtButtonOf(MouseButton button) {
                                           : Qt::MiddleButton;
 }
 
+/// A scenario starts from the control's own defaults, not from a theme's.
+void makeBare(Tablio &core) {
+    Tablio bare;
+    for (const Member &member : members()) {
+        // InitProperties sets the control's own; these are the table's.
+        const bool isOwn = member.name == "StripeColor" || member.name == "CheckBoxColor";
+        if (member.type != MemberType::Colour || member.stored.written == 0 || isOwn)
+            continue;
+        const Value colour = member.read(bare, {});
+        member.write(core, {&colour, 1});
+    }
+    core.setRowMinHeight(bare.RowMinHeight());
+    core.InitProperties();
+    core.TableClear();
+}
+
+std::unique_ptr<QWidget> makeBareForm() {
+    auto window = std::make_unique<QDialog>();
+    (new QLineEdit(window.get()))->setGeometry(0, 0, 40, 20);
+    makeBare((new qt::TablioWidget(window.get()))->core());
+    return window;
+}
+
 } // namespace
+
+QtDriver::QtDriver() : makeForm_(makeBareForm), isBare_(true) {}
+
+QtDriver::QtDriver(FormMaker makeForm, QString gridName)
+    : makeForm_(std::move(makeForm)), gridName_(std::move(gridName)) {}
+
+QtDriver::~QtDriver() { QtDriver::destroy(); }
 
 template <typename Action> auto QtDriver::outermost(Action action) {
     const QScopedValueRollback<int> deeper(depth_, depth_ + 1);
@@ -131,10 +164,12 @@ template <typename Action> auto QtDriver::outermost(Action action) {
 template <typename Action> void QtDriver::deliver(Action action) {
     outermost([&] {
         failure().clear();
-        const QtMessageHandler before = qInstallMessageHandler(rememberFailure);
-        action();
-        QCoreApplication::processEvents();
-        qInstallMessageHandler(before);
+        {
+            const QtMessageHandler before = qInstallMessageHandler(rememberFailure);
+            const auto restore = qScopeGuard([=] { qInstallMessageHandler(before); });
+            action();
+            QCoreApplication::processEvents();
+        }
         if (!failure().empty())
             throw Error(failure());
     });
@@ -142,41 +177,40 @@ template <typename Action> void QtDriver::deliver(Action action) {
 
 void QtDriver::create(Twips width, Twips height) {
     destroy();
-    window_ = std::make_unique<QDialog>();
-    elsewhere_ = new QLineEdit(window_.get());
-    grid_ = new qt::TablioWidget(window_.get());
-    ControlState &state = Inside::of(grid_->core()).state;
-    qtFace_ = &state.link.face();
-    face.wrap(qtFace_);
-    // A scenario starts from the control's own defaults, not from a theme's.
-    state.grid.table.setLook({});
-    state.grid.table.setRowHeightMin(0);
-    grid_->core().InitProperties();
-    grid_->core().TableClear();
-    state.grid.setCurrentQuietly({1, 0});
-    state.cursor.enter({1, 0});
-    state.grid.setFocusRect(0);
+    window_ = makeForm_().release();
+    grid_ = qobject_cast<qt::TablioWidget *>(window_);
+    if (!grid_)
+        grid_ = window_->findChild<qt::TablioWidget *>(gridName_);
+    if (!grid_)
+        throw ScriptError("the form has no grid " + gridName_.toStdString());
+    ownFace_ = grid_->core().face();
+    face.wrap(ownFace_);
     grid_->core().setFace(&face);
     // The widget itself answers and tells.
     face.locale.reset();
     face.clipboard.reset();
     face.writesNotices = false;
-    QObject::connect(grid_, &qt::TablioWidget::propertyChanged, grid_,
+    listener_ = std::make_unique<QObject>();
+    QObject::connect(grid_, &qt::TablioWidget::propertyChanged, listener_.get(),
                      [this](const QString &name) { face.notices.push_back(name.toStdString()); });
-    setLocale({});
     QGuiApplication::clipboard()->clear();
-    elsewhere_->setGeometry(0, 0, 40, 20);
-    resize(width, height);
+    if (isBare_) {
+        setLocale({});
+        resize(width, height);
+    }
 }
 
 void QtDriver::destroy() {
-    face.wrap(nullptr);
-    delete grid_.data();
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *other : windows) {
         if (qobject_cast<QMessageBox *>(other) != nullptr)
             delete other;
     }
+    listener_.reset();
+    if (window_ && !isBare_)
+        window_->hide();
+    face.wrap(nullptr);
+    delete window_.data();
 }
 
 QWidget *QtDriver::canvas() const {
@@ -184,21 +218,33 @@ QWidget *QtDriver::canvas() const {
 }
 
 QPoint QtDriver::inWindow(Twips x, Twips y) const {
-    return canvas()->mapTo(window_.get(), QPoint(x / twipsPerPixel, y / twipsPerPixel));
+    return canvas()->mapTo(window_.data(), QPoint(x / twipsPerPixel, y / twipsPerPixel));
+}
+
+QWidget *QtDriver::elsewhere() const {
+    for (QWidget *other = grid_->nextInFocusChain(); other != grid_;
+         other = other->nextInFocusChain()) {
+        if ((other->focusPolicy() & Qt::TabFocus) != 0 && other->isVisibleTo(window_) &&
+            other->isEnabled() && !grid_->isAncestorOf(other))
+            return other;
+    }
+    throw ScriptError("the form has no other widget that takes the keyboard");
 }
 
 void QtDriver::show() {
     deliver([this] {
         window_->show();
         window_->activateWindow();
-        static_cast<void>(QTest::qWaitForWindowExposed(window_.get()));
-        static_cast<void>(QTest::qWaitForWindowActive(window_.get()));
+        static_cast<void>(QTest::qWaitForWindowExposed(window_.data()));
+        static_cast<void>(QTest::qWaitForWindowActive(window_.data()));
         // The last scenario may have ended in the middle of a click.
         if (held_ != Qt::NoButton)
             QTest::mouseRelease(window_->windowHandle(), std::exchange(held_, Qt::NoButton), {},
                                 QPoint(1, 1));
-        if (QApplication::focusWidget() != elsewhere_)
-            elsewhere_->setFocus();
+        if (!isBare_)
+            return;
+        if (QApplication::focusWidget() != elsewhere())
+            elsewhere()->setFocus();
         grid_->core().Show();
     });
 }
@@ -207,6 +253,8 @@ void QtDriver::resize(Twips width, Twips height) {
     const QSize inner(width / twipsPerPixel, height / twipsPerPixel);
     const QMargins margins = grid_->contentsMargins();
     const QSize outer = inner.grownBy(margins);
+    if (!isBare_)
+        return deliver([&] { window_->resize(window_->size() + outer - grid_->size()); });
     window_->resize(std::max(60, outer.width()), outer.height() + 30);
     grid_->setGeometry(QRect(QPoint(0, 30), outer));
     // Also before the window is shown and tells its children.
@@ -218,10 +266,10 @@ void QtDriver::enterFocus() {
 }
 
 void QtDriver::leaveFocus() {
-    deliver([this] { elsewhere_->setFocus(Qt::TabFocusReason); });
+    deliver([this] { elsewhere()->setFocus(Qt::TabFocusReason); });
 }
 
-void QtDriver::setHost(HostEvents *host) { connectHost(*grid_, *host); }
+void QtDriver::setHost(HostEvents *host) { connectHost(*grid_, *listener_, *host); }
 
 Value QtDriver::callMember(std::string_view name, const Values &arguments) {
     return outermost([&] {
@@ -274,7 +322,9 @@ void QtDriver::strike(const KeyStroke &stroke) {
         QWidget *popup = QApplication::activePopupWidget();
         QWindow *target = popup != nullptr ? popup->windowHandle() : window_->windowHandle();
         QTest::simulateEvent(target, true, key.key, key.modifiers, text, false);
-        QTest::simulateEvent(window_->windowHandle(), false, key.key, key.modifiers, text, false);
+        if (window_)
+            QTest::simulateEvent(window_->windowHandle(), false, key.key, key.modifiers, text,
+                                 false);
     });
 }
 
@@ -312,16 +362,15 @@ void QtDriver::settle(WidgetId /*editor*/, std::string_view text, int caret) {
 void QtDriver::pressMouse(MouseButton button, Twips x, Twips y) {
     putAside(*window_);
     deliver([&] {
-        pressed_ = inWindow(x, y);
         held_ = qtButtonOf(button);
-        QTest::mousePress(window_->windowHandle(), qtButtonOf(button), {}, pressed_);
+        QTest::mousePress(window_->windowHandle(), held_, {}, inWindow(x, y));
     });
 }
 
 void QtDriver::moveMouse(Twips x, Twips y) {
     deliver([&] {
         const QPoint at = inWindow(x, y);
-        QMouseEvent move(QEvent::MouseMove, canvas()->mapFrom(window_.get(), at),
+        QMouseEvent move(QEvent::MouseMove, canvas()->mapFrom(window_.data(), at),
                          window_->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(canvas(), &move);
     });
@@ -329,16 +378,17 @@ void QtDriver::moveMouse(Twips x, Twips y) {
 
 void QtDriver::releaseMouse(MouseButton button, Twips x, Twips y) {
     deliver([&] {
+        if (!window_)
+            return;
         held_ = Qt::NoButton;
-        QTest::mouseRelease(window_->windowHandle(), qtButtonOf(button), {},
-                            grid_ ? inWindow(x, y) : pressed_);
+        QTest::mouseRelease(window_->windowHandle(), qtButtonOf(button), {}, inWindow(x, y));
     });
 }
 
 void QtDriver::doubleClick(Twips x, Twips y) {
     deliver([&] {
         const QPoint at = inWindow(x, y);
-        QMouseEvent second(QEvent::MouseButtonDblClick, canvas()->mapFrom(window_.get(), at),
+        QMouseEvent second(QEvent::MouseButtonDblClick, canvas()->mapFrom(window_.data(), at),
                            window_->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(canvas(), &second);
     });
@@ -365,7 +415,7 @@ void QtDriver::chooseMenuEntry(MenuEntry entry) {
     deliver([&] {
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         if (menu == nullptr) {
-            qtFace_->popUpMenu(0, 0);
+            ownFace_->popUpMenu(0, 0);
             menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         }
         const QPointer<QMenu> alive(menu);

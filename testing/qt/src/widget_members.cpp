@@ -1,4 +1,4 @@
-#include "qt_runner/widget_members.h"
+#include "widget_members.h"
 
 #include <QMetaMethod>
 #include <QMetaProperty>
@@ -140,9 +140,9 @@ bool setOfWidget(TablioWidget &widget, std::string_view name, const std::vector<
         .has_value();
 }
 
-void connectHost(TablioWidget &widget, HostEvents &host) {
+void connectHost(TablioWidget &widget, QObject &context, HostEvents &host) {
     const auto connect = [&](auto signal, auto slot) {
-        QObject::connect(&widget, signal, &widget, slot);
+        QObject::connect(&widget, signal, &context, slot);
     };
     connect(&TablioWidget::editPreValidation, [&](int &row, int &col, bool &cancel) {
         host.EditPreValidation(Number(row), Number(col), cancel);

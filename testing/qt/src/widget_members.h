@@ -22,7 +22,7 @@ namespace tablio::scenario {
 [[nodiscard]] bool setOfWidget(qt::TablioWidget &widget, std::string_view name,
                                const std::vector<Value> &index, const Value &value);
 
-/// The host hears the widget's signals.
-void connectHost(qt::TablioWidget &widget, HostEvents &host);
+/// The host hears the widget's signals while the context lives.
+void connectHost(qt::TablioWidget &widget, QObject &context, HostEvents &host);
 
 } // namespace tablio::scenario

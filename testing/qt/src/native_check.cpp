@@ -1,4 +1,4 @@
-#include "qt_runner/native_check.h"
+#include "native_check.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
