@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <vector>
 
@@ -41,22 +40,6 @@ TEST(MaskedBox, KeepsItsShape) {
         EXPECT_EQ(box.Text(), each.text);
         EXPECT_EQ(box.SelStart(), each.caret);
         EXPECT_EQ(box.SelLength(), 0);
-    }
-}
-
-TEST(MaskedBox, NoSequenceOfActionsBreaksTheShape) {
-    NoListener listener;
-    std::mt19937 random(7);
-    const std::string_view actions = "0123456789/.<DLRlrHEA a";
-    MaskedBox box(WidgetId::txtDateEdit, listener);
-    for (int step = 0; step < 50000; ++step) {
-        playKeys(box, actions.substr(random() % actions.size(), 1));
-        std::string shape = box.Text();
-        for (char &character : shape)
-            character = character >= '0' && character <= '9' ? '_' : character;
-        ASSERT_EQ(shape, "__/__/____") << box.Text() << " after step " << step;
-        ASSERT_GE(box.SelStart(), 0);
-        ASSERT_LE(box.SelEnd(), box.length());
     }
 }
 

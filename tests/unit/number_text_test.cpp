@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
 #include <string>
 
 namespace tablio {
@@ -162,52 +160,6 @@ TEST(NumberText, GroupsWhatHasBeenTypedSoFar) {
     const std::string tooLong(400, '9');
     const std::string grouped = groupWhileTyping(tooLong, NumberKind::Integer, english);
     EXPECT_EQ(textToDecimal(grouped, english).plainText(english), tooLong);
-}
-
-/// A user types at the end of the box, with a slip and its correction now and then. After each key
-/// the box must be worth exactly what the same keys give without any grouping.
-TEST(NumberText, GroupingNeverFightsTheTyping) {
-    std::mt19937 random(1900);
-    for (int round = 0; round < 4000; ++round) {
-        const NumberFormat &format = round % 3 == 0 ? english : round % 3 == 1 ? german : french;
-        const bool isDecimal = random() % 2 != 0;
-        const NumberKind kind = isDecimal ? NumberKind::Decimal : NumberKind::Integer;
-        std::string keys = random() % 2 != 0 ? "-" : "";
-        for (unsigned count = 1 + random() % 18; count > 0; --count)
-            keys += static_cast<char>('0' + random() % 10);
-        if (isDecimal) {
-            keys += format.decimalSign;
-            for (unsigned count = random() % 11; count > 0; --count)
-                keys += static_cast<char>('0' + random() % 10);
-        }
-
-        std::string box;
-        std::string plain;
-        for (const char key : keys) {
-            std::int16_t taken = key;
-            const int caret = static_cast<int>(box.size());
-            if (isDecimal)
-                FilterDecimalKey(taken, {box, caret, 0}, all, format);
-            else
-                FilterIntegerKey(taken, {box, caret, 0}, all);
-            ASSERT_EQ(taken, key) << box;
-            plain += key;
-            box = groupWhileTyping(box + key, kind, format);
-            const std::string slipped = groupWhileTyping(box + '9', kind, format);
-            const bool isWorthASlip = slipped != box && !textToDecimal(box, format).isZero();
-            if (isWorthASlip && random() % 8 == 0) {
-                box = slipped.substr(0, slipped.size() - 1);
-                box = groupWhileTyping(box, kind, format);
-            }
-            ASSERT_EQ(Decimal::parse(box, format), Decimal::parse(plain, format)) << plain;
-            ASSERT_EQ(box.find('-'), plain.find('-')) << plain;
-        }
-        const std::size_t boxSign = findDecimalSign(box, format);
-        const std::size_t plainSign = findDecimalSign(plain, format);
-        if (plainSign != std::string::npos) {
-            ASSERT_EQ(box.substr(boxSign), plain.substr(plainSign)) << "decimals as typed";
-        }
-    }
 }
 
 } // namespace
