@@ -117,8 +117,12 @@ void Columns::ApplyChanges() {
     put("ColWidth", i, leadingNumber(txtColWidth.Text()));
     put("ColMaxLength", i, leadingNumber(NormalizeNumberText(txtColMaxLength.Text(), 0)));
     for (const auto &[list, property] : {std::pair(&cboColDataAlignment, "ColDataAlignment"),
-                                         std::pair(&cboColHeaderAlignment, "ColHeaderAlignment")})
-        attempt([&] { put(property, i, alignmentOf(*list, property, i)); });
+                                         std::pair(&cboColHeaderAlignment, "ColHeaderAlignment")}) {
+        // The names are captured as they are: a compiler of ours knows no other way.
+        attempt([&, list = list, property = property] {
+            put(property, i, alignmentOf(*list, property, i));
+        });
+    }
     edited_.clear();
     setChanged(false);
 }
