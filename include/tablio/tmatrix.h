@@ -40,7 +40,7 @@ public:
     /// The values of one column with their rows.
     using Column = std::vector<std::pair<int, MatrixValue>>;
     /// Makes room for a column that will have this number, with these values.
-    void insertCol(int Col, Column Cells = {});
+    void insertCol(int Col, Column &&Cells = {});
     /// Takes the column with this number away; those behind it close the gap.
     Column takeCol(int Col);
     /// Forgets the values of the rows from FirstRow on.

@@ -73,7 +73,7 @@ void TMatrix::shiftCols(int FirstCol, int By) {
         setText(entry.row, entry.col + By, std::move(entry.value));
 }
 
-void TMatrix::insertCol(int Col, Column Cells) {
+void TMatrix::insertCol(int Col, Column &&Cells) {
     shiftCols(Col, 1);
     for (auto &[row, value] : Cells)
         setText(row, Col, std::move(value));
