@@ -155,7 +155,7 @@ template <typename Action> auto QtDriver::outermost(Action action) {
         action();
         check();
     } else {
-        const auto result = action();
+        auto result = action();
         check();
         return result;
     }
