@@ -1,4 +1,6 @@
-#include "member_document.h"
+#include "members/member_document.h"
+#include "web_types/web_glue.h"
+#include "web_types/web_types.h"
 
 #include <tablio/dispatch.h>
 #include <tablio/errors.h>
@@ -180,12 +182,23 @@ TEST_F(DispatchTest, RefusesWithTheRightErrorAndChangesNothing) {
     }
 }
 
-TEST(MemberDocument, IsTheOneThatIsShipped) {
-    std::ifstream file(TABLIO_MEMBERS_DOCUMENT, std::ios::binary);
-    ASSERT_TRUE(file) << TABLIO_MEMBERS_DOCUMENT;
-    const std::string shipped{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_TRUE(shipped == membersDocument())
-        << "build tablio_members and print it again: tablio_members > docs/members.md";
+TEST(PrintedFromTheMemberTable, IsWhatIsShipped) {
+    struct {
+        const char *file;
+        std::string (*printed)();
+        const char *program;
+    } const files[] = {
+        {"docs/members.md", membersDocument, "tablio_members"},
+        {"docs/web-members.md", webMembersDocument, "tablio_web_types document"},
+        {"frontends/web/tablio-grid.d.ts", webTypes, "tablio_web_types types"},
+        {"frontends/web/members/member_table.ts", webMemberTable, "tablio_web_types table"},
+    };
+    for (const auto &[name, printed, program] : files) {
+        std::ifstream file(std::string(TABLIO_SOURCES "/") + name, std::ios::binary);
+        ASSERT_TRUE(file) << name;
+        const std::string shipped{std::istreambuf_iterator<char>(file), {}};
+        EXPECT_TRUE(shipped == printed()) << "print it again: " << program << " > " << name;
+    }
 }
 
 } // namespace
