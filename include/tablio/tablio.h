@@ -13,6 +13,7 @@
 #include <tablio/types.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -101,6 +102,10 @@ public:
     [[nodiscard]] std::string TextMatrix(int Row, int Col) const;
     /// Shows the value by the column's format.
     void setTextMatrix(int Row, int Col, std::string_view Value);
+    /// Writes a block of texts, Cols of them a row, as setTextMatrix() would one by one: the first
+    /// one into this cell, the others beside and below it. Rows that are missing below the last one
+    /// are appended, which ends an open edit and raises TableChange. Painted and told once.
+    void setTexts(int Row, int Col, int Cols, std::span<const std::string_view> Texts);
     /// The host's own values, kept in step with the rows.
     [[nodiscard]] std::shared_ptr<TMatrix> CellTag() const;
     void setCellTag(std::shared_ptr<TMatrix> tags);

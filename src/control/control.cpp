@@ -37,6 +37,26 @@ RowStock &Control::settledRows() {
     return rows;
 }
 
+void Control::writeBlock(CellAddress first, int cols, std::span<const std::string_view> values) {
+    const GridTable &table = state.grid.table;
+    const auto missing = [&] {
+        return first.row + cells.rowsOfBlock(first, cols, values.size()) - table.Rows();
+    };
+    if (missing() > 0)
+        session.EndCellEdit();
+    // A handler may have changed the table meanwhile.
+    const int count = missing();
+    // A block may begin below the last row, not farther down.
+    if (first.row != table.Rows())
+        table.checkRow(first.row, "block of texts");
+    const RepaintOnce repaintOnce(state.grid);
+    if (count > 0)
+        rows.append(count);
+    cells.writeBlock(first, cols, values);
+    if (count > 0)
+        state.link.TableChange();
+}
+
 void Control::gridEnterCell() {
     if (rows.IsClearing())
         return;

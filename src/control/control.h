@@ -53,6 +53,9 @@ public:
 
     /// The rows, for an operation on them: an open edit ends first.
     [[nodiscard]] RowStock &settledRows();
+    /// Writes values as CellText::writeBlock(), and appends the rows that are missing below the
+    /// last one.
+    void writeBlock(CellAddress first, int cols, std::span<const std::string_view> values);
     [[nodiscard]] MenuState menuState(MenuEntry entry) const noexcept;
     /// Does what an entry of the pop-up menu says; a disabled entry does nothing.
     void chooseMenu(MenuEntry entry);

@@ -132,6 +132,12 @@ void Tablio::setTextMatrix(int Row, int Col, std::string_view Value) {
     control_->cells.write(to16Bit(Row, "TextMatrix row"), to16Bit(Col, "TextMatrix column"), Value);
 }
 
+void Tablio::setTexts(int Row, int Col, int Cols, std::span<const std::string_view> Texts) {
+    const Call control(control_);
+    control->writeBlock({to16Bit(Row, "setTexts row"), to16Bit(Col, "setTexts column")}, Cols,
+                        Texts);
+}
+
 std::shared_ptr<TMatrix> Tablio::CellTag() const { return control_->rows.CellTag(); }
 
 void Tablio::setCellTag(std::shared_ptr<TMatrix> tags) {

@@ -34,15 +34,18 @@ void lowerInto(std::string &result, std::string_view text, const Face &face) {
 
 } // namespace
 
-void RowStock::append() {
+void RowStock::append(int count) {
     GridTable &table = state_.grid.table;
-    if (table.Rows() >= GridTable::maxRows)
-        throw OverflowError("AddRow: row " + std::to_string(table.Rows()) +
+    if (count > GridTable::maxRows - table.Rows())
+        throw OverflowError("AddRow: row " + std::to_string(table.Rows() + count - 1) +
                             " does not fit 16 bits");
-    table.AddItem("");
-    forgetTags(table.Rows() - 1);
-    if (!numberLastRow())
-        RenumberFixedColumns();
+    const RepaintOnce repaintOnce(state_.grid);
+    for (; count > 0; --count) {
+        table.AddItem("");
+        forgetTags(table.Rows() - 1);
+        if (!numberLastRow())
+            RenumberFixedColumns();
+    }
 }
 
 void RowStock::setRows(int count) {

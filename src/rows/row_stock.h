@@ -24,8 +24,9 @@ public:
     /// Throws OverflowError when the last row would not fit 16 bits, GridError where the cursor
     /// could not stand on it; nothing has changed then.
     void add();
-    /// Appends a blank row, numbered like the others; no event, and the cursor stays.
-    void append();
+    /// Appends blank rows, numbered like the others; no event, and the cursor stays. Throws
+    /// OverflowError, with nothing changed, when the last one would not fit 16 bits.
+    void append(int count = 1);
     /// Another number of rows: those that go take their tags along.
     void setRows(int count);
     /// Inserts a blank row at the marked row, in exchange for a spare row at the end if there is

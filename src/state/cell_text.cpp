@@ -4,6 +4,7 @@
 #include "model/text/number_picture.h"
 #include "model/text/number_text.h"
 
+#include <tablio/errors.h>
 #include <tablio/members.h>
 
 namespace tablio {
@@ -18,7 +19,7 @@ std::string CellText::read(int row, int col) const {
     return textToDecimal(given, signs).plainText(signs);
 }
 
-void CellText::write(int row, int col, std::string_view value) {
+void CellText::show(int row, int col, std::string_view value) {
     GridTable &table = state_.grid.table;
     // Where there is no such cell, writing its text says so.
     if (!table.hasCell(row, col) || state_.columns.ColFormat(col).empty()) {
@@ -27,6 +28,42 @@ void CellText::write(int row, int col, std::string_view value) {
         const std::string given(value);
         table.setTextMatrix(row, col, formatted(col, given));
         table.setCellData(row, col, given);
+    }
+}
+
+void CellText::write(int row, int col, std::string_view value) {
+    show(row, col, value);
+    state_.link.propertyChanged(Number::TextMatrix);
+}
+
+int CellText::rowsOfBlock(CellAddress first, int cols, std::size_t values) const {
+    const GridTable &table = state_.grid.table;
+    table.checkCol(first.col, "block of texts");
+    if (cols < 1 || cols > table.Cols() - first.col)
+        throw GridError("block of texts: " + std::to_string(cols) + " columns from column " +
+                        std::to_string(first.col) + " on are not in the grid");
+    const std::size_t rows = values / static_cast<std::size_t>(cols);
+    if (rows * static_cast<std::size_t>(cols) != values)
+        throw GridError("block of texts: " + std::to_string(values) +
+                        " texts are no whole rows of " + std::to_string(cols));
+    if (rows > GridTable::maxRows)
+        throw OverflowError("block of texts: " + std::to_string(rows) + " rows do not fit 16 bits");
+    return static_cast<int>(rows);
+}
+
+void CellText::writeBlock(CellAddress first, int cols, std::span<const std::string_view> values) {
+    const int rows = rowsOfBlock(first, cols, values.size());
+    if (rows == 0)
+        return;
+    state_.grid.table.checkRow(first.row, "block of texts");
+    state_.grid.table.checkRow(first.row + rows - 1, "block of texts");
+    {
+        const RepaintOnce repaintOnce(state_.grid);
+        auto value = values.begin();
+        for (int row = first.row; value != values.end(); ++row) {
+            for (int col = first.col; col < first.col + cols; ++col)
+                show(row, col, *value++);
+        }
     }
     state_.link.propertyChanged(Number::TextMatrix);
 }

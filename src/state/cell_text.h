@@ -6,6 +6,7 @@
 
 #include "state/control_state.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,14 @@ public:
     /// outside the grid.
     void write(int row, int col, std::string_view value);
 
+    /// How many rows such a block of values has. Throws GridError where they are no whole rows or
+    /// reach beyond the last column.
+    [[nodiscard]] int rowsOfBlock(CellAddress first, int cols, std::size_t values) const;
+    /// Writes a block of values, `cols` of them a row, whose first one belongs into this cell, as
+    /// `write` would one by one; painted and told once. Throws GridError, with nothing written,
+    /// where the block reaches beyond the grid.
+    void writeBlock(CellAddress first, int cols, std::span<const std::string_view> values);
+
     [[nodiscard]] CellContent content(CellAddress cell) const;
     void putBack(CellAddress cell, const CellContent &content);
 
@@ -35,6 +44,8 @@ public:
     [[nodiscard]] std::string formatted(int col, std::string_view value) const;
 
 private:
+    void show(int row, int col, std::string_view value);
+
     ControlState &state_;
 };
 

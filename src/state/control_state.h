@@ -137,7 +137,23 @@ private:
     FlexGrid &grid_;
 };
 
-/// The same with the control's own status flag, for the bulk operations that switch both.
+/// Painting is put off for the life of this object, and not switched on: what changed meanwhile is
+/// painted together, unless the host has switched painting off.
+class RepaintOnce {
+public:
+    explicit RepaintOnce(FlexGrid &grid) : grid_(grid), before_(grid.view.Redraw()) {
+        grid_.view.setRedraw(false);
+    }
+    ~RepaintOnce() { grid_.view.setRedraw(before_); }
+    RepaintOnce(const RepaintOnce &) = delete;
+    RepaintOnce &operator=(const RepaintOnce &) = delete;
+
+private:
+    FlexGrid &grid_;
+    bool before_;
+};
+
+/// Like RedrawOff with the control's own status flag, for the bulk operations that switch both.
 class StatusOff {
 public:
     explicit StatusOff(ControlState &state) : state_(state) { state_.setStatusCell(false); }

@@ -122,7 +122,7 @@ public:
         using Step = void (Game::*)();
         static constexpr Step steps[] = {&Game::add,  &Game::insert, &Game::remove, &Game::type,
                                          &Game::mark, &Game::tick,   &Game::reset,  &Game::colour,
-                                         &Game::tag,  &Game::move,   &Game::clear};
+                                         &Game::tag,  &Game::move,   &Game::clear,  &Game::block};
         (this->*steps[random_() % std::size(steps)])();
     }
 
@@ -278,6 +278,27 @@ private:
         const std::string text = "tag" + std::to_string(random_() % 1000);
         grid_.CellTag()->setText(row, col, text);
         expected_.row(row)[static_cast<std::size_t>(col)].tag = text;
+    }
+
+    /// Two rows of a code and an amount, the second of which may be a new one.
+    void block() {
+        const int row = anyRow();
+        const std::string amount = std::to_string(random_() % 900);
+        grid_.setTexts(row, 1, 2, std::array<std::string_view, 4>{"A", amount, "", "x"});
+        if (row == expected_.last()) {
+            expected_.rows.emplace_back();
+            expected_.renumber();
+            ++expected_.changes;
+        }
+        const auto write = [&](int number, std::size_t col, const char *shown, const char *value) {
+            ReferenceCell &cell = expected_.row(number)[col];
+            cell.shown = shown;
+            cell.value = value;
+        };
+        write(row, 1, "A", "A");
+        write(row, 2, (amount + ".0").c_str(), amount.c_str());
+        write(row + 1, 1, "", "");
+        write(row + 1, 2, "0.0", "0");
     }
 
     void clear() {
