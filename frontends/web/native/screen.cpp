@@ -1,0 +1,200 @@
+/// What the page shows, worked out when it asks. Places are logical pixels from the canvas' corner,
+/// but in a scene, which is device pixels.
+
+#include "grid.h"
+#include "slots.h"
+
+#include <cmath>
+
+namespace tablio::web {
+
+namespace {
+
+/// A scene as numbers: 0 and a filled area, 1 and a text, 2 and a tick in 64ths of a pixel.
+class SceneWriter final : public ScenePainter {
+public:
+    SceneWriter(Grid &grid, ReplyWriter &reply) : grid_(grid), reply_(reply) {}
+
+    void fill(const PixelRect &area, Colour colour) override {
+        reply_.add(0, area.left, area.top, area.width, area.height, colour.value);
+    }
+    void text(const SceneText &text) override {
+        const PixelRect &room = text.room;
+        const PixelRect &inner = text.inner;
+        reply_.add(1, room.top, room.height, inner.left, inner.top, inner.width, inner.height,
+                   text.colour.value, grid_.numberOf(text.font), text.across, text.down,
+                   (text.hasLineEnds ? 1 : 0) + (text.mayWrap ? 2 : 0) +
+                       (text.tooWide == TooWide::Hashes ? 4 : 0));
+        reply_.addText(text.text);
+    }
+    void tick(const SceneTick &tick) override {
+        const auto fine = [](double pixels) { return std::lround(pixels * 64); };
+        reply_.add(2, fine(tick.penWidth), tick.colour.value);
+        for (const SceneTick::Point &point : tick.points)
+            reply_.add(fine(point.x), fine(point.y));
+    }
+
+private:
+    Grid &grid_;
+    ReplyWriter &reply_;
+};
+
+void addRect(ReplyWriter &reply, const PixelRect &rect) {
+    reply.add(rect.left, rect.top, rect.width, rect.height);
+}
+
+void addWidget(ReplyWriter &reply, const ScreenWidget &widget, const DevicePixels &pixels) {
+    reply.add(widget.isVisible);
+    addRect(reply, pixels.inside(pixels.withoutLines(widget.place)));
+}
+
+void addEditor(ReplyWriter &reply, Grid &grid, const ScreenEditor &editor,
+               const DevicePixels &pixels) {
+    const PaletteColours colours(grid.look.palette, grid.look.isEnabled);
+    const EditorPlace place = grid.table().screen().placeOf(editor, pixels);
+    reply.add(editor.edit, editor.cell.row, editor.cell.col, editor.anchor, editor.caret,
+              editor.maxLength, editor.alignsRight, colours.of(editor.BackColor).value,
+              colours.text(editor.ForeColor, editor.BackColor).value, grid.numberOf(editor.Font));
+    addRect(reply, place.frame);
+    reply.add(place.width, place.covered).addText(editor.text);
+}
+
+} // namespace
+
+/// In the order in which `element/state.ts` reads it.
+[[clang::export_name("state")]] const Reply *state(int number) {
+    return with(number, [](Grid &grid) {
+        const Screen &screen = grid.table().screen();
+        const DevicePixels pixels(grid.look.scale);
+        ReplyWriter reply;
+        const auto editor = screen.editor();
+        const auto owner = screen.focusOwner();
+        const auto cell = screen.currentCell().value_or(CellAddress{-1, -1});
+        const Date day = screen.calendarDay();
+        const ScreenList list = screen.list();
+        reply.add(owner ? static_cast<int>(*owner) : -1, cell.row, cell.col, grid.table().Rows(),
+                  grid.table().Cols(), grid.table().Enabled());
+        const Arrangement room = grid.arranged();
+        reply.add(room.width / twipsPerPixel, room.height / twipsPerPixel, room.hasRowBar,
+                  room.hasColBar);
+        for (const ScrollRange &range : {screen.rowRange(), screen.colRange()})
+            reply.add(range.first, range.last, range.page, range.position);
+        for (const WidgetId id : {WidgetId::cmdLookup, WidgetId::cmdCalender, WidgetId::picDate,
+                                  WidgetId::mvCalender, WidgetId::picEdit, WidgetId::cboEdit})
+            addWidget(reply, screen.widget(id), pixels);
+        reply.add(day.year, day.month, day.day, list.items.size(), list.chosen, list.isDropped,
+                  editor.has_value());
+        if (editor)
+            addEditor(reply, grid, *editor, pixels);
+        return reply.done();
+    });
+}
+
+[[clang::export_name("list")]] const Reply *list(int number) {
+    return with(number, [](Grid &grid) {
+        ReplyWriter reply;
+        for (const std::string &item : grid.table().screen().list().items)
+            reply.addText(item);
+        return reply.done();
+    });
+}
+
+[[clang::export_name("month")]] const Reply *month(int number, int firstWeekday) {
+    return with(number, [&](Grid &grid) {
+        ReplyWriter reply;
+        for (const auto &day : grid.table().screen().calendarMonth(firstWeekday).days)
+            reply.add(day.date.year * 10000 + day.date.month * 100 + day.date.day,
+                      (day.isToday ? 1 : 0) + (day.isChosen ? 2 : 0) + (day.isOtherMonth ? 4 : 0) +
+                          (day.isOutOfRange ? 8 : 0));
+        return reply.done();
+    });
+}
+
+[[clang::export_name("menu")]] const Reply *menu(int number) {
+    return with(number, [](Grid &grid) {
+        ReplyWriter reply;
+        for (const ScreenMenuEntry &entry : grid.table().screen().menu())
+            reply.add(entry.entry, entry.isEnabled, entry.isChecked).addText(entry.caption);
+        return reply.done();
+    });
+}
+
+/// The cells of one row, from a column on.
+[[clang::export_name("facts")]] const Reply *facts(int number, int row, int col, int count) {
+    return with(number, [&](Grid &grid) {
+        ReplyWriter reply;
+        for (const int end = col + count; col < end; ++col) {
+            const CellFacts cell = grid.table().screen().facts({row, col});
+            reply.add(cell.type, cell.dataType,
+                      (cell.isFixed ? 1 : 0) + (cell.isReadOnly ? 2 : 0) +
+                          (cell.isCheckBox ? 4 : 0) + (cell.isTicked ? 8 : 0) +
+                          (cell.isMarked ? 16 : 0) + (cell.isEdited ? 32 : 0) +
+                          (cell.isRefused ? 64 : 0));
+            reply.addText(cell.header).addText(cell.text);
+        }
+        return reply.done();
+    });
+}
+
+[[clang::export_name("cellRect")]] const Reply *cellRect(int number, int row, int col) {
+    return with(number, [&](Grid &grid) {
+        ReplyWriter reply;
+        const DevicePixels pixels(grid.look.scale);
+        addRect(reply, pixels.around(pixels.rect(grid.table().screen().cellRect({row, col}))));
+        return reply.done();
+    });
+}
+
+/// What is to be moved (its top, and how far down), then the scene of what has changed.
+[[clang::export_name("paint")]] const Reply *paint(int number, int width, int height) {
+    return with(number, [&](Grid &grid) {
+        ReplyWriter reply;
+        const Grid::Repaint repaint = grid.takeRepaint({0, 0, width, height});
+        reply.add(repaint.move.top, repaint.move.distance);
+        SceneWriter writer(grid, reply);
+        grid.table().screen().paint(repaint.areas, grid.look, writer);
+        return reply.done();
+    });
+}
+
+/// The room holds the palette's twelve colours, the scale, and whether keys reach the grid and it
+/// is enabled.
+[[clang::export_name("setLook")]] void setLook(int number, double scale, bool hasKeyboard,
+                                               bool isEnabled) {
+    with(number, [&](Grid &grid) {
+        const Values colours = takeValues(12);
+        const auto at = [&](std::size_t place) { return colours.at(place).toColour(); };
+        grid.look = {
+            {at(0), at(1), at(2), at(3), at(4), at(5), at(6), at(7), at(8), at(9), at(10), at(11)},
+            scale,
+            hasKeyboard,
+            isEnabled};
+        grid.repaintAll();
+    });
+}
+
+[[clang::export_name("setRoom")]] void setRoom(int number, int width, int height, int bar) {
+    with(number, [&](Grid &grid) { grid.setRoom(width, height, bar); });
+}
+
+/// The room holds the signs of numbers, the sizes of their groups, the order of dates, the font,
+/// and how high a line of it is.
+[[clang::export_name("setLocale")]] void setLocale(int number) {
+    with(number, [](Grid &grid) {
+        const Values values = takeValues(7);
+        grid.numbers = {values[0].toText(), values[1].toText(), values[2].toLong(),
+                        values[3].toLong()};
+        grid.dates = static_cast<DateOrder>(values[4].toLong());
+        grid.font = values[5].toFont();
+        grid.table().input().textHeight(values[6].toLong());
+    });
+}
+
+[[clang::export_name("font")]] const void *font(int number, std::size_t index) {
+    return with(number, [&](Grid &grid) {
+        const Value value(grid.fontAt(index));
+        return putValues({&value, 1});
+    });
+}
+
+} // namespace tablio::web
