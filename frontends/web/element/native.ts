@@ -330,14 +330,11 @@ export class NativeGrid {
         return this.module.run(name, this.number, ...numbers);
     }
 
-    /// Writes a block of cells as `TextMatrix` does, from this one to the right and down.
-    setCells(row: number, col: number, values: readonly (readonly (string | number)[])[]): void {
-        const rows = values.length;
-        const cols = values[0]?.length ?? 0;
-        const texts = values.map((line) => line.join('\0')).join('\0') + '\0';
-        if (rows * cols === 0 || this.run('setCells', row, col, rows, cols, this.module.putText(texts)))
-            return;
-        throw new TablioError('A block of cells has rows of different lengths.', 'Other');
+    /// Writes a block of cells as `TextMatrix` does, so many a row, from this one to the right and
+    /// down; rows that are missing are appended.
+    setTexts(row: number, col: number, cols: number, texts: readonly string[]): void {
+        const length = this.module.putText(texts.join('\0') + '\0');
+        this.run('setTexts', row, col, cols, texts.length === 0 ? 0 : length);
     }
 
     /// What the cells of a block read.

@@ -27,25 +27,17 @@ namespace tablio::web {
     });
 }
 
-/// Writes the texts in the room, which fill rows of so many cells and end with a 0 each. False, and
-/// nothing is written, where there is another number of texts.
-[[clang::export_name("setCells")]] bool setCells(int number, int row, int col, int rows, int cols,
+/// Writes the texts in the room, so many a row, each of which ends with a 0.
+[[clang::export_name("setTexts")]] void setTexts(int number, int row, int col, int cols,
                                                  std::size_t length) {
-    return with(number, [&](Grid &grid) {
-        Tablio &table = grid.table();
+    with(number, [&](Grid &grid) {
         // Copied, because the room is used by what handlers do.
-        const std::string texts(roomFor(0), length);
-        if (std::count(texts.begin(), texts.end(), '\0') != rows * cols)
-            return false;
-        if (rows > 0 && cols > 0)
-            static_cast<void>(table.TextMatrix(row + rows - 1, col + cols - 1));
-        const char *text = texts.data();
-        for (int cell = 0; cell < rows * cols; ++cell) {
-            const std::string_view one(text);
-            text += one.size() + 1;
-            grid.table().setTextMatrix(row + cell / cols, col + cell % cols, one);
-        }
-        return true;
+        const std::string all(roomFor(0), length);
+        std::vector<std::string_view> texts;
+        texts.reserve(static_cast<std::size_t>(std::count(all.begin(), all.end(), '\0')));
+        for (std::size_t at = 0; at < length; at += texts.back().size() + 1)
+            texts.emplace_back(all.c_str() + at);
+        grid.table().setTexts(row, col, cols, texts);
     });
 }
 
