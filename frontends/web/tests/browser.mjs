@@ -1,0 +1,68 @@
+/**
+ * What the tests of the web face share: Debian's Chromium on pages that are served from the built
+ * package, and what went wrong in them. A test file opens one browser and closes it at its end.
+ */
+
+import assert from 'node:assert/strict';
+import { existsSync } from 'node:fs';
+import { dirname, join } from 'node:path';
+import { fileURLToPath } from 'node:url';
+
+import puppeteer from 'puppeteer-core';
+
+import { serve, strictPolicy } from '../serve.mjs';
+
+export const root = join(dirname(fileURLToPath(import.meta.url)), '../../..');
+/** The package as scripts/web makes it. */
+export const built = process.env.TABLIO_WEB_PACKAGE ?? join(root, 'build/web/package');
+
+const chromium = process.env.TABLIO_CHROMIUM ?? '/usr/bin/chromium';
+
+/** Why these tests cannot be run here, for node:test's `skip`; false where they can. */
+export const skip =
+    (!existsSync(chromium) && `no ${chromium} here`) ||
+    (!existsSync(join(built, 'tablio-grid.js')) && 'no package; scripts/web builds it');
+
+export async function openBrowser(flags = []) {
+    return puppeteer.launch({
+        executablePath: chromium,
+        args: [
+            '--headless=new',
+            '--no-sandbox',
+            '--disable-gpu',
+            '--disable-quic',
+            '--no-first-run',
+            '--disable-background-networking',
+            '--disable-component-update',
+            '--disable-sync',
+            // A handler that blocks must not be taken for a page that hangs.
+            '--disable-hang-monitor',
+            ...flags,
+        ],
+        defaultViewport: { width: 1000, height: 600 },
+    });
+}
+
+/**
+ * Serves the package under /tablio/ and the given directories and pages beside it. `policy` is the
+ * strict content policy when nothing else is said.
+ */
+export function serveBeside({ directories = {}, pages = {}, policy = strictPolicy } = {}) {
+    return serve({ directories: { '/tablio/': built, ...directories }, pages, policy });
+}
+
+/** Opens a page. What it throws or reports as an error stands in `page.faults`. */
+export async function openPage(browser, address) {
+    const page = await browser.newPage();
+    page.faults = [];
+    page.on('pageerror', (error) => page.faults.push(String(error)));
+    page.on('console', (message) => {
+        if (message.type() === 'error') page.faults.push(message.text());
+    });
+    await page.goto(address, { waitUntil: 'load' });
+    return page;
+}
+
+export function assertNoFaults(page) {
+    assert.deepEqual(page.faults, []);
+}
