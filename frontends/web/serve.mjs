@@ -24,20 +24,30 @@ export const strictPolicy =
 
 /**
  * Serves directories by the paths that they stand under, such as { '/': …, '/tablio/': … }, on this
- * machine alone. `pages` are answers by their whole path. Port 0 is any that is free.
+ * machine alone. `pages` are texts by their whole path. Port 0 is any that is free.
  * @returns the address, without a slash at its end, and close()
  */
-export async function serve({ directories, pages = {}, policy = strictPolicy, port = 0 }) {
+export async function serve({
+    directories,
+    pages = {},
+    policy = strictPolicy,
+    headers: more = {},
+    port = 0,
+}) {
     const paths = Object.keys(directories).sort((one, other) => other.length - one.length);
     const server = createServer(async (request, response) => {
         const path = normalize(decodeURIComponent(new URL(request.url, 'http://here').pathname));
-        const headers = { 'Cache-Control': 'no-store', 'X-Content-Type-Options': 'nosniff' };
+        const headers = {
+            'Cache-Control': 'no-store',
+            'X-Content-Type-Options': 'nosniff',
+            ...more,
+        };
         if (policy) headers['Content-Security-Policy'] = policy;
         const send = (status, type, body) => {
             response.writeHead(status, { ...headers, 'Content-Type': type });
             response.end(body);
         };
-        if (path in pages) return send(200, types['.html'], pages[path]);
+        if (path in pages) return send(200, types[extname(path)] ?? types['.html'], pages[path]);
         const base = paths.find((each) => path.startsWith(each));
         if (base === undefined) return send(404, 'text/plain', 'Not found');
         let file = join(directories[base], path.slice(base.length));

@@ -1,0 +1,196 @@
+/**
+ * Measures <tablio-grid> beside AG Grid Community and Tabulator in one run of one Chromium:
+ *
+ *   node measure.mjs [--smoke]
+ *
+ * Prints a line a figure: peer, figure, and its value in each round. scripts/bench --web calls it and
+ * writes the results down.
+ */
+
+import { readFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { brotliCompressSync, constants } from 'node:zlib';
+
+import { built, openBrowser } from '../../frontends/web/tests/browser.mjs';
+import { serve } from '../../frontends/web/serve.mjs';
+
+const here = dirname(fileURLToPath(import.meta.url));
+const isSmoke = process.argv.includes('--smoke');
+const rounds = isSmoke ? 1 : 5;
+const main = isSmoke ? { rows: 1000, cols: 20 } : { rows: 32766, cols: 20 };
+const first = { rows: 1000, cols: 20 };
+const wheels = isSmoke ? 5 : 60;
+const lines = isSmoke ? 3 : 60;
+/** Digits of a number and Enter, which commits it. */
+const line = ['1', '2', '3', '4', '5', 'Enter'];
+const numberCol = 10;
+
+const bundles = {
+    tablio: [join(built, 'tablio-grid.js'), join(built, 'tablio.wasm')],
+    ag: [join(here, 'node_modules/ag-grid-community/dist/ag-grid-community.min.js')],
+    tabulator: [join(here, 'node_modules/tabulator-tables/dist/js/tabulator.min.js')],
+};
+const peers = Object.keys(bundles);
+
+const figures = new Map();
+function note(peer, figure, value) {
+    const key = `${peer},${figure}`;
+    figures.set(key, [...(figures.get(key) ?? []), value]);
+}
+
+async function open(browser, address, peer, { rows, cols }) {
+    const page = await browser.newPage();
+    await page.setViewport({ width: 1200, height: 800 });
+    // Before anything of the page: the module's memory, and the time from a key's first listener to
+    // behind its last one.
+    await page.evaluateOnNewDocument(() => {
+        const keep = (result) => {
+            window.moduleMemory = result.instance.exports.memory;
+            return result;
+        };
+        for (const name of ['instantiate', 'instantiateStreaming']) {
+            const original = WebAssembly[name];
+            WebAssembly[name] = (...values) => original.apply(WebAssembly, values).then(keep);
+        }
+        window.keyTimes = [];
+        let begin = 0;
+        let spent = 0;
+        for (const type of ['keydown', 'keypress', 'beforeinput', 'input']) {
+            window.addEventListener(type, () => (begin = performance.now()), true);
+            window.addEventListener(type, () => (spent += performance.now() - begin));
+        }
+        window.addEventListener('keyup', () => {
+            window.keyTimes.push(spent);
+            spent = 0;
+        }, true);
+    });
+    await page.goto(`${address}/page.html?peer=${peer}&rows=${rows}&cols=${cols}`);
+    await page.waitForFunction(() => window.bench !== undefined, { timeout: 120000 });
+    const client = await page.createCDPSession();
+    await client.send('Performance.enable');
+    return { page, client };
+}
+
+/** Milliseconds that the main thread has been busy in the meantime. */
+async function busy(client, work) {
+    const taskTime = async () => {
+        const { metrics } = await client.send('Performance.getMetrics');
+        return metrics.find((each) => each.name === 'TaskDuration').value * 1000;
+    };
+    const before = await taskTime();
+    await work();
+    return (await taskTime()) - before;
+}
+
+/** What runs by itself after a work belongs to it. */
+const settle = () => new Promise((resolve) => setTimeout(resolve, 300));
+
+async function memory(page, client) {
+    await client.send('HeapProfiler.enable');
+    await client.send('HeapProfiler.collectGarbage');
+    const { usedSize } = await client.send('Runtime.getHeapUsage');
+    const module = await page.evaluate(() => window.moduleMemory?.buffer.byteLength ?? 0);
+    return (usedSize + module) / 1e6;
+}
+
+/** Three rows a turn of the wheel, each painted before the next. */
+async function scroll(page, client) {
+    await page.mouse.move(600, 400);
+    const turn = async () => {
+        await page.mouse.wheel({ deltaY: 72 });
+        await page.evaluate(() => new Promise((resolve) => requestAnimationFrame(() => resolve())));
+    };
+    for (let i = 0; i < 5; ++i) await turn();
+    await settle();
+    // What the measuring itself takes is measured where no wheel turns.
+    const idle = await busy(client, async () => {
+        for (let i = 0; i < wheels; ++i)
+            await page.evaluate(() => new Promise((resolve) => requestAnimationFrame(() => resolve())));
+        await settle();
+    });
+    const all = await busy(client, async () => {
+        for (let i = 0; i < wheels; ++i) await turn();
+        await settle();
+    });
+    return (all - idle) / wheels;
+}
+
+/** Keys one behind the other without waiting for the page. */
+async function type(page, client) {
+    await page.evaluate((col) => window.bench.grid.focus(0, col), numberCol);
+    await settle();
+    await page.evaluate(() => (window.keyTimes.length = 0));
+    const strike = (key) => {
+        const code = key === 'Enter' ? 13 : key.charCodeAt(0);
+        const common = { key, windowsVirtualKeyCode: code, code: key === 'Enter' ? 'Enter' : 'Digit' + key };
+        const text = key === 'Enter' ? '\r' : key;
+        return [
+            client.send('Input.dispatchKeyEvent', { type: 'keyDown', text, ...common }),
+            client.send('Input.dispatchKeyEvent', { type: 'keyUp', ...common }),
+        ];
+    };
+    const all = await busy(client, async () => {
+        const sent = [];
+        for (let i = 0; i < lines; ++i) for (const key of line) sent.push(...strike(key));
+        await Promise.all(sent);
+        await settle();
+    });
+    const [cells, times] = await page.evaluate(
+        (count, col) => [
+            Array.from({ length: count }, (_, row) => window.bench.grid.text(row, col)),
+            window.keyTimes.sort((one, other) => one - other),
+        ],
+        lines,
+        numberCol,
+    );
+    if (cells.some((text) => Number(text) !== 12345))
+        throw new Error(`typed 12345, but the cells hold ${cells.slice(0, 5)}`);
+    return { key: all / (lines * line.length), listeners: times[times.length >> 1] };
+}
+
+const server = await serve({
+    directories: { '/': here, '/tablio/': built },
+    policy: null,
+    // For a clock that counts microseconds.
+    headers: {
+        'Cross-Origin-Opener-Policy': 'same-origin',
+        'Cross-Origin-Embedder-Policy': 'require-corp',
+    },
+});
+const browser = await openBrowser(['--disable-smooth-scrolling']);
+try {
+    for (const peer of peers) {
+        const packed = bundles[peer].map((file) =>
+            brotliCompressSync(readFileSync(file), {
+                params: { [constants.BROTLI_PARAM_QUALITY]: 11 },
+            }).length,
+        );
+        note(peer, 'brotli KB', packed.reduce((sum, each) => sum + each) / 1000);
+    }
+    for (let round = 0; round < rounds; ++round) {
+        for (const peer of peers) {
+            console.error(`bench: ${peer}, round ${round + 1}`);
+            const start = await open(browser, server.address, peer, first);
+            note(peer, 'start ms', await start.page.evaluate(() => window.bench.started));
+            await start.page.close();
+
+            const { page, client } = await open(browser, server.address, peer, main);
+            note(peer, 'created and filled ms', await page.evaluate(() => window.bench.created));
+            note(peer, 'memory MB', await memory(page, client));
+            note(peer, 'scroll ms', await scroll(page, client));
+            if (await page.evaluate(() => window.bench.grid.focus !== null)) {
+                const { key, listeners } = await type(page, client);
+                note(peer, 'key ms', key);
+                note(peer, 'key in listeners ms', listeners);
+            }
+            await page.close();
+        }
+    }
+    for (const [key, values] of figures)
+        console.log([key, ...values.map((each) => each.toFixed(4))].join(','));
+    console.error(`bench: ${await browser.version()}`);
+} finally {
+    await browser.close();
+    await server.close();
+}
