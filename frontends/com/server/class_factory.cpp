@@ -1,5 +1,6 @@
 #include "server/class_factory.h"
 
+#include "automation/matrix_object.h"
 #include "object/control.h"
 #include "server/guid.h"
 
@@ -17,6 +18,7 @@ struct RegisteredClass {
 
 constexpr std::array registeredClasses{
     RegisteredClass{tablioClassId, &Control::create},
+    RegisteredClass{matrixClassId, &createMatrix},
 };
 
 class ClassFactory final : public ComObject<IClassFactory> {

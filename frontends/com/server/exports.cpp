@@ -2,6 +2,7 @@
 
 #include "server/class_factory.h"
 #include "server/module.h"
+#include "server/registration.h"
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void **object) {
     return tablio::com::classObject(classId, iid, object);
@@ -9,6 +10,6 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void **object) {
 
 STDAPI DllCanUnloadNow() { return tablio::com::moduleUsers() == 0 ? S_OK : S_FALSE; }
 
-STDAPI DllRegisterServer() { return E_NOTIMPL; }
+STDAPI DllRegisterServer() { return tablio::com::registerServer(); }
 
-STDAPI DllUnregisterServer() { return E_NOTIMPL; }
+STDAPI DllUnregisterServer() { return tablio::com::unregisterServer(); }
