@@ -1,11 +1,15 @@
 #include "automation/calling.h"
+#include "events/events.h"
 #include "object/part.h"
+#include "storing/storing.h"
 
 namespace tablio::com {
 
 Parts makeAutomationParts(Control &control) {
     Parts parts;
     parts.push_back(std::make_unique<Calling>(control));
+    parts.push_back(std::make_unique<Events>(control));
+    parts.push_back(std::make_unique<Storing>(control));
     return parts;
 }
 
