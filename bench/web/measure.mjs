@@ -189,7 +189,11 @@ try {
     }
     for (const [key, values] of figures)
         console.log([key, ...values.map((each) => each.toFixed(4))].join(','));
-    console.error(`bench: ${await browser.version()}`);
+    const version = (name) =>
+        JSON.parse(readFileSync(join(here, 'node_modules', name, 'package.json'), 'utf8')).version;
+    console.log(`version,${await browser.version()}`);
+    console.log(`version,AG Grid Community ${version('ag-grid-community')}`);
+    console.log(`version,Tabulator ${version('tabulator-tables')}`);
 } finally {
     await browser.close();
     await server.close();

@@ -1,0 +1,158 @@
+/** The order form in a browser: what an operator types is kept, and who cannot see the page hears it. */
+
+import assert from 'node:assert/strict';
+import { readFileSync } from 'node:fs';
+import { createRequire } from 'node:module';
+import { join } from 'node:path';
+import { after, before, describe, test } from 'node:test';
+
+import { assertNoFaults, openBrowser, openPage, root, serveBeside, skip } from './browser.mjs';
+
+const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
+const Column = { Code: 1, Description: 2, Quantity: 3, Price: 4, Total: 5, Unit: 6, Delivery: 7 };
+
+describe('the order form', { skip, concurrency: false }, () => {
+    let browser, server;
+    before(async () => {
+        browser = await openBrowser();
+        server = await serveBeside({ directories: { '/': join(root, 'examples/web_order_entry') } });
+    });
+    after(async () => {
+        await browser?.close();
+        await server?.close();
+    });
+
+    /** With a database of its own, as in a profile that is new. */
+    const openOrder = async (t, query = '') => {
+        const profile = await browser.createBrowserContext();
+        t.after(() => profile.close());
+        const page = await openPage(profile, `${server.address}/${query}`);
+        await isReady(page);
+        return page;
+    };
+    const isReady = (page) =>
+        page.waitForFunction(() => document.querySelector('#sum')?.textContent !== '');
+    const cell = (page, row, col) =>
+        page.$eval('tablio-grid', (grid, ...where) => grid.textMatrix(...where), row, col);
+    const typeLine = async (page, ...cells) => {
+        for (const text of cells) {
+            await page.keyboard.type(text);
+            await page.keyboard.press('Enter');
+        }
+    };
+    const problem = (page) => page.$eval('#problem', (each) => each.textContent);
+    const isSaved = (page, row, article) =>
+        page.waitForFunction(
+            (...wanted) =>
+                new Promise((resolve) => {
+                    indexedDB.open('order').onsuccess = ({ target }) => {
+                        const database = target.result;
+                        const request = database.transaction('lines').objectStore('lines').get(wanted[0]);
+                        request.onsuccess = () => {
+                            database.close();
+                            resolve(request.result?.article === wanted[1]);
+                        };
+                    };
+                }),
+            {},
+            row,
+            article,
+        );
+
+    test('keeps each line as it is entered', async (t) => {
+        const page = await openOrder(t);
+        // The article fills what it knows, so that Enter passes over it.
+        await typeLine(page, 'pen-bl', '', '1200', '');
+        await typeLine(page, 'ENV-C5', '', '15', '24.8');
+        assert.equal(await page.$eval('#sum', (each) => each.textContent), 'Sum 1,272.00');
+        await isSaved(page, 2, 'ENV-C5');
+        await page.reload();
+        await isReady(page);
+        assert.deepEqual(
+            [await cell(page, 1, Column.Code), await cell(page, 1, Column.Total), await cell(page, 2, Column.Price)],
+            ['PEN-BL', '900', '24.8'],
+        );
+        assertNoFaults(page);
+    });
+
+    test('refuses an article that the order has, and keys typed ahead for it', async (t) => {
+        const page = await openOrder(t, '?sample');
+        await page.$eval('tablio-grid', (grid) => grid.cellFocus(9, 1));
+        await typeLine(page, 'PEN-BL', 'ahead');
+        assert.equal(await problem(page), 'PEN-BL is in row 5 already.');
+        assert.deepEqual(
+            [await cell(page, 9, Column.Code), await cell(page, 5, Column.Code), await cell(page, 5, Column.Description)],
+            ['', 'PEN-BL', 'Ballpoint pen, blue'],
+        );
+        assert.equal(await page.$eval('tablio-grid', (grid) => grid.currentRow), 5);
+    });
+
+    test('looks an article up from the first key on', async (t) => {
+        const page = await openOrder(t);
+        await page.keyboard.press('F10');
+        await page.keyboard.type('lamp');
+        assert.equal(await page.$$eval('#articles tr', (rows) => rows.length), 1);
+        await page.keyboard.press('Enter');
+        assert.equal(await cell(page, 1, Column.Code), 'LAMP-LED');
+        await page.keyboard.press('F10');
+        await page.keyboard.press('Escape');
+        await isSaved(page, 1, 'LAMP-LED');
+        assertNoFaults(page);
+    });
+
+    test('says what is not saved and saves it with the next entry', async (t) => {
+        const page = await openOrder(t);
+        await page.evaluate(() => {
+            const original = IDBDatabase.prototype.transaction;
+            IDBDatabase.prototype.transaction = function (...values) {
+                if (window.isFull && values[1] === 'readwrite') throw new DOMException('The disk is full');
+                return original.apply(this, values);
+            };
+            window.isFull = true;
+        });
+        await typeLine(page, 'GLUE-40');
+        await page.waitForFunction(() => document.querySelector('#problem').textContent !== '');
+        assert.equal(await problem(page), 'Not saved: row 1 (The disk is full). The next entry tries again.');
+        assert.equal(await page.$eval('tablio-grid', (grid) => grid.cellForeColor(1, 0)), 0x2020d0);
+        await page.evaluate(() => (window.isFull = false));
+        await typeLine(page, 'Glue');
+        await isSaved(page, 1, 'GLUE-40');
+        assert.equal(await problem(page), '');
+    });
+
+    test('enters what is being typed when the page goes', async (t) => {
+        const page = await openOrder(t);
+        page.on('dialog', (dialog) => dialog.dismiss());
+        await page.keyboard.type('TAPE-50');
+        await page.reload().catch(() => {});
+        await isSaved(page, 1, 'TAPE-50');
+    });
+
+    test('waits for another tab that has the order open', async (t) => {
+        const page = await openOrder(t);
+        const other = await openPage(page.browserContext(), `${server.address}/`);
+        await other.waitForFunction(() => document.querySelector('#problem').textContent !== '');
+        assert.match(await problem(other), /another tab/);
+        await page.close();
+        await isReady(other);
+        assert.equal(await problem(other), '');
+    });
+
+    test('has nothing that axe finds fault with', async (t) => {
+        const page = await openOrder(t, '?sample');
+        const findings = async () => {
+            // axe is put in by the browser, past the page's policy.
+            await page.evaluate(axe);
+            const { violations } = await page.evaluate(() => window.axe.run());
+            return violations.map(({ id, nodes }) => `${id}: ${nodes.map((each) => each.html)}`);
+        };
+        assert.deepEqual(await findings(), []);
+        await page.keyboard.type('A');
+        assert.deepEqual(await findings(), [], 'while a cell is edited');
+        await page.keyboard.press('Escape');
+        await page.keyboard.press('F10');
+        assert.deepEqual(await findings(), [], 'with the search open');
+        await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: 'dark' }]);
+        assert.deepEqual(await findings(), [], 'in the dark');
+    });
+});
