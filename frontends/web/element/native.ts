@@ -1,40 +1,32 @@
-/// The module `tablio.wasm`: how it is loaded, what it is given, and one control in it as an object.
-///
-/// The generated members call `get`, `put` and `call` of a `NativeGrid` with a member's number, as
-/// members.h has it; what the control refuses is thrown as a `TablioError`. Values are strings,
-/// numbers (a colour, too), booleans, `Font` and `TMatrix`; `undefined` leaves an argument out. The
-/// control raises an event by `GridPage.event(number, values)`: what stands in `values` afterwards
-/// is what the control goes on with, and what is thrown there ends the control's call.
+/**
+ * The module `tablio.wasm`: how it is loaded, what it is given, and one control in it as an object.
+ * It knows no document. What the control refuses is thrown as a `TablioError`; what a handler has
+ * thrown ends the control's call and comes out of it as it is.
+ */
 
-export interface Font {
-    name: string;
-    size: number;
-    bold: boolean;
-    italic: boolean;
-    underline: boolean;
-    strikethrough: boolean;
-    weight: number;
-}
+import type { TFont } from '../tablio-grid.js';
 
-export type Value = string | number | boolean | null | undefined | Font | TMatrix;
+export type Value = string | number | boolean | TFont | undefined;
 
-export type ErrorKind =
-    'Other' | 'Grid' | 'Overflow' | 'UnknownMember' | 'ArgumentCount' | 'TypeMismatch';
+const errorKinds = [
+    'Other', 'Grid', 'Overflow', 'UnknownMember', 'ArgumentCount', 'TypeMismatch',
+] as const;
 
-const errorKinds: ErrorKind[] =
-    ['Other', 'Grid', 'Overflow', 'UnknownMember', 'ArgumentCount', 'TypeMismatch'];
-
-/// What the control refuses. `argument` says which of a call's is wrong, from 0; -1 if unknown.
 export class TablioError extends Error {
     override readonly name = 'TablioError';
 
-    constructor(message: string, readonly kind: ErrorKind, readonly argument = -1) {
+    constructor(
+        message: string,
+        readonly kind: (typeof errorKinds)[number],
+        readonly argument = -1,
+    ) {
         super(message);
     }
 }
 
-/// What a control asks of the page that shows it. Only `event` may throw.
+/** What a control asks of the page that shows it. Nothing but `event` may throw. */
 export interface GridPage {
+    /** What stands in the values afterwards is what the control goes on with. */
     event(number: number, values: Value[]): void;
     shown(): void;
     changed(): void;
@@ -46,7 +38,7 @@ export interface GridPage {
     keyPreview(preview: boolean): void;
 }
 
-/// The calls of `Input`, in the order of native/input.cpp.
+/** The calls of `Input`, in the order of native/input.cpp. */
 export const enum Tell {
     keyDown, keyPress, typeText, beginComposition, mouseDown, mouseMove, mouseUp, doubleClick,
     isColumnEdge, scrollTo, wheelTurned, focusEntered, focusLeft, endEdit, hasKeyboard, wantsKey,
@@ -56,108 +48,71 @@ export const enum Tell {
 
 type Exports = Record<string, (...numbers: number[]) => number> & { memory: WebAssembly.Memory };
 
-const enum Tag { Empty, Boolean, Integer, Long, Double, String, Font, Object, Missing, Page }
+const enum Tag { Empty, Boolean, Integer, Long, Double, String, Font, Object, Missing }
 
 const slotSize = 24;
-const utf8 = new TextEncoder();
-const text8 = new TextDecoder();
+const encoder = new TextEncoder();
+const decoder = new TextDecoder();
 
-/// Whole numbers, and texts behind one another: each text's length is among the numbers. Read it
-/// before anything else is called.
+/**
+ * Whole numbers, and texts behind one another, whose lengths are among the numbers. It is read
+ * before the module is called again.
+ */
 export class Reply {
     private at = 0;
     private textAt = 0;
 
-    constructor(private readonly numbers: Int32Array, private readonly texts: string) {}
+    constructor(
+        private readonly numbers: Int32Array,
+        private readonly texts: string,
+    ) {}
 
-    get atEnd(): boolean { return this.at === this.numbers.length; }
-    number(): number { return this.numbers[this.at++]!; }
-    flag(): boolean { return this.number() !== 0; }
-    text(): string {
+    get atEnd(): boolean {
+        return this.at === this.numbers.length;
+    }
+    number = (): number => this.numbers[this.at++];
+    flag = (): boolean => this.number() !== 0;
+    text = (): string => {
         const from = this.textAt;
         this.textAt += this.number();
         return this.texts.slice(from, this.textAt);
-    }
+    };
 }
 
 export class TablioModule {
     private readonly exports: Exports;
-    private readonly pages = new Map<number, GridPage>();
-    private bytes = new DataView(new ArrayBuffer(0));
-    /// What a handler has thrown, on its way through the control.
+    private readonly pages = new Map<number, WeakRef<GridPage>>();
+    /** What a handler has thrown, on its way through the control. */
     private thrown: unknown;
-    /// Objects of the page's own that hang on cells.
-    private readonly objects = new Map<number, object>();
-    private lastObject = 0;
-    private readonly forgotten = new FinalizationRegistry<number>(
-        (matrix) => this.run('forgetMatrix', matrix));
 
     private constructor(instance: WebAssembly.Instance) {
         this.exports = instance.exports as Exports;
     }
 
-    /// The bytes of the module, or what a fetch of them answers.
-    static async load(source: BufferSource | Response | PromiseLike<Response>,
-                      more: WebAssembly.ModuleImports = {}): Promise<TablioModule> {
-        let module!: TablioModule;
-        const nothing = (): number => 0;
+    /** Loads the bytes, or what a fetch of them answers. `more` is what else they ask for. */
+    static async load(
+        source: BufferSource | PromiseLike<Response>,
+        more: WebAssembly.ModuleImports = {},
+    ): Promise<TablioModule> {
+        let module: TablioModule | undefined = undefined;
+        const nothing = () => 0;
         const imports = {
-            env: { ...TablioModule.imports(() => module), ...more,
-                   emscripten_notify_memory_growth: nothing },
+            env: { ...importsOf(() => module!), emscripten_notify_memory_growth: nothing, ...more },
             // The standard library's ways to a console, which nothing here takes.
-            wasi_snapshot_preview1: new Proxy({}, { get: () => nothing }) as
-                WebAssembly.ModuleImports,
+            wasi_snapshot_preview1: new Proxy({}, { get: () => nothing }),
         };
-        const isBytes = source instanceof ArrayBuffer || ArrayBuffer.isView(source);
-        const { instance } = isBytes
-            ? await WebAssembly.instantiate(source as BufferSource, imports)
-            : await WebAssembly.instantiateStreaming(source as PromiseLike<Response>, imports);
+        const { instance } =
+            'then' in source
+                ? await WebAssembly.instantiateStreaming(source, imports)
+                : await WebAssembly.instantiate(source, imports);
         module = new TablioModule(instance);
-        module.exports['_initialize']!();
+        module.run('_initialize');
         return module;
-    }
-
-    private static imports(module: () => TablioModule): WebAssembly.ModuleImports {
-        const page = (grid: number): GridPage | undefined => module().pages.get(grid);
-        return {
-            tablio_fail(kind: number, argument: number, at: number, length: number): never {
-                if (kind < 0)
-                    throw module().thrown;
-                throw new TablioError(module().textAt(at, length), errorKinds[kind]!, argument);
-            },
-            tablio_event: (grid: number, number: number, count: number) =>
-                Number(module().raise(grid, number, count)),
-            tablio_release: (object: number) => void module().objects.delete(object),
-            tablio_shown: (grid: number) => page(grid)?.shown(),
-            tablio_changed: (grid: number) => page(grid)?.changed(),
-            tablio_can_take_focus: (grid: number) => Number(page(grid)?.canTakeFocus() ?? false),
-            tablio_take_focus: (grid: number) => page(grid)?.takeFocus(),
-            tablio_pop_up_menu: (grid: number, x: number, y: number) => page(grid)?.popUpMenu(x, y),
-            tablio_message(grid: number, isQuestion: number, at: number, length: number): void {
-                const text = module().textAt(at, length);
-                const end = text.indexOf('\n');
-                page(grid)?.showMessage(text.slice(0, end), text.slice(end + 1), isQuestion !== 0);
-            },
-            tablio_property_changed: (grid: number, number: number) =>
-                page(grid)?.propertyChanged(number),
-            tablio_key_preview: (grid: number, preview: number) =>
-                page(grid)?.keyPreview(preview !== 0),
-            tablio_case(character: number, upper: number): number {
-                const one = String.fromCodePoint(character);
-                const other = upper !== 0 ? one.toUpperCase() : one.toLowerCase();
-                const code = other.codePointAt(0)!;
-                return other.length === String.fromCodePoint(code).length ? code : character;
-            },
-            tablio_today(): number {
-                const now = new Date();
-                return now.getFullYear() * 10000 + (now.getMonth() + 1) * 100 + now.getDate();
-            },
-        };
     }
 
     create(page: GridPage): NativeGrid {
         const number = this.run('create');
-        this.pages.set(number, page);
+        this.pages.set(number, new WeakRef(page));
         return new NativeGrid(this, number);
     }
 
@@ -166,112 +121,74 @@ export class TablioModule {
         this.run('destroy', grid);
     }
 
-    run(name: string, ...numbers: number[]): number { return this.exports[name]!(...numbers); }
-
-    reply(at: number): Reply {
-        const view = this.view();
-        const [numbers, count, text, length] =
-            [0, 4, 8, 12].map((offset) => view.getUint32(at + offset, true)) as
-                [number, number, number, number];
-        return new Reply(new Int32Array(view.buffer, numbers, count).slice(),
-                         this.textAt(text, length));
+    run(name: string, ...numbers: number[]): number {
+        return this.exports[name](...numbers);
     }
 
-    /// How many bytes of the room the text takes.
+    reply(at: number): Reply {
+        const [numbers, count, text, length] = new Uint32Array(this.memory, at, 4);
+        return new Reply(new Int32Array(this.memory, numbers, count).slice(), this.textAt(text, length));
+    }
+
+    /** Puts a text into the room and answers how many bytes it takes. */
     putText(text: string): number {
-        // At most three bytes a UTF-16 unit.
-        const at = this.run('room', text.length * 3);
-        const room = new Uint8Array(this.exports.memory.buffer, at, text.length * 3);
-        return utf8.encodeInto(text, room).written;
+        const most = text.length * 3;
+        const at = this.run('room', most);
+        return encoder.encodeInto(text, new Uint8Array(this.memory, at, most)).written;
     }
 
     putValues(values: readonly Value[]): void {
-        const texts = values.map((value) =>
-            typeof value === 'string' ? utf8.encode(value)
-            : isFont(value)           ? utf8.encode(value.name)
-                                      : undefined);
-        let size = values.length * slotSize;
-        const at = this.run('room', texts.reduce((sum, text) => sum + (text?.length ?? 0), size));
-        const view = this.view();
+        const textOf = (value: Value) => (isFont(value) ? (value.name ?? '') : value);
+        const texts = values.map((value) => {
+            const text = textOf(value);
+            return encoder.encode(typeof text === 'string' ? text : '');
+        });
+        let end = values.length * slotSize;
+        const at = this.run('room', texts.reduce((size, text) => size + text.length, end));
+        const view = new DataView(this.memory);
         values.forEach((value, index) => {
             const slot = at + index * slotSize;
-            const set = (tag: Tag, integer = 0, number = 0): void => {
+            const set = (tag: Tag, integer = 0, number = 0) => {
                 view.setInt32(slot, tag, true);
                 view.setInt32(slot + 4, integer, true);
                 view.setFloat64(slot + 8, number, true);
             };
-            if (value === undefined)
-                set(Tag.Missing);
-            else if (value === null)
-                set(Tag.Empty);
-            else if (typeof value === 'boolean')
-                set(Tag.Boolean, Number(value));
-            else if (typeof value === 'number')
-                (value | 0) === value ? set(Tag.Long, value) : set(Tag.Double, 0, value);
-            else if (typeof value === 'string')
-                set(Tag.String);
-            else if (value instanceof TMatrix)
-                set(Tag.Object, value.number);
-            else if (isFont(value))
-                set(Tag.Font, styleOf(value), value.size);
-            else
-                set(Tag.Page, this.numberOf(value));
+            if (value === undefined) set(Tag.Missing);
+            else if (value === null) set(Tag.Empty);
+            else if (typeof value === 'boolean') set(Tag.Boolean, Number(value));
+            else if (typeof value === 'string') set(Tag.String);
+            else if (isFont(value)) set(Tag.Font, styleOf(value), value.size);
+            else if ((value | 0) === value) set(Tag.Long, value);
+            else set(Tag.Double, 0, Number(value));
             const text = texts[index];
-            view.setUint32(slot + 16, at + size, true);
-            view.setUint32(slot + 20, text?.length ?? 0, true);
-            if (text !== undefined)
-                new Uint8Array(view.buffer, at + size).set(text);
-            size += text?.length ?? 0;
+            view.setUint32(slot + 16, at + end, true);
+            view.setUint32(slot + 20, text.length, true);
+            new Uint8Array(this.memory, at + end).set(text);
+            end += text.length;
         });
     }
 
     takeValues(at: number, count: number): Value[] {
-        const view = this.view();
+        const view = new DataView(this.memory);
         return Array.from({ length: count }, (_, index) => {
             const slot = at + index * slotSize;
+            const tag: Tag = view.getInt32(slot, true);
             const integer = view.getInt32(slot + 4, true);
             const number = view.getFloat64(slot + 8, true);
-            const text = (): string =>
-                this.textAt(view.getUint32(slot + 16, true), view.getUint32(slot + 20, true));
-            switch (view.getInt32(slot, true) as Tag) {
-            case Tag.Empty:
-            case Tag.Missing:
-                return undefined;
-            case Tag.Boolean:
-                return integer !== 0;
-            case Tag.Double:
-                return number;
-            case Tag.String:
-                return text();
-            case Tag.Font:
-                return fontOf(text(), number, integer);
-            case Tag.Object:
-                return this.matrix(integer);
-            case Tag.Page:
-                return this.objects.get(integer) as Value;
-            default:
-                return integer;
-            }
+            const text = this.textAt(view.getUint32(slot + 16, true), view.getUint32(slot + 20, true));
+            if (tag === Tag.Empty || tag === Tag.Missing) return undefined;
+            if (tag === Tag.Boolean) return integer !== 0;
+            if (tag === Tag.Double) return number;
+            if (tag === Tag.String) return text;
+            return tag === Tag.Font ? fontOf(text, number, integer) : integer;
         });
     }
 
-    private matrix(number: number): TMatrix {
-        const matrix = new TMatrix(this, number);
-        this.forgotten.register(matrix, number);
-        return matrix;
-    }
-
-    makeMatrix(): TMatrix { return this.matrix(this.run('makeMatrix')); }
-
-    private numberOf(object: object): number {
-        this.objects.set(++this.lastObject, object);
-        return this.lastObject;
-    }
-
-    private raise(grid: number, number: number, count: number): boolean {
+    /** False when a handler has thrown. */
+    raise(grid: number, number: number, count: number): boolean {
         const values = this.takeValues(this.run('room', 0), count);
         try {
-            this.pages.get(grid)?.event(number, values);
+            this.pageOf(grid)?.event(number, values);
         } catch (error) {
             this.thrown = error;
             return false;
@@ -280,43 +197,87 @@ export class TablioModule {
         return true;
     }
 
-    private textAt(at: number, length: number): string {
-        return length === 0 ? '' : text8.decode(new Uint8Array(this.exports.memory.buffer, at, length));
+    fail(kind: number, argument: number, message: string): never {
+        if (kind < 0) throw this.thrown;
+        throw new TablioError(message, errorKinds[kind], argument);
     }
 
-    /// The memory moves when it grows.
-    private view(): DataView {
-        if (this.bytes.buffer !== this.exports.memory.buffer)
-            this.bytes = new DataView(this.exports.memory.buffer);
-        return this.bytes;
+    pageOf(grid: number): GridPage | undefined {
+        return this.pages.get(grid)?.deref();
+    }
+
+    textAt(at: number, length: number): string {
+        return length === 0 ? '' : decoder.decode(new Uint8Array(this.memory, at, length));
+    }
+
+    /** Another one each time that it grows. */
+    private get memory(): ArrayBuffer {
+        return this.exports.memory.buffer;
     }
 }
 
-/// One control. It lives until it is destroyed.
+/** What native/page.h declares. */
+function importsOf(module: () => TablioModule): WebAssembly.ModuleImports {
+    const page = (grid: number) => module().pageOf(grid);
+    return {
+        tablio_fail: (kind: number, argument: number, at: number, length: number) =>
+            module().fail(kind, argument, module().textAt(at, length)),
+        tablio_event: (grid: number, number: number, count: number) =>
+            Number(module().raise(grid, number, count)),
+        tablio_shown: (grid: number) => page(grid)?.shown(),
+        tablio_changed: (grid: number) => page(grid)?.changed(),
+        tablio_can_take_focus: (grid: number) => Number(page(grid)?.canTakeFocus() ?? false),
+        tablio_take_focus: (grid: number) => page(grid)?.takeFocus(),
+        tablio_pop_up_menu: (grid: number, x: number, y: number) => page(grid)?.popUpMenu(x, y),
+        tablio_message(grid: number, isQuestion: number, at: number, length: number) {
+            const [title, ...lines] = module().textAt(at, length).split('\n');
+            page(grid)?.showMessage(title, lines.join('\n'), isQuestion !== 0);
+        },
+        tablio_property_changed: (grid: number, number: number) =>
+            page(grid)?.propertyChanged(number),
+        tablio_key_preview: (grid: number, preview: number) =>
+            page(grid)?.keyPreview(preview !== 0),
+        tablio_case(character: number, upper: number) {
+            const one = String.fromCodePoint(character);
+            const [other, ...more] = upper !== 0 ? one.toUpperCase() : one.toLowerCase();
+            return more.length > 0 ? character : other.codePointAt(0);
+        },
+        tablio_today() {
+            const now = new Date();
+            return now.getFullYear() * 10000 + (now.getMonth() + 1) * 100 + now.getDate();
+        },
+    };
+}
+
+/** One control; it lives until it is destroyed, as any handler may do. */
 export class NativeGrid {
-    private isAlive = true;
+    alive = true;
 
-    constructor(readonly module: TablioModule, readonly number: number) {}
-
-    /// False once it is destroyed, as any handler may do.
-    get alive(): boolean { return this.isAlive; }
+    constructor(
+        readonly module: TablioModule,
+        readonly number: number,
+    ) {}
 
     destroy(): void {
-        this.isAlive = false;
+        this.alive = false;
         this.module.destroy(this.number);
     }
 
-    call(member: number, ...values: Value[]): Value { return this.access(member, 0, values); }
-    get(member: number, ...index: Value[]): Value { return this.access(member, 1, index); }
-    put(member: number, value: Value, ...index: Value[]): void {
-        this.access(member, 2, [...index, value]);
+    call = (member: number, values: readonly Value[]) => this.access(member, 0, values);
+    get = (member: number, index: readonly Value[]) => this.access(member, 1, index);
+    put = (member: number, value: Value, index: readonly Value[]) =>
+        void this.access(member, 2, [...index, value]);
+    tag = (row: number, col: number) => this.taken(this.run('tag', row, col, 0));
+    setTag(row: number, col: number, value: Value): void {
+        this.module.putValues([value]);
+        this.run('tag', row, col, 1);
     }
 
     tell(what: Tell, a = 0, b = 0, c = 0, text = ''): number {
         return this.run('tell', what, a, b, c, text === '' ? 0 : this.module.putText(text));
     }
 
-    /// The text for the clipboard, if there is one.
+    /** The text for the clipboard, if there is one. */
     clipped(what: Tell.copy | Tell.cut): string | undefined {
         const at = this.tell(what);
         return at === 0 ? undefined : this.module.reply(at).text();
@@ -330,52 +291,47 @@ export class NativeGrid {
         return this.module.run(name, this.number, ...numbers);
     }
 
-    /// Writes a block of cells as `TextMatrix` does, so many a row, from this one to the right and
-    /// down; rows that are missing are appended.
+    font(index: number): TFont {
+        return this.taken(this.run('font', index)) as TFont;
+    }
+
     setTexts(row: number, col: number, cols: number, texts: readonly string[]): void {
-        const length = this.module.putText(texts.join('\0') + '\0');
-        this.run('setTexts', row, col, cols, texts.length === 0 ? 0 : length);
+        const length = texts.length === 0 ? 0 : this.module.putText(texts.join('\0') + '\0');
+        this.run('setTexts', row, col, cols, length);
     }
 
-    /// What the cells of a block read.
-    cells(row: number, col: number, rows: number, cols: number): string[][] {
-        const texts = this.ask('cells', row, col, rows, cols).text().split('\0');
-        return Array.from({ length: rows }, (_, at) => texts.slice(at * cols, (at + 1) * cols));
+    texts(row: number, col: number, rows: number, cols: number): string[] {
+        return this.ask('texts', row, col, rows, cols).text().split('\0').slice(0, -1);
     }
 
-    saveSettings(): string { return this.ask('saveSettings').text(); }
-    loadSettings(text: string): void { this.run('loadSettings', this.module.putText(text)); }
+    get settings(): string {
+        return this.ask('saveSettings').text();
+    }
+    set settings(text: string) {
+        this.run('loadSettings', this.module.putText(text));
+    }
 
-    private access(member: number, how: number, values: Value[]): Value {
+    private access(member: number, how: number, values: readonly Value[]): Value {
         this.module.putValues(values);
-        return this.module.takeValues(this.run('access', member, how, values.length), 1)[0];
+        return this.taken(this.run('access', member, how, values.length));
+    }
+
+    private taken(at: number): Value {
+        return this.module.takeValues(at, 1)[0];
     }
 }
 
-/// A sparse matrix of values by row and column, which the control keeps in step with its rows.
-export class TMatrix {
-    constructor(private readonly module: TablioModule, readonly number: number) {}
-
-    /// Nothing written reads as "".
-    text(row: number, col: number): Value | object {
-        return this.module.takeValues(this.module.run('matrixText', this.number, row, col), 1)[0];
-    }
-    setText(row: number, col: number, value: Value | object): void {
-        this.module.putValues([value as Value]);
-        this.module.run('setMatrixText', this.number, row, col);
-    }
+function isFont(value: Value): value is TFont {
+    return typeof value === 'object' && value !== null;
 }
 
-function isFont(value: Value): value is Font {
-    return typeof value === 'object' && value !== null && 'strikethrough' in value;
+function styleOf(font: TFont): number {
+    const bits = [font.bold, font.italic, font.underline, font.strikethrough];
+    return bits.reduce((sum, isSet, bit) => sum + (isSet ? 1 << bit : 0), 16 * (font.weight ?? 0));
 }
 
-function styleOf(font: Font): number {
-    return Number(font.bold) + 2 * Number(font.italic) + 4 * Number(font.underline) +
-        8 * Number(font.strikethrough) + 16 * font.weight;
-}
-
-function fontOf(name: string, size: number, style: number): Font {
-    return { name, size, bold: (style & 1) !== 0, italic: (style & 2) !== 0,
-             underline: (style & 4) !== 0, strikethrough: (style & 8) !== 0, weight: style >> 4 };
+function fontOf(name: string, size: number, style: number): TFont {
+    const has = (bit: number) => (style & (1 << bit)) !== 0;
+    const [bold, italic, underline, strikethrough] = [0, 1, 2, 3].map(has);
+    return { name, size, bold, italic, underline, strikethrough, weight: style >> 4 };
 }

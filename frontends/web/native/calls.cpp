@@ -27,6 +27,36 @@ namespace tablio::web {
     });
 }
 
+/// What hangs on a cell, in the room; `write` takes it from there.
+[[clang::export_name("tag")]] const void *tag(int number, int row, int col, bool write) {
+    return with(number, [&](Grid &grid) {
+        const auto tags = grid.table().CellTag();
+        Value value;
+        if (write) {
+            value = takeValues(1).front();
+            if (value.type() == Value::Type::Boolean)
+                tags->setText(row, col, value.toBoolean());
+            else if (value.type() == Value::Type::Long)
+                tags->setText(row, col, value.toLong());
+            else if (value.type() == Value::Type::Double)
+                tags->setText(row, col, value.toDouble());
+            else
+                tags->setText(row, col, value.toText());
+        } else {
+            const MatrixValue held = tags->Text(row, col);
+            if (const auto *const text = std::get_if<std::string>(&held))
+                value = *text;
+            else if (const auto *const truth = std::get_if<bool>(&held))
+                value = *truth;
+            else if (const auto *const whole = std::get_if<std::int32_t>(&held))
+                value = *whole;
+            else if (const auto *const real = std::get_if<double>(&held))
+                value = *real;
+        }
+        return putValues({&value, 1});
+    });
+}
+
 /// Writes the texts in the room, so many a row, each of which ends with a 0.
 [[clang::export_name("setTexts")]] void setTexts(int number, int row, int col, int cols,
                                                  std::size_t length) {
@@ -42,7 +72,7 @@ namespace tablio::web {
 }
 
 /// What the cells read, each ended by a 0.
-[[clang::export_name("cells")]] const Reply *cells(int number, int row, int col, int rows,
+[[clang::export_name("texts")]] const Reply *texts(int number, int row, int col, int rows,
                                                    int cols) {
     return with(number, [&](Grid &grid) {
         std::string all;

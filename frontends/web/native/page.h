@@ -11,8 +11,6 @@ extern "C" {
 [[noreturn]] void tablio_fail(int kind, int argument, const char *message, std::size_t length);
 /// Raises an event, its arguments in the room; false when a handler has thrown.
 bool tablio_event(int grid, int number, int count);
-/// The page may forget a value of its own.
-void tablio_release(int object);
 
 void tablio_shown(int grid);
 /// There is something to be painted.

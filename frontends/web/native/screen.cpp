@@ -16,20 +16,19 @@ public:
     SceneWriter(Grid &grid, ReplyWriter &reply) : grid_(grid), reply_(reply) {}
 
     void fill(const PixelRect &area, Colour colour) override {
-        reply_.add(0, area.left, area.top, area.width, area.height, colour.value);
+        reply_.add(0, colour.value, area.left, area.top, area.width, area.height);
     }
     void text(const SceneText &text) override {
-        const PixelRect &room = text.room;
         const PixelRect &inner = text.inner;
-        reply_.add(1, room.top, room.height, inner.left, inner.top, inner.width, inner.height,
-                   text.colour.value, grid_.numberOf(text.font), text.across, text.down,
+        reply_.add(1, text.colour.value, grid_.numberOf(text.font), text.room.top, text.room.height,
+                   inner.left, inner.top, inner.width, inner.height, text.across, text.down,
                    (text.hasLineEnds ? 1 : 0) + (text.mayWrap ? 2 : 0) +
                        (text.tooWide == TooWide::Hashes ? 4 : 0));
         reply_.addText(text.text);
     }
     void tick(const SceneTick &tick) override {
         const auto fine = [](double pixels) { return std::lround(pixels * 64); };
-        reply_.add(2, fine(tick.penWidth), tick.colour.value);
+        reply_.add(2, tick.colour.value, fine(tick.penWidth));
         for (const SceneTick::Point &point : tick.points)
             reply_.add(fine(point.x), fine(point.y));
     }
@@ -59,6 +58,11 @@ void addEditor(ReplyWriter &reply, Grid &grid, const ScreenEditor &editor,
     reply.add(place.width, place.covered).addText(editor.text);
 }
 
+/// Also while the calendar keeps the grid from taking anything.
+bool isEnabled(const Tablio &table) {
+    return table.Enabled() || table.screen().widget(WidgetId::mvCalender).isVisible;
+}
+
 } // namespace
 
 /// In the order in which `element/state.ts` reads it.
@@ -73,7 +77,7 @@ void addEditor(ReplyWriter &reply, Grid &grid, const ScreenEditor &editor,
         const Date day = screen.calendarDay();
         const ScreenList list = screen.list();
         reply.add(owner ? static_cast<int>(*owner) : -1, cell.row, cell.col, grid.table().Rows(),
-                  grid.table().Cols(), grid.table().Enabled());
+                  grid.table().Cols(), isEnabled(grid.table()));
         const Arrangement room = grid.arranged();
         reply.add(room.width / twipsPerPixel, room.height / twipsPerPixel, room.hasRowBar,
                   room.hasColBar);
@@ -157,10 +161,8 @@ void addEditor(ReplyWriter &reply, Grid &grid, const ScreenEditor &editor,
     });
 }
 
-/// The room holds the palette's twelve colours, the scale, and whether keys reach the grid and it
-/// is enabled.
-[[clang::export_name("setLook")]] void setLook(int number, double scale, bool hasKeyboard,
-                                               bool isEnabled) {
+/// The palette's twelve colours are in the room.
+[[clang::export_name("setLook")]] void setLook(int number, double scale, bool hasKeyboard) {
     with(number, [&](Grid &grid) {
         const Values colours = takeValues(12);
         const auto at = [&](std::size_t place) { return colours.at(place).toColour(); };
@@ -168,7 +170,7 @@ void addEditor(ReplyWriter &reply, Grid &grid, const ScreenEditor &editor,
             {at(0), at(1), at(2), at(3), at(4), at(5), at(6), at(7), at(8), at(9), at(10), at(11)},
             scale,
             hasKeyboard,
-            isEnabled};
+            isEnabled(grid.table())};
         grid.repaintAll();
     });
 }

@@ -1,11 +1,6 @@
 #include "slots.h"
 
-#include "page.h"
-
-#include <tablio/tmatrix.h>
-
 #include <cstring>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -15,9 +10,9 @@ namespace {
 
 /// One value; `element/native.ts` reads and writes the same 24 bytes.
 struct Slot {
-    /// A Value::Type, or `pageObject`.
+    /// A Value::Type.
     std::int32_t tag = 0;
-    /// A whole number, a font's style, an object's number.
+    /// A whole number, a font's style.
     std::int32_t integer = 0;
     /// A number or a font's size, a text or a font's family.
     double number = 0;
@@ -25,15 +20,12 @@ struct Slot {
     std::uint32_t length = 0;
 };
 static_assert(sizeof(Slot) == 24);
-constexpr std::int32_t pageObject = 9;
 
 constexpr int weightUnit = 16;
 
 std::vector<char> room(4096);
 std::vector<std::int32_t> replyNumbers;
 std::string replyText;
-/// What the page holds, by the number by which it does.
-std::map<std::int32_t, std::shared_ptr<TMatrix>> matrices;
 
 Value valueOf(const Slot &slot) {
     const std::string_view text(slot.text, slot.length);
@@ -56,8 +48,6 @@ Value valueOf(const Slot &slot) {
                     (style & 8U) != 0,
                     static_cast<std::int16_t>(style / weightUnit)};
     }
-    case Value::Type::Object:
-        return matrices.at(slot.integer);
     case Value::Type::Missing:
         return Value::missing();
     default:
@@ -79,9 +69,6 @@ Slot slotOf(const Value &value, std::string &texts) {
                        8 * int{font.strikethrough} + weightUnit * font.weight;
         slot.number = static_cast<double>(font.size);
         text = std::move(font.name);
-    } else if (value.type() == Value::Type::Object) {
-        slot.integer = matrices.empty() ? 1 : matrices.rbegin()->first + 1;
-        matrices.emplace(slot.integer, value.toObject());
     } else if (value.type() != Value::Type::Empty && !value.isMissing()) {
         slot.integer =
             value.type() == Value::Type::Boolean ? int{value.toBoolean()} : value.toLong();
@@ -153,51 +140,5 @@ const Reply *ReplyWriter::done() const {
 }
 
 [[clang::export_name("room")]] char *room_(std::size_t size) { return roomFor(size); }
-
-// A matrix that the page holds: the one argument is in the room, and so is the answer.
-[[clang::export_name("matrixText")]] const void *matrixText(int matrix, int row, int col) {
-    std::string texts;
-    const MatrixValue value = matrices.at(matrix)->Text(row, col);
-    Slot slot = std::visit(
-        [&](const auto &held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::shared_ptr<void>>)
-                return Slot{pageObject, *static_cast<const std::int32_t *>(held.get())};
-            else if constexpr (std::is_same_v<Held, std::int64_t>)
-                return slotOf(static_cast<double>(held), texts);
-            else if constexpr (std::is_same_v<Held, Date>)
-                return slotOf(held.year * 10000 + held.month * 100 + held.day, texts);
-            else
-                return slotOf(held, texts);
-        },
-        value);
-    return put({&slot, 1}, texts);
-}
-
-[[clang::export_name("setMatrixText")]] void setMatrixText(int matrix, int row, int col) {
-    Slot slot;
-    std::memcpy(&slot, room.data(), sizeof slot);
-    MatrixValue value = std::string(slot.text, slot.length);
-    if (slot.tag == pageObject)
-        value = std::shared_ptr<void>(new std::int32_t(slot.integer), [](std::int32_t *object) {
-            tablio_release(*object);
-            delete object;
-        });
-    else if (slot.tag == static_cast<int>(Value::Type::Boolean))
-        value = slot.integer != 0;
-    else if (slot.tag == static_cast<int>(Value::Type::Long))
-        value = slot.integer;
-    else if (slot.tag == static_cast<int>(Value::Type::Double))
-        value = slot.number;
-    matrices.at(matrix)->setText(row, col, std::move(value));
-}
-
-/// A matrix that belongs to the page alone.
-[[clang::export_name("makeMatrix")]] int makeMatrix() {
-    std::string texts;
-    return slotOf(std::make_shared<TMatrix>(), texts).integer;
-}
-
-[[clang::export_name("forgetMatrix")]] void forgetMatrix(int matrix) { matrices.erase(matrix); }
 
 } // namespace tablio::web
