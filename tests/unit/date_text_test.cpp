@@ -131,6 +131,7 @@ TEST(DateText, ShowsDatesThroughPictures) {
     EXPECT_EQ(formatDate(noDate, "##/##/####"), cleared);
     EXPECT_EQ(formatDate(noDate, ""), cleared);
     EXPECT_EQ(formatDate(noDate, "dd.mm.yyyy"), "");
+    EXPECT_EQ(formatDate({2004, 12, 31}, "#,##0.00"), "31/12/2004");
 
     DateNames names = englishDateNames;
     names.months[2] = "M\u00E4rz";

@@ -131,6 +131,7 @@ std::string formatDate(const Date &date, std::string_view picture, const DateNam
         return {};
 
     std::string result;
+    bool showsDate = false;
     for (std::size_t position = 0; position < picture.size();) {
         const char character = picture[position];
         const char letter = ascii::lower(character);
@@ -139,6 +140,7 @@ std::string formatDate(const Date &date, std::string_view picture, const DateNam
             while (end < picture.size() && ascii::lower(picture[end]) == letter)
                 ++end;
             appendPart(date, letter, end - position, names, result);
+            showsDate = true;
         } else if (character == '"') {
             const std::size_t close = std::min(picture.find('"', end), picture.size());
             result += picture.substr(end, close - end);
@@ -151,7 +153,7 @@ std::string formatDate(const Date &date, std::string_view picture, const DateNam
         }
         position = end;
     }
-    return result;
+    return showsDate ? result : DateToText(date);
 }
 
 } // namespace tablio

@@ -49,8 +49,8 @@ extern const DateNames englishDateNames;
 
 /// `date` as `picture` shows it: d, dd, m, mm, yy, yyyy in either case for the parts, ddd, dddd,
 /// mmm, mmmm for the names; `"…"` and a backslash take characters as they are, and so is every
-/// other character. The edit mask and an empty picture show what DateToText() does; noDate is never
-/// shown as a date, any other picture leaves it empty.
+/// other character. The edit mask, an empty picture and one that names no part of a date show what
+/// DateToText() does; noDate is never shown as a date, any other picture leaves it empty.
 std::string formatDate(const Date &date, std::string_view picture,
                        const DateNames &names = englishDateNames);
 
