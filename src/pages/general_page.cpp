@@ -18,6 +18,10 @@ constexpr Twips checkColumnWidth = 300;
 
 int bitOf(const Value &boolean) { return boolean.toLong() & 1; }
 
+/// Apply may come while a count's box still has the keyboard, and a grid keeps a header and a
+/// column.
+double orOne(double count) { return count == 0 ? 1 : count; }
+
 } // namespace
 
 General::General(Tablio &control, PageListener &listener)
@@ -71,7 +75,7 @@ void General::SelectionChanged() {
 }
 
 void General::ApplyChanges() {
-    put("Rows", txtRows.Text());
+    attempt([this] { put("Rows", orOne(Value(txtRows.Text()).toDouble())); });
     putCols();
     followByPrimaryColumn();
     put("HeaderFontBold", chkHeaderFontBold.isTicked());
@@ -102,7 +106,7 @@ void General::putCols() {
     const auto putCount = [this] {
         attempt([this] {
             const double columns = Value(txtCols.Text()).toDouble();
-            put("Cols", columns + chkCheckboxes.Value());
+            put("Cols", orOne(columns + chkCheckboxes.Value()));
         });
     };
     if (old == next)

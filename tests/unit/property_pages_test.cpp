@@ -103,6 +103,8 @@ TEST_F(PropertyPagesTest, LeavingACountRepairsIt) {
               {"x", "2 1 0(off)", "0(off)"},
               {"2", "2 2 1", "0"},
               {"40", "40 40 1", "0"}});
+    // Enter in the box applies without leaving it.
+    play("txtCols=0; txtRows=0; apply; Cols Rows==1 1");
 }
 
 TEST_F(PropertyPagesTest, PrimaryAndFixedColumnExcludeEachOther) {
