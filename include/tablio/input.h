@@ -1,7 +1,8 @@
 #pragma once
 
 /// The calls that a face makes into the control when the user does something. The core decides
-/// what follows; a face never does. Positions are twips from the control's top left corner.
+/// what follows; a face never does. Positions are twips from the control's top left corner; what is
+/// beyond any screen counts as its edge, so that no number which a platform reports does harm.
 
 #include <tablio/face.h>
 #include <tablio/types.h>

@@ -12,6 +12,23 @@
 
 namespace tablio {
 
+namespace {
+
+/// No screen is larger (more than a million pixels), and sums of such lengths stay numbers.
+constexpr Twips farthest = 1 << 25;
+
+Twips within(Twips position) { return std::clamp(position, -farthest, farthest); }
+
+Twips length(Twips given) { return std::clamp(given, 0, farthest); }
+
+/// Whether there is such a day.
+bool exists(const Date &day) {
+    return day >= firstCellDay && day <= lastCellDay && day.month >= 1 && day.month <= 12 &&
+           day.day >= 1 && day.day <= daysInMonth(day.year, day.month);
+}
+
+} // namespace
+
 Dealt Input::keyDown(KeyCode key, ShiftState shift) {
     const Call control(control_);
     ControlState &state = control->state;
@@ -65,24 +82,26 @@ void Input::mouseDown(MouseButton button, Twips x, Twips y) {
     const Call control(control_);
     // A click beside the calendar closes it and then counts as any click.
     if (control->dateEditor.dismissCalendar() && control->state.gridEnabled())
-        control->gridInput.mouseDown(button, x, y);
+        control->gridInput.mouseDown(button, within(x), within(y));
 }
 
-void Input::mouseMove(Twips x, Twips /*y*/) { Call(control_)->gridInput.mouseMove(x); }
+void Input::mouseMove(Twips x, Twips /*y*/) { Call(control_)->gridInput.mouseMove(within(x)); }
 
 void Input::mouseUp(MouseButton button, Twips x, Twips y) {
     const Call control(control_);
     if (control->state.gridEnabled())
-        control->gridInput.mouseUp(button, x, y);
+        control->gridInput.mouseUp(button, within(x), within(y));
 }
 
 void Input::doubleClick(Twips x, Twips y) {
     const Call control(control_);
     if (control->state.gridEnabled())
-        control->gridInput.doubleClick(x, y);
+        control->gridInput.doubleClick(within(x), within(y));
 }
 
-bool Input::isColumnEdge(Twips x, Twips y) const { return control_->gridInput.isColumnEdge(x, y); }
+bool Input::isColumnEdge(Twips x, Twips y) const {
+    return control_->gridInput.isColumnEdge(within(x), within(y));
+}
 
 void Input::scrollTo(int topRow, int leftCol) {
     const Call control(control_);
@@ -101,7 +120,7 @@ Dealt Input::wheelTurned(WheelUnit unit, int left, int up) {
     const Twips rowHeight = grid.table.hasCell(topRow, 0) ? grid.table.RowHeight(topRow) : 0;
     auto &[restLeft, restUp] = wheelRests_[isPixels ? 0 : 1];
     const auto whole = [](int &rest, int turned, int step) {
-        rest += turned;
+        rest += within(turned);
         const int steps = rest / step;
         rest %= step;
         return steps;
@@ -225,18 +244,18 @@ void Input::comboItemChosen(EditNumber edit, int index) {
 }
 
 void Input::calendarSized(Twips width, Twips height) {
-    Call(control_)->dateEditor.setCalendarSize(width, height);
+    Call(control_)->dateEditor.setCalendarSize(length(width), length(height));
 }
 
 void Input::calendarMoved(EditNumber edit, const Date &day) {
     const Call control(control_);
-    if (control->session.isOpen(edit))
+    if (control->session.isOpen(edit) && exists(day))
         control->state.widgets.mvCalender.setValue(day);
 }
 
 void Input::calendarPicked(EditNumber edit, const Date &day) {
     const Call control(control_);
-    if (control->session.isOpen(edit))
+    if (control->session.isOpen(edit) && exists(day))
         control->dateEditor.pick(day);
 }
 
@@ -245,7 +264,7 @@ void Input::menuChosen(MenuEntry entry) { Call(control_)->chooseMenu(entry); }
 void Input::questionAnswered(bool yes) { Call(control_)->questionAnswered(yes); }
 
 void Input::resized(Twips width, Twips height) {
-    Call(control_)->state.grid.view.setSize(width, height);
+    Call(control_)->state.grid.view.setSize(length(width), length(height));
 }
 
 void Input::appeared() { Call(control_)->start.appear(); }

@@ -56,6 +56,8 @@ TEST_F(InputTest, AReportForAnotherThanTheOpenEditIsDropped) {
     EXPECT_EQ(control.state.widgets.txtDateEdit.Text(), "__/__/____");
     input.keyDown(Key::F4, Shift::None);
     const Date shown = control.state.widgets.mvCalender.Value();
+    input.calendarMoved(date, {2001, 77, 1});
+    input.calendarPicked(date, {2001, 2, 30});
     input.calendarMoved(combo, {2001, 1, 1});
     input.calendarPicked(combo, {2001, 1, 1});
     EXPECT_EQ(control.state.widgets.mvCalender.Value(), shown);
