@@ -6,6 +6,8 @@
 
 #include <tablio/types.h>
 
+#include <span>
+
 namespace tablio {
 
 /// Literal colours, as the platform has them for a widget in its present state: active, inactive
@@ -24,6 +26,9 @@ struct Palette {
     Colour dark;
     Colour toolTipBase;
     Colour toolTipText;
+    /// The desktop's colours by their indices, where it has them; others are made of those above.
+    /// Valid as long as the palette is used.
+    std::span<const Colour> byIndex = {};
 };
 
 class PaletteColours {

@@ -48,7 +48,7 @@ struct ScreenEditor {
     Twips width = 0;
 };
 
-/// The open editor in logical pixels: its frame inside the lines of the cell, the width of the box
+/// The open editor in pixels: its frame inside the lines of the cell, the width of the box
 /// in it, and how much of the box's end the buttons of the cell cover.
 struct EditorPlace {
     PixelRect frame;
@@ -156,6 +156,9 @@ public:
     [[nodiscard]] std::optional<ScreenEditor> editor() const;
     /// Where that goes on a screen with so many device pixels to a logical one.
     [[nodiscard]] EditorPlace placeOf(const ScreenEditor &editor, const DevicePixels &pixels) const;
+    /// The same in device pixels, for a platform that places its widgets by them.
+    [[nodiscard]] EditorPlace devicePlaceOf(const ScreenEditor &editor,
+                                            const DevicePixels &pixels) const;
     [[nodiscard]] ScreenList list() const;
     /// The day that is chosen in the calendar.
     [[nodiscard]] Date calendarDay() const noexcept;

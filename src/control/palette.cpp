@@ -56,6 +56,8 @@ Colour PaletteColours::text(Colour text, Colour background) const noexcept {
 /// The indices are the desktop's classic ones. Shadows are mixed from the button's own colours,
 /// because palettes of dark desktops often have no visible middle or dark tone.
 Colour PaletteColours::system(int index) const noexcept {
+    if (static_cast<std::size_t>(index) < palette_.byIndex.size())
+        return palette_.byIndex[static_cast<std::size_t>(index)];
     switch (index) {
     case 1:  // desktop
     case 12: // multiple-document background

@@ -8,6 +8,27 @@
 
 namespace tablio {
 
+namespace {
+
+template <typename ToPixels>
+EditorPlace placed(const Widgets &widgets, const ScreenEditor &editor, int width,
+                   ToPixels toPixels) {
+    EditorPlace place{toPixels(editor.frame)};
+    // A right-aligned text ends where the grid paints it, which the frame's end alone decides.
+    place.width = editor.alignsRight ? place.frame.width : std::min(place.frame.width, width);
+    for (const PlainWidget *button : {&widgets.cmdLookup, &widgets.cmdCalender}) {
+        if (button->Visible())
+            place.covered = std::max(place.covered, place.frame.left + place.width -
+                                                        toPixels(button->place()).left);
+    }
+    // Whatever lay over a combo's arrow would take the presses that are meant for it.
+    if (widgets.cboEdit.Visible())
+        place.frame.width = place.width;
+    return place;
+}
+
+} // namespace
+
 std::optional<WidgetId> Screen::focusOwner() const noexcept { return control_.state.focus.owner(); }
 
 ScreenWidget Screen::widget(WidgetId widget) const {
@@ -49,20 +70,13 @@ std::optional<ScreenEditor> Screen::editor() const {
 }
 
 EditorPlace Screen::placeOf(const ScreenEditor &editor, const DevicePixels &pixels) const {
-    EditorPlace place{pixels.inside(pixels.withoutLines(editor.frame))};
-    // A right-aligned text ends where the grid paints it, which the frame's end alone decides.
-    place.width = editor.alignsRight ? place.frame.width
-                                     : std::min(place.frame.width, editor.width / twipsPerPixel);
-    const Widgets &widgets = control_.state.widgets;
-    for (const PlainWidget *button : {&widgets.cmdLookup, &widgets.cmdCalender}) {
-        const PixelRect over = pixels.inside(pixels.withoutLines(button->place()));
-        if (button->Visible())
-            place.covered = std::max(place.covered, place.frame.left + place.width - over.left);
-    }
-    // Whatever lay over a combo's arrow would take the presses that are meant for it.
-    if (widgets.cboEdit.Visible())
-        place.frame.width = place.width;
-    return place;
+    return placed(control_.state.widgets, editor, editor.width / twipsPerPixel,
+                  [&](const Rect &area) { return pixels.inside(pixels.withoutLines(area)); });
+}
+
+EditorPlace Screen::devicePlaceOf(const ScreenEditor &editor, const DevicePixels &pixels) const {
+    return placed(control_.state.widgets, editor, pixels.edge(editor.width),
+                  [&](const Rect &area) { return pixels.withoutLines(area); });
 }
 
 ScreenList Screen::list() const {
