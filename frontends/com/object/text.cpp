@@ -31,6 +31,12 @@ void append(std::string &text, char32_t character) {
 
 WideText wide(std::string_view text) {
     WideText result;
+    widen(text, result);
+    return result;
+}
+
+void widen(std::string_view text, WideText &result) {
+    result.clear();
     result.reserve(text.size());
     bool isAscii = true;
     for (const char byte : text) {
@@ -38,12 +44,11 @@ WideText wide(std::string_view text) {
         result += static_cast<OLECHAR>(static_cast<unsigned char>(byte));
     }
     if (isAscii)
-        return result;
+        return;
     const int length = static_cast<int>(text.size());
     result.resize(text.size()); // UTF-16 has no more units than UTF-8 has bytes
     result.resize(static_cast<std::size_t>(
         MultiByteToWideChar(CP_UTF8, 0, text.data(), length, result.data(), length)));
-    return result;
 }
 
 std::string narrow(WideView text) {

@@ -17,6 +17,8 @@ using WideText = std::basic_string<OLECHAR>;
 using WideView = std::basic_string_view<OLECHAR>;
 
 [[nodiscard]] WideText wide(std::string_view text);
+/// Into a text that is kept from call to call, so that painting asks for no memory.
+void widen(std::string_view text, WideText &result);
 [[nodiscard]] std::string narrow(WideView text);
 
 /// Of a BSTR, which may be null for an empty one.
