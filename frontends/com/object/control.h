@@ -11,7 +11,7 @@
 
 namespace tablio::com {
 
-class Control final : private IUnknown {
+class Control final : private IUnknown, public WindowHost {
 public:
     /// Makes one, as IClassFactory::CreateInstance does. A host that aggregates may ask for
     /// IUnknown only.
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] tablio::Tablio &table() noexcept { return table_; }
 
     /// The face tells it; every part hears it.
-    void propertyChanged(MemberNumber number);
+    void propertyChanged(MemberNumber number) override;
 
     /// While somebody freezes the events (IOleControl::FreezeEvents), no sink hears one.
     void freezeEvents(bool freezes) noexcept { frozen_ += freezes ? 1 : -1; }

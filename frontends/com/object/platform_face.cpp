@@ -1,6 +1,5 @@
 #include "object/platform_face.h"
 
-#include "object/control.h"
 #include "object/text.h"
 
 #include <array>
@@ -10,10 +9,10 @@ namespace tablio::com {
 
 namespace {
 
-/// One of the user's settings for numbers and dates, from the control panel.
-WideText localeText(LCTYPE type) {
+/// One of a language's settings for numbers and dates, the user's own where it is the user's.
+WideText localeText(LCID locale, LCTYPE type) {
     std::array<OLECHAR, 80> text{};
-    const int length = GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text.data(), text.size());
+    const int length = GetLocaleInfoW(locale, type, text.data(), text.size());
     return {text.data(), static_cast<std::size_t>(length > 0 ? length - 1 : 0)};
 }
 
@@ -86,9 +85,10 @@ void PlatformFace::setClipboardText(std::string_view text) {
 
 NumberFormat PlatformFace::numberFormat() const {
     if (!numbers_) {
-        numbers_ = NumberFormat{narrow(localeText(LOCALE_SDECIMAL)),
-                                narrow(localeText(LOCALE_STHOUSAND)), 0, 0};
-        readGroups(narrow(localeText(LOCALE_SGROUPING)), *numbers_);
+        const LCID locale = host_.locale();
+        numbers_ = NumberFormat{narrow(localeText(locale, LOCALE_SDECIMAL)),
+                                narrow(localeText(locale, LOCALE_STHOUSAND)), 0, 0};
+        readGroups(narrow(localeText(locale, LOCALE_SGROUPING)), *numbers_);
     }
     return *numbers_;
 }
@@ -108,13 +108,11 @@ Date PlatformFace::today() const {
 }
 
 DateOrder PlatformFace::dateOrder() const {
-    const WideText picture = localeText(LOCALE_SSHORTDATE);
+    const WideText picture = localeText(host_.locale(), LOCALE_SSHORTDATE);
     const std::size_t day = picture.find(OLECHAR{'d'});
     if (picture.find(OLECHAR{'y'}) < day)
         return DateOrder::YearMonthDay;
     return picture.find(OLECHAR{'M'}) < day ? DateOrder::MonthDayYear : DateOrder::DayMonthYear;
 }
-
-void PlatformFace::propertyChanged(MemberNumber number) { control_.propertyChanged(number); }
 
 } // namespace tablio::com

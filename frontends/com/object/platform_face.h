@@ -4,17 +4,17 @@
 /// lower case, today, the clipboard. A control that has no window yet has this face alone; it shows
 /// nothing and has no keyboard. The window's face derives from it.
 
+#include "window/window_host.h"
+
 #include <tablio/face.h>
 
 #include <optional>
 
 namespace tablio::com {
 
-class Control;
-
 class PlatformFace : public Face {
 public:
-    explicit PlatformFace(Control &control) noexcept : control_(control) {}
+    explicit PlatformFace(WindowHost &host) noexcept : host_(host) {}
 
     [[nodiscard]] bool canTakeFocus() const override { return false; }
     [[nodiscard]] std::string clipboardText() override;
@@ -26,10 +26,11 @@ public:
     [[nodiscard]] char32_t toLower(char32_t character) const override;
     [[nodiscard]] Date today() const override;
     [[nodiscard]] DateOrder dateOrder() const override;
-    void propertyChanged(MemberNumber number) override;
+    void propertyChanged(MemberNumber number) override { host_.propertyChanged(number); }
+    void setHostKeyPreview(bool preview) override { host_.setHostKeyPreview(preview); }
 
 private:
-    Control &control_;
+    WindowHost &host_;
     /// Asked for once: numbers are formatted by the hundred thousand.
     mutable std::optional<NumberFormat> numbers_;
 };
