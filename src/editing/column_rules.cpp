@@ -10,22 +10,41 @@ namespace tablio {
 
 namespace {
 
-std::optional<std::string> acceptableNumber(const ControlState &state, int col,
-                                            std::string_view text, int room) {
+/// A number as an editor shows it, or what speaks against it.
+struct NumberReading {
+    std::optional<std::string> shown;
+    std::string_view problem;
+};
+
+NumberReading readNumber(const ControlState &state, int col, std::string_view text, int room) {
     const ColumnSettings &columns = state.columns;
     const NumberFormat signs = state.link.face().numberFormat();
-    if (state.rules().mindsGroups && !hasProperGroups(text, signs))
-        return std::nullopt;
     const std::optional<Decimal> value = Decimal::parse(text, signs);
-    if (!value || (value->isNegative() && columns.ColDataType(col) == TDataType::Positive))
-        return std::nullopt;
+    if (!value)
+        return {{}, "This is no number"};
+    if (state.rules().mindsGroups && !hasProperGroups(text, signs))
+        return {{}, "The digits are grouped in another way here"};
+    if (value->isNegative() && columns.ColDataType(col) == TDataType::Positive)
+        return {{}, "There are no negative numbers here"};
     const bool isInteger = columns.ColEditType(col) == TColumnType::ColumnInteger;
     if (isInteger && value->fractionDigits() > 0)
-        return std::nullopt;
+        return {{}, "There are whole numbers here only"};
     const std::string plain = value->plainText(signs);
     if (room > 0 && utf16::length(plain) > room)
-        return std::nullopt;
-    return groupWhileTyping(plain, isInteger ? NumberKind::Integer : NumberKind::Decimal, signs);
+        return {{}, "This number is too long"};
+    const NumberKind kind = isInteger ? NumberKind::Integer : NumberKind::Decimal;
+    return {groupWhileTyping(plain, kind, signs), {}};
+}
+
+/// Trimmed, and digits as the column's reader knows them.
+std::string wholeText(const ControlState &state, int col, std::string_view text) {
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.remove_suffix(1);
+    const bool isText =
+        !state.columns.isNumeric(col) && state.columns.ColEditType(col) != TColumnType::ColumnDate;
+    const std::string digits =
+        !isText && state.rules().takesAllDigits ? withPlainDigits(text) : std::string(text);
+    return std::string(trimmed(digits));
 }
 
 } // namespace
@@ -55,21 +74,21 @@ std::string foldedText(const ControlState &state, int col, std::string_view text
 
 std::optional<std::string> acceptableText(const ControlState &state, int col, std::string_view text,
                                           int room) {
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-        text.remove_suffix(1);
-    const bool isText =
-        !state.columns.isNumeric(col) && state.columns.ColEditType(col) != TColumnType::ColumnDate;
-    const std::string digits =
-        !isText && state.rules().takesAllDigits ? withPlainDigits(text) : std::string(text);
-    const std::string_view whole = trimmed(digits);
+    const std::string whole = wholeText(state, col, text);
     if (state.columns.isNumeric(col))
-        return acceptableNumber(state, col, whole, room);
+        return readNumber(state, col, whole, room).shown;
     if (state.columns.ColEditType(col) == TColumnType::ColumnDate)
         return readDate(whole, state.link.dateOrderOf(text));
     std::string result = foldedText(state, col, whole);
     if (room > 0)
         result.resize(utf16::byteOffset(result, room));
     return result;
+}
+
+std::string whyRefused(const ControlState &state, int col, std::string_view text, int room) {
+    const std::string whole = wholeText(state, col, text);
+    const std::string_view problem = readNumber(state, col, whole, room).problem;
+    return std::string(problem) + ": " + whole;
 }
 
 std::string finishedText(const ControlState &state, int col, std::string text) {

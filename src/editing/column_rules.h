@@ -25,6 +25,10 @@ namespace tablio {
 [[nodiscard]] std::optional<std::string> acceptableText(const ControlState &state, int col,
                                                         std::string_view text, int room);
 
+/// A sentence on why acceptableText() takes nothing of this text in a numeric column.
+[[nodiscard]] std::string whyRefused(const ControlState &state, int col, std::string_view text,
+                                     int room);
+
 /// What the end of an entry makes of the text: a negative column signs its numbers.
 [[nodiscard]] std::string finishedText(const ControlState &state, int col, std::string text);
 

@@ -146,6 +146,8 @@ void TextEditor::paste(std::string_view text) {
     const int kept = isNumeric() ? 0 : box_.length() - box_.SelLength();
     const int room = box_.MaxLength() == 0 ? 0 : std::max(1, box_.MaxLength() - kept);
     const std::optional<std::string> taken = acceptableText(state_, col(), text, room);
+    if (!taken && !trimmed(text).empty())
+        state_.link.face().showWarning("Warning", whyRefused(state_, col(), text, room));
     // An empty clipboard, or one that holds no text, takes nothing away.
     if (!taken || taken->empty() || isFull(U' '))
         return;

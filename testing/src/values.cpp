@@ -37,10 +37,23 @@ constexpr Name<KeyCode> keyNames[] = {
     {"F2", Key::F2},
     {"F4", Key::F4},
     {"F10", Key::F10},
+    {";", 186},
+    {"=", 187},
     {",", 188},
     {"-", 189},
     {".", 190},
+    {"/", 191},
+    {"`", 192},
+    {"[", 219},
+    {"\\", 220},
+    {"]", 221},
+    {"'", 222},
 };
+
+/// What keys type with Shift held down.
+constexpr std::string_view shiftedKeys = "1234567890;=,-./`[\\]'";
+constexpr std::string_view shiftedSigns = "!@#$%^&*():+<_>?~{|}\"";
+static_assert(shiftedKeys.size() == shiftedSigns.size());
 
 constexpr Name<ShiftState> shiftNames[] = {
     {"Shift+", Shift::Shift}, {"Ctrl+", Shift::Ctrl}, {"Alt+", Shift::Alt}};
@@ -177,8 +190,11 @@ KeyStroke keyStrokeFor(char32_t character) {
         stroke.key = static_cast<KeyCode>(isLower ? character - 32 : character);
         stroke.shift = character >= U'A' && !isLower ? Shift::Shift : Shift::None;
     } else if (character > U' ' && character < 0x7F) {
-        const char own = static_cast<char>(character);
-        stroke.key = keyNamed(std::string_view(&own, 1));
+        const char sign = static_cast<char>(character);
+        const std::size_t shifted = shiftedSigns.find(sign);
+        const char key = shifted == std::string_view::npos ? sign : shiftedKeys[shifted];
+        stroke.key = keyNamed(std::string_view(&key, 1));
+        stroke.shift = key == sign ? Shift::None : Shift::Shift;
     }
     return stroke;
 }
