@@ -15,6 +15,15 @@ void HostLink::close() noexcept {
     face_ = &noFace_;
 }
 
+void HostLink::checkThread() {
+    // Not every toolchain of ours has std::thread; each thread has an address of its own for this.
+    static thread_local const char here = 0;
+    if (thread_ == nullptr)
+        thread_ = &here;
+    if (thread_ != &here)
+        throw Error("Tablio belongs to the thread of the user interface, and another one calls it");
+}
+
 void HostLink::propertyChangedInside(MemberNumber number) {
     if (isQuiet_)
         return;

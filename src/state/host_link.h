@@ -46,8 +46,14 @@ public:
         if (depth_ == 0)
             report();
     }
-    /// Around each call into the control.
-    void enter() noexcept { ++depth_; }
+    /// Around each call into the control. Built with assertions, it throws Error for a call from
+    /// another thread than the first one came from.
+    void enter() {
+#ifndef NDEBUG
+        checkThread();
+#endif
+        ++depth_;
+    }
     void leave() {
         if (--depth_ == 0)
             report();
@@ -161,6 +167,7 @@ private:
             face_->shown();
     }
     void propertyChangedInside(MemberNumber number);
+    void checkThread();
 
     Face noFace_;
     Face *face_ = &noFace_;
@@ -172,6 +179,8 @@ private:
     /// What the control itself last put on the clipboard.
     std::string copied_;
     bool closed_ = false;
+    /// Tells the thread of the first call from every other.
+    const char *thread_ = nullptr;
 };
 
 } // namespace tablio

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace tablio {
 namespace {
 
@@ -109,6 +111,16 @@ TEST_F(InputTest, TakesTheKeysThatItUsesBeforeAShortcutDoes) {
         EXPECT_TRUE(input.wantsKey(Key::C, Shift::None, true));
     }
 }
+
+#ifndef NDEBUG
+TEST_F(InputTest, AnotherThreadIsTold) {
+    std::thread([this] {
+        EXPECT_THROW(table.setRows(3), Error);
+        EXPECT_THROW(input.typeText("x"), Error);
+    }).join();
+    EXPECT_EQ(table.Rows(), 5);
+}
+#endif
 
 } // namespace
 } // namespace tablio

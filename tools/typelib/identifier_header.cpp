@@ -32,8 +32,8 @@ template <typename Rows>
 void addNumbers(std::string &header, std::string_view what, const Rows &rows) {
     addLine(header, {"\nnamespace ", what, " {"});
     for (const auto &row : rows)
-        addLine(header, {"inline constexpr long ", row.name, " = ", std::to_string(row.number),
-                         ";"});
+        addLine(header,
+                {"inline constexpr long ", row.name, " = ", std::to_string(row.number), ";"});
     addLine(header, {"} // namespace ", what});
 }
 

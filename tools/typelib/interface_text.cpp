@@ -121,20 +121,21 @@ void addEnumeration(std::string &idl, const Enumeration &enumeration) {
 } // namespace
 
 std::string interfaceText() {
-    std::string idl = "// Printed by tools/typelib from the member table. Do not edit.\n\n"
-                      "import \"standard.idl\";\n\n"
-                    "// Of the platform, where they are found by these identifiers.\n"
-                    "[uuid(66504301-BE0F-101A-8BBB-00AA00300CAB), public] typedef unsigned long "
-                    "OLE_COLOR;\n"
-                    "[uuid(BEF6E003-A874-101A-8BBA-00AA00300CAB)] dispinterface Font { properties: "
-                    "methods: }\n\n"
-                      "[uuid(" +
-                      unbraced(ids::library) +
-                      "), version(1.0), lcid(0x0409),\n"
-                      " helpstring(\"Tablio data-entry grid\")]\n"
-                      "library TablioLib {\n"
-                      "    importlib(\"stdole2.tlb\");\n"
-                      "    dispinterface _TMatrix;\n";
+    std::string idl =
+        "// Printed by tools/typelib from the member table. Do not edit.\n\n"
+        "import \"standard.idl\";\n\n"
+        "// Of the platform, where they are found by these identifiers.\n"
+        "[uuid(66504301-BE0F-101A-8BBB-00AA00300CAB), public] typedef unsigned long "
+        "OLE_COLOR;\n"
+        "[uuid(BEF6E003-A874-101A-8BBA-00AA00300CAB)] dispinterface Font { properties: "
+        "methods: }\n\n"
+        "[uuid(" +
+        unbraced(ids::library) +
+        "), version(1.0), lcid(0x0409),\n"
+        " helpstring(\"Tablio data-entry grid\")]\n"
+        "library TablioLib {\n"
+        "    importlib(\"stdole2.tlb\");\n"
+        "    dispinterface _TMatrix;\n";
     for (const Enumeration &enumeration : enumerations())
         addEnumeration(idl, enumeration);
     addInterface(idl, ids::matrixMembers, "_TMatrix", matrixMembers());
