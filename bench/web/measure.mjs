@@ -42,8 +42,8 @@ function note(peer, figure, value) {
 async function open(browser, address, peer, { rows, cols }) {
     const page = await browser.newPage();
     await page.setViewport({ width: 1200, height: 800 });
-    // Before anything of the page: the module's memory, and the time from a key's first listener to
-    // behind its last one.
+    page.on('pageerror', (error) => console.error(`bench: ${peer}: ${error}`));
+    // Before anything of the page.
     await page.evaluateOnNewDocument(() => {
         const keep = (result) => {
             window.moduleMemory = result.instance.exports.memory;
@@ -53,20 +53,33 @@ async function open(browser, address, peer, { rows, cols }) {
             const original = WebAssembly[name];
             WebAssembly[name] = (...values) => original.apply(WebAssembly, values).then(keep);
         }
+        // All that listeners do between a key going down and coming up again.
         window.keyTimes = [];
-        let begin = 0;
         let spent = 0;
-        for (const type of ['keydown', 'keypress', 'beforeinput', 'input']) {
-            window.addEventListener(type, () => (begin = performance.now()), true);
-            window.addEventListener(type, () => (spent += performance.now() - begin));
-        }
-        window.addEventListener('keyup', () => {
+        let depth = 0;
+        const types = ['keydown', 'keypress', 'beforeinput', 'input', 'keyup'];
+        const add = EventTarget.prototype.addEventListener;
+        EventTarget.prototype.addEventListener = function (type, listener, options) {
+            if (!types.includes(type) || !listener) return add.call(this, type, listener, options);
+            const timed = function (event) {
+                const begin = performance.now();
+                ++depth;
+                try {
+                    return (listener.handleEvent ?? listener).call(listener.handleEvent ? listener : this, event);
+                } finally {
+                    if (--depth === 0) spent += performance.now() - begin;
+                }
+            };
+            return add.call(this, type, timed, options);
+        };
+        const noteKey = () => {
             window.keyTimes.push(spent);
             spent = 0;
-        }, true);
+        };
+        add.call(window, 'keyup', noteKey);
     });
     await page.goto(`${address}/page.html?peer=${peer}&rows=${rows}&cols=${cols}`);
-    await page.waitForFunction(() => window.bench !== undefined, { timeout: 120000 });
+    await page.waitForFunction(() => window.bench !== undefined, { timeout: 60000 });
     const client = await page.createCDPSession();
     await client.send('Performance.enable');
     return { page, client };

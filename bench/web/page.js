@@ -5,10 +5,13 @@ import { cellOf, painted } from './works.js';
 /** Loads what a peer needs, in its order. */
 async function load(needs) {
     for (const address of needs) {
+        if (address.endsWith('?module')) {
+            await import(address);
+            continue;
+        }
         const isStyle = address.endsWith('.css');
         const element = document.createElement(isStyle ? 'link' : 'script');
         if (isStyle) Object.assign(element, { rel: 'stylesheet', href: address });
-        else if (address.endsWith('?module')) Object.assign(element, { type: 'module', src: address });
         else element.src = address;
         await new Promise((resolve, reject) => {
             element.onload = resolve;

@@ -18,7 +18,7 @@ export class ArticleSearch extends EventTarget {
     /** Whether the next key is waited for. */
     #isAwaited = false;
 
-    /** @param {HTMLDialogElement} dialog with a heading, an input, a close button and a table body */
+    /** @param {HTMLDialogElement} dialog with a heading, an input, a close button and a list */
     constructor(dialog) {
         super();
         this.dialog = dialog;
@@ -26,13 +26,13 @@ export class ArticleSearch extends EventTarget {
             /** @type {HTMLElement} */ (dialog.querySelector(selector));
         this.title = find('h2');
         this.filter = /** @type {HTMLInputElement} */ (find('input'));
-        this.rows = find('tbody');
+        this.rows = find('[role=listbox]');
         this.filter.addEventListener('input', () => this.#fill());
         this.filter.addEventListener('keydown', (event) => this.#keyDown(event));
         find('button').addEventListener('click', () => this.#leave());
         this.rows.addEventListener('mousedown', (event) => event.preventDefault());
         this.rows.addEventListener('click', (event) => {
-            const row = /** @type {HTMLElement} */ (event.target).closest('tr');
+            const row = /** @type {HTMLElement} */ (event.target).closest('[role=option]');
             if (row) this.#pick([...this.rows.children].indexOf(row));
         });
         window.addEventListener('keydown', (event) => this.#keyBeforeFocus(event), true);
@@ -82,11 +82,11 @@ export class ArticleSearch extends EventTarget {
         );
         this.rows.replaceChildren(
             ...this.#found.map(({ code, description, unit, price }, place) => {
-                const row = document.createElement('tr');
+                const row = document.createElement('div');
                 row.id = `article-${place}`;
                 row.setAttribute('role', 'option');
                 for (const text of [code, description, unit, moneyText(price)])
-                    row.appendChild(document.createElement('td')).textContent = text;
+                    row.appendChild(document.createElement('span')).textContent = text;
                 return row;
             }),
         );

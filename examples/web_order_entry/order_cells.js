@@ -27,6 +27,9 @@ export const Column = {
     Delivered: 8,
 };
 
+/** The control takes the same. */
+export const language = document.documentElement.lang || navigator.language;
+
 /** What can be chosen in the unit column. */
 export const unitChoices = ['piece', 'pack', 'box', 'set', 'kilogram', 'litre', 'metre'];
 
@@ -54,8 +57,8 @@ export class OrderCells {
     /** @param {TablioGrid} grid */
     constructor(grid) {
         this.grid = grid;
-        /** Numbers go into and come out of the control as its user writes them. */
-        this.decimalSign = (0.5).toLocaleString(navigator.language).replace(/\d/g, '') || '.';
+        /** Numbers go into and come out of the control as the page's language writes them. */
+        this.decimalSign = (0.5).toLocaleString(language).replace(/\d/g, '') || '.';
     }
 
     /** The settings have set up all columns but this one, which the grid adds for the ticks. */
@@ -96,7 +99,8 @@ export class OrderCells {
         if (line.price !== 0n) this.setMoney(row, Column.Price, line.price);
         this.setMoney(row, Column.Total, line.price * BigInt(line.quantity));
         this.grid.setTextMatrix(row, Column.Unit, line.unit);
-        this.grid.setTextMatrix(row, Column.Delivery, line.delivery.split('-').reverse().join('/'));
+        if (line.delivery !== '')
+            this.grid.setTextMatrix(row, Column.Delivery, line.delivery.split('-').reverse().join('/'));
         if (line.delivered) this.grid.check(row, true);
     }
 

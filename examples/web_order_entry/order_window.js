@@ -11,6 +11,7 @@ import { ArticleSearch } from './article_search.js';
 import { logEvents } from './event_log.js';
 import { checked, moneyText } from './money.js';
 import { OrderBook } from './order_book.js';
+import { language } from './order_cells.js';
 import { settings } from './order_columns.js';
 import { OrderSheet } from './order_sheet.js';
 
@@ -22,11 +23,11 @@ const problem = find('#problem');
 grid.settings = settings;
 logEvents(grid, (text) => (find('#last-event').textContent = text), Number(options.get('slow')));
 
-/** Grouped as this user groups. @param {bigint | null} amount */
+/** Grouped as the page's language groups. @param {bigint | null} amount */
 function shown(amount) {
     if (amount === null) return 'too large';
-    const decimalSign = (0.5).toLocaleString(navigator.language).replace(/\d/g, '');
-    return (amount / 100n).toLocaleString(navigator.language) + decimalSign + moneyText(amount).slice(-2);
+    const decimalSign = (0.5).toLocaleString(language).replace(/\d/g, '');
+    return (amount / 100n).toLocaleString(language) + decimalSign + moneyText(amount).slice(-2);
 }
 
 /** @param {OrderSheet} sheet */

@@ -48,6 +48,7 @@ export async function serve({
             response.end(body);
         };
         if (path in pages) return send(200, types[extname(path)] ?? types['.html'], pages[path]);
+        if (path === '/favicon.ico') return send(204, 'text/plain');
         const base = paths.find((each) => path.startsWith(each));
         if (base === undefined) return send(404, 'text/plain', 'Not found');
         let file = join(directories[base], path.slice(base.length));

@@ -48,13 +48,13 @@ const checks = {
         assert.match(await page.$eval('tablio-grid', (grid) => grid.settings), /^ColWidth0 Long 3000$/m);
     },
     Validation: async (page) => {
-        await enter(page, 2, 0, '#1');
+        await enter(page, 2, 0, 'No#1');
         await enter(page, 2, 1, '900');
         await enter(page, 2, 1, '1001');
         await enter(page, 11, 0, 'late');
         assert.deepEqual(
             [await textAt(page, 2, 0), await textAt(page, 2, 1), await textAt(page, 11, 0)],
-            ['№1', '900', ''],
+            ['No№1', '900', ''],
         );
     },
     'Look-up': async (page) => {

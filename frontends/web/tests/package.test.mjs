@@ -66,12 +66,14 @@ describe('the package', { skip }, () => {
             export const kind = (error: unknown) => error instanceof TablioError && error.kind === 'Grid';
             export { TablioGrid } from '@tablio/grid';`,
         );
-        execFileSync(
-            join(root, 'frontends/web/node_modules/.bin/tsc'),
-            ['--noEmit', '--strict', '--target', 'es2022', '--moduleResolution', 'bundler',
-                '--module', 'es2022', '--types', '', 'typed.ts'],
-            { cwd: program, encoding: 'utf8', stdio: ['ignore', 'inherit', 'inherit'] },
-        );
+        const compilerOptions = {
+            noEmit: true, strict: true, types: [],
+            target: 'es2022', module: 'es2022', moduleResolution: 'bundler',
+        };
+        writeFileSync(join(program, 'tsconfig.json'), JSON.stringify({ compilerOptions }));
+        execFileSync(join(root, 'frontends/web/node_modules/.bin/tsc'), ['-p', program], {
+            stdio: ['ignore', 'inherit', 'inherit'],
+        });
     });
 
     const script = `import '@tablio/grid';
