@@ -21,5 +21,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 
 find_program(TABLIO_WINE wine)
 if(TABLIO_WINE)
-    set(CMAKE_CROSSCOMPILING_EMULATOR "${TABLIO_WINE}")
+    set(CMAKE_CROSSCOMPILING_EMULATOR
+        "${CMAKE_CURRENT_LIST_DIR}/../../scripts/with-wine" plain "${TABLIO_WINE}")
 endif()

@@ -1,4 +1,5 @@
 #include "members/member_document.h"
+#include "typelib/typelib.h"
 #include "web_types/web_glue.h"
 #include "web_types/web_types.h"
 
@@ -190,6 +191,8 @@ TEST(PrintedFromTheMemberTable, IsWhatIsShipped) {
     } const files[] = {
         {"docs/members.md", membersDocument, "tablio_members"},
         {"docs/web-members.md", webMembersDocument, "tablio_web_types document"},
+        {"frontends/com/server/typelib/tablio.idl", interfaceText, "tablio_typelib --idl"},
+        {"frontends/com/include/tablio_com.h", identifierHeader, "tablio_typelib --header"},
         {"frontends/web/tablio-grid.d.ts", webTypes, "tablio_web_types types"},
         {"frontends/web/members/member_table.ts", webMemberTable, "tablio_web_types table"},
     };

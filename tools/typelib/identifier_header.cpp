@@ -1,4 +1,4 @@
-#include "typelib.h"
+#include "typelib/typelib.h"
 
 #include "server/identifiers.h"
 

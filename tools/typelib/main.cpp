@@ -3,7 +3,7 @@
 ///   tablio_typelib --idl > frontends/com/server/typelib/tablio.idl
 ///   tablio_typelib --header > frontends/com/include/tablio_com.h
 
-#include "typelib.h"
+#include "typelib/typelib.h"
 
 #include <iostream>
 #include <string_view>

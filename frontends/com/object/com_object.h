@@ -73,6 +73,7 @@ public:
 
     [[nodiscard]] Interface *get() const noexcept { return object_; }
     Interface *operator->() const noexcept { return object_; }
+    Interface &operator*() const noexcept { return *object_; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
     [[nodiscard]] Interface **out() noexcept {
         reset();

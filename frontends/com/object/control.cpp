@@ -7,6 +7,20 @@
 
 namespace tablio::com {
 
+namespace {
+
+/// An interface of our own, which is the control itself and counts no reference.
+constexpr IID controlId{
+    0x2D5BD5E8, 0x9E0C, 0x4A6E, {0x92, 0x57, 0x5B, 0x19, 0x0D, 0x3F, 0xC8, 0x61}};
+
+} // namespace
+
+Control *Control::of(IUnknown &object) noexcept {
+    void *control = nullptr;
+    return SUCCEEDED(object.QueryInterface(controlId, &control)) ? static_cast<Control *>(control)
+                                                                 : nullptr;
+}
+
 IUnknown &outermost(Control &control) noexcept { return control.outer(); }
 
 HRESULT Control::create(IUnknown *outer, REFIID iid, void **object) noexcept {
@@ -46,6 +60,10 @@ HRESULT Control::QueryInterface(REFIID iid, void **object) {
     if (object == nullptr)
         return E_POINTER;
     *object = nullptr;
+    if (iid == controlId) {
+        *object = this;
+        return S_OK;
+    }
     if (iid == IID_IUnknown) {
         *object = static_cast<IUnknown *>(this);
         AddRef();

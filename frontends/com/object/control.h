@@ -17,6 +17,10 @@ public:
     /// IUnknown only.
     static HRESULT create(IUnknown *outer, REFIID iid, void **object) noexcept;
 
+    /// The control behind an object of this server in this process, which an aggregating host may
+    /// have wrapped; null for any other object. It lives as long as the object.
+    [[nodiscard]] static Control *of(IUnknown &object) noexcept;
+
     /// The host's object where it aggregates, else this one's.
     [[nodiscard]] IUnknown &outer() noexcept { return *outer_; }
     [[nodiscard]] tablio::Tablio &table() noexcept { return table_; }
