@@ -41,7 +41,8 @@ template <typename Whole> Whole wholeNumber(const Value &value, Value::Type type
     const double number = value.toDouble();
     const double whole = nearestWhole(number);
     if (!(whole >= Limits::min() && whole <= Limits::max()))
-        throw OverflowError(textOf(number).append(" does not fit type ").append(nameOf(type)));
+        throw OverflowError(textOf(number).append(
+            type == Value::Type::Integer ? " does not fit 16 bits" : " does not fit 32 bits"));
     return static_cast<Whole>(whole);
 }
 

@@ -4,7 +4,7 @@
  */
 
 import type { NativeGrid } from './native.js';
-import type { State } from './state.js';
+import { stateOf, type State } from './state.js';
 
 const enum Fact { Fixed = 1, ReadOnly = 2, CheckBox = 4, Ticked = 8, Marked = 16, Edited = 32, Refused = 64 }
 const enum Type { String, Decimal, Integer, Date, Combo }
@@ -30,8 +30,7 @@ export class AccessibleRows {
     }
 
     /** Shows the rows of this picture when it has stayed for a while: scrolling does not wait. */
-    show(state: State): void {
-        this.state = state;
+    show(): void {
         clearTimeout(this.timer);
         this.timer = setTimeout(() => this.fill(), quiet) as unknown as number;
     }
@@ -66,8 +65,8 @@ export class AccessibleRows {
     }
 
     private fill(): void {
-        const { state, grid } = this;
-        if (state === undefined || !grid.alive) return;
+        if (!this.grid.alive) return;
+        const state = (this.state = stateOf(this.grid));
         this.element.ariaRowCount = String(state.rows);
         this.element.ariaColCount = String(state.cols);
         this.element.setAttribute('aria-multiselectable', 'false');

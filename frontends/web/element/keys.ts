@@ -7,7 +7,7 @@ export interface Stroke {
     character: number;
 }
 
-const named: Record<string, number> = {
+export const named: Record<string, number> = {
     Backspace: 8, Tab: 9, Clear: 12, Enter: 13, Shift: 16, Control: 17, Alt: 18, Pause: 19,
     CapsLock: 20, Escape: 27, ' ': 32, PageUp: 33, PageDown: 34, End: 35, Home: 36, ArrowLeft: 37,
     ArrowUp: 38, ArrowRight: 39, ArrowDown: 40, Insert: 45, Delete: 46, ContextMenu: 93,

@@ -57,8 +57,8 @@ export function stateOf(grid: NativeGrid) {
         focusOwner: number(), row: number(), col: number(), rows: number(), cols: number(),
         isEnabled: flag(), width: number(), height: number(), hasRowBar: flag(),
         hasColBar: flag(), rowRange: range(), colRange: range(), lookup: widget(),
-        calendarButton: widget(), dateFrame: widget(), calendar: widget(), comboFrame: widget(),
-        combo: widget(), year: number(), month: number(), day: number(), items: number(),
+        calendarButton: widget(), calendar: widget(), comboFrame: widget(),
+        combo: widget(), dateFrame: widget(), year: number(), month: number(), day: number(), items: number(),
         chosen: number(), isDropped: flag(), editor: undefined as Editor | undefined,
     };
     if (flag())

@@ -209,7 +209,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
 
     takesKey(event: KeyboardEvent): boolean {
         const isTaken = this.#message.takesKey(event) || this.#menu.takesKey(event);
-        if (isTaken) this.#rows.setActive(this.state, this.#menu.active);
+        if (isTaken) this.#rows.setActive(stateOf(this.#grid), this.#menu.active);
         return isTaken;
     }
 
@@ -252,7 +252,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
         const scale = devicePixelRatio;
         if (this.#canvas.mirror(this.state, scale)) this.#tellLook(scale);
         this.#painter.paint(this.#grid, getComputedStyle(this), scale);
-        this.#rows.show(this.state);
+        this.#rows.show();
     }
 
     #mirror(): void {

@@ -35,6 +35,8 @@ export class TextBox {
     /** What the focus does at the moment is the box's own doing. */
     private isQuiet = false;
     private edit = 0;
+    /** What stood before and behind a composition when it began. */
+    private beside = ['', ''];
 
     constructor(private readonly around: Around) {
         const { input } = this;
@@ -182,19 +184,28 @@ export class TextBox {
     }
 
     private compositionStart(): void {
+        const { value, selectionStart, selectionEnd } = this.input;
+        this.beside = [value.slice(0, selectionStart ?? 0), value.slice(selectionEnd ?? 0)];
         this.isComposing = true;
         this.enter();
         if (this.around.tell(Tell.beginComposition) === 0 || !this.around.state.editor)
             this.dropComposition();
     }
 
-    /** Takes it out of the box without a trace: only a box that is left gives up a composition. */
+    /**
+     * Takes it out of the box without a trace: only a box that is left and cannot be written gives
+     * up a composition, which goes on behind this event. Keys come here all the time.
+     */
     private dropComposition(): void {
+        const { input } = this;
         this.isComposing = false;
-        this.input.readOnly = true;
-        this.quietly(() => this.input.blur());
-        this.input.value = '';
-        queueMicrotask(() => this.quietly(() => this.focus()));
+        input.readOnly = true;
+        this.quietly(() => (input.blur(), this.focus()));
+        input.value = '';
+        setTimeout(() => {
+            input.readOnly = false;
+            this.mirror();
+        });
     }
 
     private compositionEnd(data: string): void {
@@ -202,14 +213,11 @@ export class TextBox {
         this.isComposing = false;
         const { editor } = this.around.state;
         if (editor === undefined) return;
-        const { text, anchor, caret, edit } = editor;
-        const before = text.slice(0, Math.min(anchor, caret));
-        const after = text.slice(Math.max(anchor, caret));
         const { value, selectionStart } = this.input;
-        // An input method may also have replaced what stood around.
-        if (value !== before + data + after && value !== text)
-            this.around.tell(Tell.textSettled, edit, selectionStart ?? 0, selectionStart ?? 0, value);
-        else this.around.tell(Tell.typeText, 0, 0, 0, data);
+        const caret = selectionStart ?? 0;
+        // An input method may also have replaced what stood beside it.
+        if (value === this.beside.join(data)) this.around.tell(Tell.typeText, 0, 0, 0, data);
+        else this.around.tell(Tell.textSettled, editor.edit, caret, caret, value);
         if (this.around.isAlive()) this.mirror();
     }
 
@@ -220,7 +228,6 @@ export class TextBox {
     }
 
     private focusCame(): void {
-        this.input.readOnly = false;
         if (this.isQuiet) return;
         this.around.keyboardMoved();
         this.enter();

@@ -22,6 +22,7 @@ public:
 
     /// Throws Error once the page has destroyed it.
     [[nodiscard]] Tablio &table() const;
+    [[nodiscard]] bool isAlive() const noexcept { return table_ != nullptr; }
     void start();
     void destroy() { table_.reset(); }
 

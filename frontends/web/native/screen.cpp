@@ -83,9 +83,12 @@ bool isEnabled(const Tablio &table) {
                   room.hasColBar);
         for (const ScrollRange &range : {screen.rowRange(), screen.colRange()})
             reply.add(range.first, range.last, range.page, range.position);
-        for (const WidgetId id : {WidgetId::cmdLookup, WidgetId::cmdCalender, WidgetId::picDate,
-                                  WidgetId::mvCalender, WidgetId::picEdit, WidgetId::cboEdit})
+        for (const WidgetId id : {WidgetId::cmdLookup, WidgetId::cmdCalender, WidgetId::mvCalender,
+                                  WidgetId::picEdit, WidgetId::cboEdit})
             addWidget(reply, screen.widget(id), pixels);
+        const ScreenWidget calendar = screen.widget(WidgetId::picDate);
+        reply.add(calendar.isVisible);
+        addRect(reply, DevicePixels(1).rect(calendar.place));
         reply.add(day.year, day.month, day.day, list.items.size(), list.chosen, list.isDropped,
                   editor.has_value());
         if (editor)
