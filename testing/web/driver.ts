@@ -46,7 +46,7 @@ const part = <Part extends HTMLElement>(selector: string) =>
 addEventListener('error', ({ error, message }) => (failure ||= (error as Error)?.message ?? message));
 
 function create(): number {
-    grid = document.createElement('tablio-grid') as TablioGrid;
+    grid = new TablioGrid();
     grid.hidden = true;
     // Without fractions of pixels, and alone.
     grid.style.cssText = 'position: absolute; left: 20px; top: 50px; min-width: 0; min-height: 0; font: 13px sans-serif';
@@ -328,10 +328,11 @@ export function advance(): Action | undefined {
     pending = undefined;
     while (module.run('driverAdvance', told === '' ? 0 : module.putText(told)) !== 0) {
         failure = told = '';
-        if (pending === undefined) continue;
-        if (asides.includes(pending.act)) putAside();
-        const { act, a, b, c } = pending;
-        return { ...pending, key: keyOf(a, b, c), at: pointOf(null, b, c) };
+        const action = pending as Action | undefined;
+        if (action === undefined) continue;
+        if (asides.includes(action.act)) putAside();
+        const { a, b, c } = action;
+        return { ...action, key: keyOf(a, b, c), at: pointOf(null, b, c) };
     }
     failure = '';
     return undefined;
