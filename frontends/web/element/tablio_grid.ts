@@ -46,6 +46,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
     #stopWatching?: () => void;
     #frame = 0;
     #look = '';
+    readonly #cssFonts = new Map<number, string>();
     #hadKeyboard = false;
     /** How deep in handlers of events this is, and what the last one there has thrown. */
     #depth = 0;
@@ -177,7 +178,8 @@ export class TablioGrid extends HTMLElement implements GridPage {
     }
 
     canTakeFocus(): boolean {
-        return this.isConnected && this.getClientRects().length > 0;
+        // What has the focus is seen; asking how it is laid out takes time.
+        return this.#box.hasFocus || (this.isConnected && this.getClientRects().length > 0);
     }
 
     takeFocus(): void {
@@ -218,7 +220,12 @@ export class TablioGrid extends HTMLElement implements GridPage {
     }
 
     cssFont(index: number): string {
-        return cssFont(this.#grid.font(index), getComputedStyle(this), 1);
+        let css = this.#cssFonts.get(index);
+        if (css === undefined) {
+            css = cssFont(this.#grid.font(index), getComputedStyle(this), 1);
+            this.#cssFonts.set(index, css);
+        }
+        return css;
     }
 
     cellPlace(): Place | undefined {
@@ -253,6 +260,8 @@ export class TablioGrid extends HTMLElement implements GridPage {
         if (this.#canvas.mirror(this.state, scale)) this.#tellLook(scale);
         this.#painter.paint(this.#grid, getComputedStyle(this), scale);
         this.#rows.show();
+        this.#rows.setActive(this.state, this.#menu.active);
+        this.#box.followCaret();
     }
 
     #mirror(): void {
@@ -268,7 +277,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
         this.#box.mirror();
         this.#list.mirror(this.#grid, state);
         this.#calendar.mirror(this.#grid, state, this.#language);
-        this.#rows.setActive(state, this.#menu.active);
+        this.changed();
     }
 
     /** The element has another size, or has come into sight. */
@@ -298,6 +307,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
         if (look === this.#look) return;
         this.#look = look;
         this.#painter.forgetFonts();
+        this.#cssFonts.clear();
         this.#guarded(() => tellLocale(this.#grid, this.#language, own, this.#painter.context));
         this.#tellLook(scale, palette);
         this.#mirror();

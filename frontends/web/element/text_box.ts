@@ -35,6 +35,8 @@ export class TextBox {
     /** What the focus does at the moment is the box's own doing. */
     private isQuiet = false;
     private edit = 0;
+    /** Where the caret has been put since it was last looked for; -1 for nowhere. */
+    private caretSet = -1;
     /** What stood before and behind a composition when it began. */
     private beside = ['', ''];
 
@@ -123,9 +125,15 @@ export class TextBox {
             Math.min(anchor, caret), Math.max(anchor, caret),
             caret < anchor ? 'backward' : 'forward',
         );
-        // A box shows its caret only when the user moves it.
-        if (this.hasFocus && caret === this.input.value.length) this.input.scrollLeft = 1e6;
-        else if (caret === 0) this.input.scrollLeft = 0;
+        this.caretSet = caret;
+    }
+
+    /** A box shows its caret only when the user moves it. Done when the page is laid out anyway. */
+    followCaret(): void {
+        const { input, caretSet } = this;
+        if (this.hasFocus && caretSet === input.value.length) input.scrollLeft = 1e6;
+        else if (caretSet === 0) input.scrollLeft = 0;
+        this.caretSet = -1;
     }
 
     private keyDown(event: KeyboardEvent): void {
