@@ -25,7 +25,6 @@ export class AccessibleRows {
         this.element.className = 'unseen';
         this.element.role = 'grid';
         this.element.id = 'grid';
-        this.element.ariaLabel = 'Data entry grid';
         box.setAttribute('aria-controls', 'grid');
     }
 
@@ -58,15 +57,22 @@ export class AccessibleRows {
         const type: Type = facts.number();
         facts.number();
         const flags = facts.number();
-        set('aria-label', facts.text() || 'Data entry grid');
+        set('aria-label', facts.text() || this.label);
         set('inputmode', type === Type.Decimal ? 'decimal' : type === Type.Integer ? 'numeric' : undefined);
         set('aria-invalid', flags & Fact.Refused ? 'true' : undefined);
         set('aria-readonly', editor === undefined && flags & Fact.ReadOnly ? 'true' : undefined);
     }
 
+    /** What the page calls its grid. */
+    private get label(): string {
+        const { host } = this.element.getRootNode() as ShadowRoot;
+        return host.getAttribute('aria-label') ?? 'Data entry grid';
+    }
+
     private fill(): void {
         if (!this.grid.alive) return;
         const state = (this.state = stateOf(this.grid));
+        this.element.ariaLabel = this.label;
         this.element.ariaRowCount = String(state.rows);
         this.element.ariaColCount = String(state.cols);
         this.element.setAttribute('aria-multiselectable', 'false');
@@ -109,7 +115,8 @@ export class AccessibleRows {
             const isHeader = row < (this.state?.rowRange.first ?? 1);
             cell.role = !isFixed ? 'gridcell' : isHeader ? 'columnheader' : 'rowheader';
             cell.ariaReadOnly = isFixed ? null : String((flags & Fact.ReadOnly) !== 0);
-            cell.ariaSelected = isFixed ? null : String((flags & Fact.Marked) !== 0);
+            // Cells that nobody can select would be read out as "not selected" one by one.
+            cell.ariaSelected = !isFixed && flags & Fact.Marked ? 'true' : null;
             cell.setAttribute('aria-invalid', String((flags & Fact.Refused) !== 0));
             const isTick = (flags & Fact.CheckBox) !== 0;
             if (isTick) cell.ariaLabel = flags & Fact.Ticked ? 'checked' : 'not checked';

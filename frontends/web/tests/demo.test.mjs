@@ -149,4 +149,56 @@ describe('the order form', { skip, concurrency: false }, () => {
         await page.emulateMediaFeatures([{ name: 'prefers-color-scheme', value: 'dark' }]);
         assert.deepEqual(await findings(), [], 'in the dark');
     });
+
+    test('tells a screen reader where the keyboard is and what is there', async (t) => {
+        const page = await openOrder(t, '?sample');
+        const client = await page.createCDPSession();
+        /** What the box points at, or the box itself, in Chromium's own tree. */
+        const active = async () => {
+            // The tree follows the picture.
+            await page.evaluate(() => new Promise((resolve) => setTimeout(resolve, 250)));
+            const { nodes } = await client.send('Accessibility.getFullAXTree');
+            const property = (node, name) => node?.properties?.find((each) => each.name === name)?.value;
+            const box = nodes.find((each) => each.role?.value === 'textbox' && property(each, 'focused')?.value);
+            const [related] = property(box, 'activedescendant')?.relatedNodes ?? [];
+            const node = related
+                ? nodes.find((each) => each.backendDOMNodeId === related.backendDOMNodeId)
+                : box;
+            const { node: element } = await client.send('DOM.describeNode', {
+                backendNodeId: node.backendDOMNodeId,
+            });
+            const attributes = Object.fromEntries(
+                element.attributes.flatMap((each, place, all) => (place % 2 ? [] : [[each, all[place + 1]]])),
+            );
+            const row = nodes.find((each) => each.nodeId === node.parentId);
+            return {
+                label: box.name.value,
+                role: node.role.value,
+                name: node.name.value,
+                row: row?.role?.value === 'row' ? row.name.value.split(' ', 2).join(' ') : '',
+                column: attributes['aria-colindex'],
+                selected: property(node, 'selected')?.value,
+                readonly: property(node, 'readonly')?.value,
+            };
+        };
+        const move = (row, col) => page.$eval('tablio-grid', (grid, ...cell) => grid.cellFocus(...cell), row, col);
+        await move(3, 8);
+        assert.deepEqual(await active(), {
+            label: 'Delivered', role: 'gridcell', name: 'checked', row: '3 LAMP-LED',
+            column: '9', selected: undefined, readonly: false,
+        });
+        await move(2, Column.Total);
+        assert.deepEqual(await active(), {
+            label: 'Total', role: 'gridcell', name: '756.00', row: '2 CHAIR-02',
+            column: '6', selected: undefined, readonly: true,
+        });
+        await move(2, Column.Quantity);
+        await page.keyboard.type('7');
+        const { label, role, name } = await active();
+        assert.deepEqual([label, role, name], ['Quantity', 'textbox', 'Quantity']);
+        const { nodes } = await client.send('Accessibility.getFullAXTree');
+        const grid = nodes.find((each) => each.role?.value === 'grid');
+        assert.equal(grid.name.value, 'Order lines');
+        assert.equal(nodes.filter((each) => each.role?.value === 'columnheader').length, 9);
+    });
 });
