@@ -11,7 +11,8 @@ WORKS = [
     ("memory MB", "JavaScript heap and module memory, MB"),
     ("scroll ms", "main thread for a turn of the wheel by three rows, ms"),
     ("key ms", "main thread for a typed key, commits included, ms"),
-    ("key in listeners ms", "of that in listeners: core and events, ms"),
+    ("key in listeners ms", "of that in listeners, the middle key, ms"),
+    ("core and events ms", "of that in the core and in events, the middle key, ms"),
 ]
 # Figure, against whom (None: as it is), at most.
 TARGETS = [
@@ -24,7 +25,7 @@ TARGETS = [
     ("memory MB", "ag", 0.65),
     ("key ms", "ag", 0.5),
     ("start ms", "ag", 1),
-    ("key in listeners ms", None, 0.05),
+    ("core and events ms", None, 0.05),
 ]
 
 

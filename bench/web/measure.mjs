@@ -45,18 +45,48 @@ async function open(browser, address, peer, { rows, cols }) {
     page.on('pageerror', (error) => console.error(`bench: ${peer}: ${error}`));
     // Before anything of the page.
     await page.evaluateOnNewDocument(() => {
-        const keep = (result) => {
-            window.moduleMemory = result.instance.exports.memory;
-            return result;
+        // Of our module: its memory, and the time in its calls but not in showing what came of them.
+        window.keyTimes = [];
+        window.coreTimes = [];
+        let spent = 0;
+        let inCore = 0;
+        let depth = 0;
+        let calls = 0;
+        const timed = (call, add) =>
+            function (...values) {
+                const begin = performance.now();
+                try {
+                    return call.apply(this, values);
+                } finally {
+                    add(performance.now() - begin);
+                }
+            };
+        const keep = ({ instance: { exports } }) => {
+            window.moduleMemory = exports.memory;
+            const tell = (...values) => {
+                ++calls;
+                try {
+                    return exports.tell(...values);
+                } finally {
+                    --calls;
+                }
+            };
+            const outer = timed(tell, (time) => (inCore += time));
+            return {
+                instance: {
+                    exports: { ...exports, tell: (...values) => (calls ? tell : outer)(...values) },
+                },
+            };
         };
         for (const name of ['instantiate', 'instantiateStreaming']) {
             const original = WebAssembly[name];
-            WebAssembly[name] = (...values) => original.apply(WebAssembly, values).then(keep);
+            WebAssembly[name] = (source, imports) => {
+                const { tablio_shown: shown } = imports.env;
+                imports.env.tablio_shown = timed(shown, (time) => (inCore -= time));
+                return original.call(WebAssembly, source, imports).then(keep);
+            };
         }
         // All that listeners do between a key going down and coming up again.
-        window.keyTimes = [];
-        let spent = 0;
-        let depth = 0;
         const types = ['keydown', 'keypress', 'beforeinput', 'input', 'keyup'];
         const add = EventTarget.prototype.addEventListener;
         EventTarget.prototype.addEventListener = function (type, listener, options) {
@@ -74,7 +104,8 @@ async function open(browser, address, peer, { rows, cols }) {
         };
         const noteKey = () => {
             window.keyTimes.push(spent);
-            spent = 0;
+            window.coreTimes.push(inCore);
+            spent = inCore = 0;
         };
         add.call(window, 'keyup', noteKey);
     });
@@ -133,7 +164,7 @@ async function scroll(page, client) {
 async function type(page, client) {
     await page.evaluate((col) => window.bench.grid.focus(0, col), numberCol);
     await settle();
-    await page.evaluate(() => (window.keyTimes.length = 0));
+    await page.evaluate(() => (window.keyTimes.length = window.coreTimes.length = 0));
     const strike = (key) => {
         const code = key === 'Enter' ? 13 : key.charCodeAt(0);
         const common = { key, windowsVirtualKeyCode: code, code: key === 'Enter' ? 'Enter' : 'Digit' + key };
@@ -149,17 +180,23 @@ async function type(page, client) {
         await Promise.all(sent);
         await settle();
     });
-    const [cells, times] = await page.evaluate(
+    const [cells, times, coreTimes] = await page.evaluate(
         (count, col) => [
             Array.from({ length: count }, (_, row) => window.bench.grid.text(row, col)),
-            window.keyTimes.sort((one, other) => one - other),
+            window.keyTimes,
+            window.coreTimes,
         ],
         lines,
         numberCol,
     );
     if (cells.some((text) => Number(text) !== 12345))
         throw new Error(`typed 12345, but the cells hold ${cells.slice(0, 5)}`);
-    return { key: all / (lines * line.length), listeners: times[times.length >> 1] };
+    const middle = (values) => values.sort((one, other) => one - other)[values.length >> 1];
+    return {
+        key: all / (lines * line.length),
+        listeners: middle(times),
+        core: middle(coreTimes) || null,
+    };
 }
 
 const server = await serve({
@@ -193,9 +230,10 @@ try {
             note(peer, 'memory MB', await memory(page, client));
             note(peer, 'scroll ms', await scroll(page, client));
             if (await page.evaluate(() => window.bench.grid.focus !== null)) {
-                const { key, listeners } = await type(page, client);
+                const { key, listeners, core } = await type(page, client);
                 note(peer, 'key ms', key);
                 note(peer, 'key in listeners ms', listeners);
+                if (core !== null) note(peer, 'core and events ms', core);
             }
             await page.close();
         }
