@@ -124,6 +124,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
 
     override blur(): void {
         this.#box.input.blur();
+        this.#box.leave();
     }
 
     get settings(): string {

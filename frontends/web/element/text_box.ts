@@ -68,7 +68,7 @@ export class TextBox {
             around.tell(Tell.paste, 0, 0, 0, event.clipboardData?.getData('text/plain'));
         });
         on<'focus'>('focus', () => this.focusCame());
-        on<'blur'>('blur', () => this.focusWent());
+        on<'blur'>('blur', (event) => this.focusWent(event.relatedTarget !== null));
     }
 
     get hasFocus(): boolean {
@@ -241,12 +241,20 @@ export class TextBox {
         this.enter();
     }
 
-    /** Another window, or a place in the document that is only on its way, ends nothing. */
-    private focusWent(): void {
+    /** Another window ends nothing, nor does a grid that is on its way to another place. */
+    private focusWent(isKnown: boolean): void {
         if (this.isQuiet) return;
         this.around.keyboardMoved();
-        if (document.hasFocus() && this.input.isConnected && this.around.tell(Tell.hasKeyboard) !== 0)
-            this.around.tell(Tell.focusLeft);
+        // Who takes an element out of the document is told apart only when it has been done.
+        if (isKnown) this.leave();
+        else queueMicrotask(() => this.leave());
+    }
+
+    /** Ends the edit, too, when the keyboard is somewhere else in the document. */
+    leave(): void {
+        const { input, around } = this;
+        if (!this.hasFocus && input.isConnected && document.hasFocus() && around.tell(Tell.hasKeyboard) !== 0)
+            around.tell(Tell.focusLeft);
     }
 
     private quietly(action: () => void): void {
