@@ -192,12 +192,14 @@ bool hasProperGroups(std::string_view text, const NumberFormat &format) {
     }
     if (!hasGroups)
         return true;
-    // Where one sign stands, all the others do.
+    // Where one sign stands, all the others do; but a blank means nothing else, and some languages
+    // leave the thousands alone.
     const std::string whole = withoutGroups(text, format);
     return isProper && !isScientific &&
-           utf16::length(text) - utf16::length(whole) ==
-               utf16::length(groupWhileTyping(whole, NumberKind::Integer, format)) -
-                   utf16::length(whole);
+           (blankLength(format.groupSign, 0) > 0 ||
+            utf16::length(text) - utf16::length(whole) ==
+                utf16::length(groupWhileTyping(whole, NumberKind::Integer, format)) -
+                    utf16::length(whole));
 }
 
 std::string withoutGroups(std::string_view text, const NumberFormat &format) {
