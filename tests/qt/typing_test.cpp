@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMessageBox>
 #include <QShortcut>
 
 #include <algorithm>
@@ -53,8 +54,12 @@ TEST(Typing, PastedFromTheMenuObeysTheColumn) {
         QAction *paste = menuAction("&Paste");
         ASSERT_NE(paste, nullptr);
         EXPECT_EQ(w.cursor(), "1,1!") << "a pop-up does not end the edit";
-        paste->trigger();
         QApplication::activePopupWidget()->close();
+        paste->trigger();
+        auto *warning = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        EXPECT_EQ(warning != nullptr, clipboard == std::string("abc"));
+        if (warning != nullptr)
+            warning->close();
         EXPECT_EQ(w.box()->text(), shown);
     }
 }
