@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QColor>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTreeWidget>
 #include <QUndoStack>
@@ -110,7 +111,6 @@ TEST_F(Designer, ThePropertyEditorFollowsThePagesAndUndo) {
     EXPECT_EQ(shown("rows"), fresh.toString());
     DesignerSession::edit(grid, "fixedCols", 99);
     DesignerSession::edit(grid, "checkBoxes", 70000);
-    DesignerSession::edit(grid, "settings", QByteArray("<<<<<<< ours\nRows Long 3\n"));
     EXPECT_EQ(settingsOf(grid), settings);
 }
 
@@ -198,4 +198,22 @@ TEST_F(Designer, TheDemosFormIsSavedAsItWasOpenedAndLoadedAsItIsShown) {
     const std::unique_ptr<QWidget> loaded(loader.load(&buffer));
     ASSERT_NE(loaded, nullptr) << loader.errorString().toStdString();
     EXPECT_EQ(settingsOf(loaded->findChild<QWidget *>("grid")), settingsOf(on(form, "grid")));
+}
+
+TEST_F(Designer, SettingsThatCannotBeReadStayInTheFormUntilOneIsChanged) {
+    QString file = DesignerSession::demoForm();
+    file.replace(QStringLiteral("Tablio properties 1"), QStringLiteral("Tablio properties 2"));
+    auto *form = session.openForm(file, "grid");
+    QWidget *grid = on(form, "grid");
+    const auto *notice = grid->findChild<QLabel *>();
+    ASSERT_NE(notice, nullptr);
+    EXPECT_TRUE(notice->text().contains(QStringLiteral("version 2")))
+        << notice->text().toStdString();
+    EXPECT_EQ(form->contents(), file) << form->contents().toStdString();
+
+    DesignerSession::edit(grid, "rows", 12);
+    EXPECT_TRUE(has(settingsOf(grid), {"Rows Long 12"}));
+    EXPECT_EQ(notice->isVisibleTo(grid), false);
+    form->commandHistory()->undo();
+    EXPECT_EQ(form->contents(), file);
 }

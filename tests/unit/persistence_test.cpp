@@ -1,6 +1,7 @@
 #include "control/inside.h"
 
 #include <tablio/dispatch.h>
+#include <tablio/settings_text.h>
 #include <tablio/tablio.h>
 #include <tablio/text_bag.h>
 
@@ -249,6 +250,35 @@ TEST(Persistence, AHostThatHearsOfTheLoadMayDoAnything) {
     // One column is left, so the cursor has to move.
     load(*host.table, "");
     EXPECT_EQ(host.table, nullptr);
+}
+
+TEST(Persistence, WhatIsNotUnderstoodGoesBackAsItCame) {
+    Tablio table;
+    table.InitProperties();
+    SettingsText settings(table);
+    settings.load("Tablio properties 1\nRows Long 7\nZoom Double 1.5\nColGlow1 String \"red\"\n");
+    EXPECT_EQ(table.Rows(), 7);
+    table.setRows(9);
+    const std::string text = settings.text();
+    for (const char *line :
+         {"\nRows Long 9\n", "\nZoom Double 1.5\n", "\nColGlow1 String \"red\"\n"})
+        EXPECT_NE(text.find(line), std::string::npos) << line << " in\n" << text;
+
+    for (const char *unread :
+         {"Tablio properties 2\nRows Long 7\n", "Tablio properties 1\nRows Long 7\nRows Long 8\n",
+          "Tablio properties 1\n<<<<<<< ours\nRows Long 7\n", "<<<", ""}) {
+        settings.load(unread);
+        EXPECT_EQ(settings.text(), unread);
+        EXPECT_NE(settings.problem(), "");
+        EXPECT_EQ(table.Rows(), 9);
+        // Data are no settings, a count is one; undoing it brings back what was kept.
+        table.setTextMatrix(1, 0, "x");
+        EXPECT_EQ(settings.text(), unread);
+        table.setRows(8);
+        EXPECT_EQ(settings.problem() + settings.text().substr(0, 20), "Tablio properties 1\n");
+        table.setRows(9);
+        EXPECT_EQ(settings.text(), unread);
+    }
 }
 
 } // namespace

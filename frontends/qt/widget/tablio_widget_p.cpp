@@ -7,6 +7,7 @@
 #include "widget/guarded.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMenuBar>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -125,6 +126,8 @@ void TablioWidgetPrivate::arrange() {
                           breadth * twipsPerPixel, depth * twipsPerPixel);
     const QSize inner(grid.width / twipsPerPixel, grid.height / twipsPerPixel);
     canvas->setGeometry(QRect(room.topLeft(), inner));
+    if (notice != nullptr)
+        notice->setGeometry(canvas->rect());
     vertical->setGeometry(room.x() + inner.width(), room.y(), breadth, inner.height());
     horizontal->setGeometry(room.x(), room.y() + inner.height(), inner.width(), depth);
     corner->setGeometry(room.x() + inner.width(), room.y() + inner.height(), breadth, depth);

@@ -8,9 +8,12 @@
 #include "widget/surroundings.h"
 
 #include <tablio/qt/tablio_widget.h>
+#include <tablio/settings_text.h>
 
 #include <QEvent>
+#include <QPointer>
 
+class QLabel;
 class QScrollBar;
 class QToolButton;
 
@@ -33,6 +36,7 @@ public:
     std::unique_ptr<HostEvents> host;
     /// After its partners, so that it is closed before they go.
     Tablio core;
+    SettingsText settings{core};
 
     // Children of the widget.
     GridCanvas *canvas = nullptr;
@@ -44,6 +48,8 @@ public:
     QScrollBar *vertical = nullptr;
     QScrollBar *horizontal = nullptr;
     QWidget *corner = nullptr;
+    /// Over the table while its settings cannot be read.
+    QPointer<QLabel> notice;
 
     [[nodiscard]] QColor colour(Colour colour) const { return toQColor(colours().of(colour)); }
 
@@ -64,6 +70,8 @@ public:
     void mirror();
     /// Font, palette or screen are others: shows everything anew.
     void showAnew();
+    /// Shows or takes away what stands in the table's place when its settings cannot be read.
+    void showProblem();
     /// Tells the core how high the widget's font is.
     void fitRowsToFont();
 

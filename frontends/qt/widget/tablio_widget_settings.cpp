@@ -1,32 +1,62 @@
 /// The settings of `TablioWidget` as one text, and the pages that edit them.
 
+#include "grid/grid_canvas.h"
 #include "pages/property_pages_dialog.h"
 #include "widget/guarded.h"
 #include "widget/tablio_widget_p.h"
 
-#include <tablio/text_bag.h>
+#include <QLabel>
 
 namespace tablio::qt {
 
-QByteArray TablioWidget::settings() const {
-    TextBag bag;
-    d_->core.saveSettings(bag);
-    return QByteArray::fromStdString(bag.text());
-}
+QByteArray TablioWidget::settings() const { return QByteArray::fromStdString(d_->settings.text()); }
 
 void TablioWidget::setSettings(const QByteArray &settings) {
     const QPointer<TablioWidget> alive(this);
     // Form loaders and design tools write properties through Qt, which no exception may cross.
-    try {
-        d_->core.loadSettings(TextBag::parse({settings.constData(), std::size_t(settings.size())}));
-    } catch (const Error &error) {
-        qWarning("Tablio: the settings of \"%s\" cannot be read: %s", qPrintable(objectName()),
-                 error.what());
-    }
+    guarded([&] { d_->settings.load({settings.constData(), std::size_t(settings.size())}); });
     if (alive == nullptr)
         return;
+    const std::string problem = d_->settings.problem();
+    if (!problem.empty())
+        qWarning("Tablio: the settings of \"%s\" cannot be read: %s", qPrintable(objectName()),
+                 problem.c_str());
+    d_->showProblem();
     d_->showAnew();
     updateGeometry();
+}
+
+/// What a developer or an operator finds in the table's place while its settings cannot be read.
+void TablioWidgetPrivate::showProblem() {
+    const QString problem = QString::fromStdString(settings.problem());
+    if (problem.isEmpty()) {
+        if (notice != nullptr) {
+            notice->hide();
+            notice->deleteLater();
+            notice = nullptr;
+        }
+        return;
+    }
+    if (notice == nullptr) {
+        notice = new QLabel(canvas);
+        notice->setObjectName(QStringLiteral("qt_problem"));
+        notice->setTextFormat(Qt::PlainText);
+        notice->setWordWrap(true);
+        notice->setAutoFillBackground(true);
+        notice->setAlignment(Qt::AlignCenter);
+        notice->setMargin(8);
+        QObject::connect(&widget, &TablioWidget::propertyChanged, notice,
+                         [this](const QString &name) {
+                             if (name != QLatin1String("TextMatrix"))
+                                 showProblem();
+                         });
+    }
+    notice->setText(TablioWidget::tr("The settings of this table cannot be read, and are kept as "
+                                     "they are until one is changed.\n%1")
+                        .arg(problem));
+    notice->setGeometry(canvas->rect());
+    notice->show();
+    notice->raise();
 }
 
 void TablioWidget::showPropertyPages() {

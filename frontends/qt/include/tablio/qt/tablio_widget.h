@@ -130,8 +130,9 @@ public:
     /// ASCII text; no data. A row height that follows the font, and what every widget has (its
     /// font, whether it is enabled), are left out.
     [[nodiscard]] QByteArray settings() const;
-    /// Makes the table what the text says; what is missing gets its default. A text that
-    /// settings() cannot have written is reported by qWarning() and changes nothing.
+    /// Makes the table what the text says; what is missing gets its default. A text that cannot be
+    /// read (of a later version, say) is reported by qWarning() and in the table's place, changes
+    /// nothing, and is what settings() answers until a setting is changed.
     void setSettings(const QByteArray &settings);
 
     // The table.
