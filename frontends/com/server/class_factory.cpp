@@ -2,6 +2,7 @@
 
 #include "automation/matrix_object.h"
 #include "object/control.h"
+#include "pages/property_page_object.h"
 #include "server/guid.h"
 
 #include <array>
@@ -19,6 +20,9 @@ struct RegisteredClass {
 constexpr std::array registeredClasses{
     RegisteredClass{tablioClassId, &Control::create},
     RegisteredClass{matrixClassId, &createMatrix},
+    RegisteredClass{generalPageId, &createGeneralPage},
+    RegisteredClass{columnsPageId, &createColumnsPage},
+    RegisteredClass{entryPageId, &createEntryPage},
 };
 
 class ClassFactory final : public ComObject<IClassFactory> {
