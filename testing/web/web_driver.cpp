@@ -2,7 +2,6 @@
 /// thing that a user or a host does on to `driver.ts`. It knows no browser.
 
 #include "grid.h"
-#include "slots.h"
 
 #include <tablio/members.h>
 #include <tablio/testing/player.h>
@@ -177,18 +176,18 @@ WebDriver driver;
 std::optional<Player> player;
 ScenarioFile file;
 
-const Reply *told(const std::vector<scenario::Failure> &failures) {
+const void *told(const std::vector<scenario::Failure> &failures) {
     std::string text;
     for (const scenario::Failure &failure : failures)
         text += std::to_string(failure.line) + ": " + failure.message + "\n";
-    return ReplyWriter().addText(text).done();
+    return Reply().addText(text).done();
 }
 
-template <typename Action> const Reply *orFailure(Action action) {
+template <typename Action> const void *orFailure(Action action) {
     try {
         return action();
     } catch (const std::exception &error) {
-        return ReplyWriter().addText(error.what()).done();
+        return Reply().addText(error.what()).done();
     }
 }
 
@@ -242,13 +241,13 @@ void raiseAt(int number, std::span<Value> values) {
 } // namespace
 
 /// The names of the scenarios in the text that is in the room.
-[[clang::export_name("driverLoad")]] const Reply *load(std::size_t length, bool isOutside) {
+[[clang::export_name("driverLoad")]] const void *load(std::size_t length, bool isOutside) {
     return orFailure([&] {
         driver.isOutside = isOutside;
         if (!player)
             player.emplace(driver);
         file = parseScenarios("", {roomFor(0), length});
-        ReplyWriter names;
+        Reply names;
         for (const Scenario &each : file.scenarios)
             names.addText(each.name);
         return names.done();
@@ -256,7 +255,7 @@ void raiseAt(int number, std::span<Value> values) {
 }
 
 /// Plays one and answers what was not as expected.
-[[clang::export_name("driverPlay")]] const Reply *play(std::size_t scenario) {
+[[clang::export_name("driverPlay")]] const void *play(std::size_t scenario) {
     return orFailure([&] { return told(player->play(file, file.scenarios.at(scenario))); });
 }
 
@@ -268,7 +267,7 @@ void raiseAt(int number, std::span<Value> values) {
 [[clang::export_name("driverAdvance")]] bool advance(std::size_t failure) {
     return player->advance(std::string(roomFor(0), failure));
 }
-[[clang::export_name("driverFinish")]] const Reply *finish() { return told(player->finish()); }
+[[clang::export_name("driverFinish")]] const void *finish() { return told(player->finish()); }
 [[clang::export_name("driverInHandler")]] bool inHandler() { return player->isInHandler(); }
 
 [[clang::export_name("driverShow")]] void show(int grid) {

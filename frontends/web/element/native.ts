@@ -148,21 +148,18 @@ export class TablioModule {
         const view = new DataView(this.memory);
         values.forEach((value, index) => {
             const slot = at + index * slotSize;
-            const set = (tag: Tag, integer = 0, number = 0) => {
-                view.setInt32(slot, tag, true);
-                view.setInt32(slot + 4, integer, true);
-                view.setFloat64(slot + 8, number, true);
-            };
-            if (value === undefined) set(Tag.Missing);
-            else if (value === null) set(Tag.Empty);
-            else if (typeof value === 'boolean') set(Tag.Boolean, Number(value));
-            else if (typeof value === 'string') set(Tag.String);
-            else if (isFont(value)) set(Tag.Font, styleOf(value), value.size);
-            else if ((value | 0) === value) set(Tag.Long, value);
-            else set(Tag.Double, 0, Number(value));
+            const [tag, number] =
+                value === undefined ? [Tag.Missing, 0]
+                : value === null ? [Tag.Empty, 0]
+                : typeof value === 'string' ? [Tag.String, 0]
+                : typeof value === 'boolean' ? [Tag.Boolean, Number(value)]
+                : isFont(value) ? [Tag.Font + 16 * styleOf(value), value.size ?? 0]
+                : [(value | 0) === value ? Tag.Long : Tag.Double, Number(value)];
             const text = texts[index];
-            view.setUint32(slot + 16, at + end, true);
-            view.setUint32(slot + 20, text.length, true);
+            view.setInt32(slot, tag, true);
+            view.setUint32(slot + 4, text.length, true);
+            view.setUint32(slot + 8, end, true);
+            view.setFloat64(slot + 16, number, true);
             new Uint8Array(this.memory, at + end).set(text);
             end += text.length;
         });
@@ -172,15 +169,14 @@ export class TablioModule {
         const view = new DataView(this.memory);
         return Array.from({ length: count }, (_, index) => {
             const slot = at + index * slotSize;
-            const tag: Tag = view.getInt32(slot, true);
-            const integer = view.getInt32(slot + 4, true);
-            const number = view.getFloat64(slot + 8, true);
-            const text = this.textAt(view.getUint32(slot + 16, true), view.getUint32(slot + 20, true));
+            const style = view.getInt32(slot, true) >> 4;
+            const tag: Tag = view.getInt32(slot, true) & 15;
+            const number = view.getFloat64(slot + 16, true);
+            const text = this.textAt(at + view.getUint32(slot + 8, true), view.getUint32(slot + 4, true));
             if (tag === Tag.Empty || tag === Tag.Missing) return undefined;
-            if (tag === Tag.Boolean) return integer !== 0;
-            if (tag === Tag.Double) return number;
             if (tag === Tag.String) return text;
-            return tag === Tag.Font ? fontOf(text, number, integer) : integer;
+            if (tag === Tag.Boolean) return number !== 0;
+            return tag === Tag.Font ? fontOf(text, number, style) : number;
         });
     }
 
@@ -267,10 +263,10 @@ export class NativeGrid {
     get = (member: number, index: readonly Value[]) => this.access(member, 1, index);
     put = (member: number, value: Value, index: readonly Value[]) =>
         void this.access(member, 2, [...index, value]);
-    tag = (row: number, col: number) => this.taken(this.run('tag', row, col, 0));
+    tag = (row: number, col: number) => this.taken(this.run('tag', row, col));
     setTag(row: number, col: number, value: Value): void {
         this.module.putValues([value]);
-        this.run('tag', row, col, 1);
+        this.run('setTag', row, col);
     }
 
     tell(what: Tell, a = 0, b = 0, c = 0, text = ''): number {

@@ -1,9 +1,9 @@
 /// The page's calls of members, by their numbers, and of whole blocks of cells and settings.
 
 #include "grid.h"
-#include "slots.h"
 
 #include <tablio/text_bag.h>
+#include <tablio/tmatrix.h>
 
 #include <algorithm>
 
@@ -27,33 +27,31 @@ namespace tablio::web {
     });
 }
 
-/// What hangs on a cell, in the room; `write` takes it from there.
-[[clang::export_name("tag")]] const void *tag(int number, int row, int col, bool write) {
+/// What hangs on a cell; a text that is no value of ours reads as "".
+[[clang::export_name("tag")]] const void *tag(int number, int row, int col) {
     return with(number, [&](Grid &grid) {
-        const auto tags = grid.table().CellTag();
-        Value value;
-        if (write) {
-            value = takeValues(1).front();
-            if (value.type() == Value::Type::Boolean)
-                tags->setText(row, col, value.toBoolean());
-            else if (value.type() == Value::Type::Long)
-                tags->setText(row, col, value.toLong());
-            else if (value.type() == Value::Type::Double)
-                tags->setText(row, col, value.toDouble());
-            else
-                tags->setText(row, col, value.toText());
-        } else {
-            const MatrixValue held = tags->Text(row, col);
-            if (const auto *const text = std::get_if<std::string>(&held))
-                value = *text;
-            else if (const auto *const truth = std::get_if<bool>(&held))
-                value = *truth;
-            else if (const auto *const whole = std::get_if<std::int32_t>(&held))
-                value = *whole;
-            else if (const auto *const real = std::get_if<double>(&held))
-                value = *real;
-        }
+        const Value value = std::visit(
+            [](const auto &held) -> Value {
+                if constexpr (std::is_convertible_v<decltype(held), Value>)
+                    return held;
+                return "";
+            },
+            grid.table().CellTag()->Text(row, col));
         return putValues({&value, 1});
+    });
+}
+
+[[clang::export_name("setTag")]] void setTag(int number, int row, int col) {
+    with(number, [&](Grid &grid) {
+        const Value value = takeValues(1).front();
+        MatrixValue held = value.toText();
+        if (value.type() == Value::Type::Boolean)
+            held = value.toBoolean();
+        else if (value.type() == Value::Type::Long)
+            held = value.toLong();
+        else if (value.type() == Value::Type::Double)
+            held = value.toDouble();
+        grid.table().CellTag()->setText(row, col, std::move(held));
     });
 }
 
@@ -72,21 +70,21 @@ namespace tablio::web {
 }
 
 /// What the cells read, each ended by a 0.
-[[clang::export_name("texts")]] const Reply *texts(int number, int row, int col, int rows,
-                                                   int cols) {
-    return with(number, [&](Grid &grid) {
+[[clang::export_name("texts")]] const void *texts(int number, int row, int col, int rows,
+                                                  int cols) {
+    return replied(number, [&](Grid &grid, Reply &reply) {
         std::string all;
         for (int cell = 0; cell < rows * cols; ++cell)
             (all += grid.table().TextMatrix(row + cell / cols, col + cell % cols)) += '\0';
-        return ReplyWriter().addText(all).done();
+        reply.addText(all);
     });
 }
 
-[[clang::export_name("saveSettings")]] const Reply *saveSettings(int number) {
-    return with(number, [](Grid &grid) {
+[[clang::export_name("saveSettings")]] const void *saveSettings(int number) {
+    return replied(number, [](Grid &grid, Reply &reply) {
         TextBag bag;
         grid.table().saveSettings(bag);
-        return ReplyWriter().addText(bag.text()).done();
+        reply.addText(bag.text());
     });
 }
 

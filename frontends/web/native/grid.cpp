@@ -1,7 +1,5 @@
 #include "grid.h"
 
-#include "slots.h"
-
 #include <tablio/members.h>
 
 #include <algorithm>
@@ -14,10 +12,7 @@ namespace {
 
 std::map<int, std::shared_ptr<Grid>> grids;
 
-void message(int grid, bool isQuestion, std::string_view title, std::string_view text) {
-    const std::string both = std::string(title) + "\n" + std::string(text);
-    tablio_message(grid, isQuestion, both.data(), both.size());
-}
+struct HandlerFailed {};
 
 } // namespace
 
@@ -66,13 +61,9 @@ Date Grid::today() const {
     return {date / 10000, date / 100 % 100, date % 100};
 }
 
-void Grid::showWarning(std::string_view title, std::string_view text) {
-    message(number_, false, title, text);
-}
-
-bool Grid::showQuestion(std::string_view title, std::string_view text) {
-    message(number_, true, title, text);
-    return true;
+void Grid::showMessage(std::string_view title, std::string_view text, bool isQuestion) {
+    const std::string both = std::string(title) + "\n" + std::string(text);
+    tablio_message(number_, isQuestion, both.data(), both.size());
 }
 
 void Grid::noteChange() {

@@ -5,6 +5,7 @@
 /// keeps it until it is through, whatever a handler does meanwhile.
 
 #include "page.h"
+#include "slots.h"
 
 #include <tablio/dispatch.h>
 #include <tablio/errors.h>
@@ -32,8 +33,13 @@ public:
     void areaChanged(const Rect &area) override;
     void scrolled() override;
     void popUpMenu(Twips x, Twips y) override { tablio_pop_up_menu(number_, x, y); }
-    void showWarning(std::string_view title, std::string_view text) override;
-    [[nodiscard]] bool showQuestion(std::string_view title, std::string_view text) override;
+    void showWarning(std::string_view title, std::string_view text) override {
+        showMessage(title, text, false);
+    }
+    [[nodiscard]] bool showQuestion(std::string_view title, std::string_view text) override {
+        showMessage(title, text, true);
+        return true;
+    }
     [[nodiscard]] NumberFormat numberFormat() const override { return numbers; }
     [[nodiscard]] DateOrder dateOrder() const override { return dates; }
     [[nodiscard]] char32_t toUpper(char32_t character) const override {
@@ -70,6 +76,7 @@ public:
     [[nodiscard]] const Font &fontAt(std::size_t number) const { return fonts_.at(number); }
 
 private:
+    void showMessage(std::string_view title, std::string_view text, bool isQuestion);
     void noteChange();
     void arrange();
 
@@ -91,9 +98,7 @@ private:
 
 /// Throws Error where there is none.
 [[nodiscard]] std::shared_ptr<Grid> gridAt(int number);
-/// A handler has thrown; the page keeps what.
-struct HandlerFailed {};
-/// What is being thrown, as the page knows it.
+/// What has been thrown; a handler's own error, kind −1, the page keeps.
 struct Failure {
     int kind = 0;
     int argument = -1;
@@ -101,15 +106,25 @@ struct Failure {
 };
 [[nodiscard]] Failure currentFailure();
 
-/// Does something with a grid and throws in the page what it throws.
-template <typename Action> auto with(int grid, Action action) {
+/// Does something with a grid, whatever becomes of it, and throws in the page what it throws.
+template <typename Action> auto with(int number, Action action) {
     Failure failure;
     try {
-        return action(*gridAt(grid));
+        const std::shared_ptr<Grid> grid = gridAt(number);
+        return action(*grid);
     } catch (...) {
         failure = currentFailure();
     }
     tablio_fail(failure.kind, failure.argument, failure.message.data(), failure.message.size());
+}
+
+/// The same for what answers by numbers and texts.
+template <typename Action> const void *replied(int number, Action action) {
+    return with(number, [&](Grid &grid) {
+        Reply reply;
+        action(grid, reply);
+        return reply.done();
+    });
 }
 
 } // namespace tablio::web

@@ -2,7 +2,6 @@
 /// but in a scene, which is device pixels.
 
 #include "grid.h"
-#include "slots.h"
 
 #include <cmath>
 
@@ -13,7 +12,7 @@ namespace {
 /// A scene as numbers: 0 and a filled area, 1 and a text, 2 and a tick in 64ths of a pixel.
 class SceneWriter final : public ScenePainter {
 public:
-    SceneWriter(Grid &grid, ReplyWriter &reply) : grid_(grid), reply_(reply) {}
+    SceneWriter(Grid &grid, Reply &reply) : grid_(grid), reply_(reply) {}
 
     void fill(const PixelRect &area, Colour colour) override {
         reply_.add(0, colour.value, area.left, area.top, area.width, area.height);
@@ -35,20 +34,19 @@ public:
 
 private:
     Grid &grid_;
-    ReplyWriter &reply_;
+    Reply &reply_;
 };
 
-void addRect(ReplyWriter &reply, const PixelRect &rect) {
+void addRect(Reply &reply, const PixelRect &rect) {
     reply.add(rect.left, rect.top, rect.width, rect.height);
 }
 
-void addWidget(ReplyWriter &reply, const ScreenWidget &widget, const DevicePixels &pixels) {
+void addWidget(Reply &reply, const ScreenWidget &widget, const DevicePixels &pixels) {
     reply.add(widget.isVisible);
     addRect(reply, pixels.inside(pixels.withoutLines(widget.place)));
 }
 
-void addEditor(ReplyWriter &reply, Grid &grid, const ScreenEditor &editor,
-               const DevicePixels &pixels) {
+void addEditor(Reply &reply, Grid &grid, const ScreenEditor &editor, const DevicePixels &pixels) {
     const PaletteColours colours(grid.look.palette, grid.look.isEnabled);
     const EditorPlace place = grid.table().screen().placeOf(editor, pixels);
     reply.add(editor.edit, editor.cell.row, editor.cell.col, editor.anchor, editor.caret,
@@ -66,11 +64,10 @@ bool isEnabled(const Tablio &table) {
 } // namespace
 
 /// In the order in which `element/state.ts` reads it.
-[[clang::export_name("state")]] const Reply *state(int number) {
-    return with(number, [](Grid &grid) {
+[[clang::export_name("state")]] const void *state(int number) {
+    return replied(number, [](Grid &grid, Reply &reply) {
         const Screen &screen = grid.table().screen();
         const DevicePixels pixels(grid.look.scale);
-        ReplyWriter reply;
         const auto editor = screen.editor();
         const auto owner = screen.focusOwner();
         const auto cell = screen.currentCell().value_or(CellAddress{-1, -1});
@@ -93,43 +90,35 @@ bool isEnabled(const Tablio &table) {
                   editor.has_value());
         if (editor)
             addEditor(reply, grid, *editor, pixels);
-        return reply.done();
     });
 }
 
-[[clang::export_name("list")]] const Reply *list(int number) {
-    return with(number, [](Grid &grid) {
-        ReplyWriter reply;
+[[clang::export_name("list")]] const void *list(int number) {
+    return replied(number, [](Grid &grid, Reply &reply) {
         for (const std::string &item : grid.table().screen().list().items)
             reply.addText(item);
-        return reply.done();
     });
 }
 
-[[clang::export_name("month")]] const Reply *month(int number, int firstWeekday) {
-    return with(number, [&](Grid &grid) {
-        ReplyWriter reply;
+[[clang::export_name("month")]] const void *month(int number, int firstWeekday) {
+    return replied(number, [&](Grid &grid, Reply &reply) {
         for (const auto &day : grid.table().screen().calendarMonth(firstWeekday).days)
             reply.add(day.date.year * 10000 + day.date.month * 100 + day.date.day,
                       (day.isToday ? 1 : 0) + (day.isChosen ? 2 : 0) + (day.isOtherMonth ? 4 : 0) +
                           (day.isOutOfRange ? 8 : 0));
-        return reply.done();
     });
 }
 
-[[clang::export_name("menu")]] const Reply *menu(int number) {
-    return with(number, [](Grid &grid) {
-        ReplyWriter reply;
+[[clang::export_name("menu")]] const void *menu(int number) {
+    return replied(number, [](Grid &grid, Reply &reply) {
         for (const ScreenMenuEntry &entry : grid.table().screen().menu())
             reply.add(entry.entry, entry.isEnabled, entry.isChecked).addText(entry.caption);
-        return reply.done();
     });
 }
 
 /// The cells of one row, from a column on.
-[[clang::export_name("facts")]] const Reply *facts(int number, int row, int col, int count) {
-    return with(number, [&](Grid &grid) {
-        ReplyWriter reply;
+[[clang::export_name("facts")]] const void *facts(int number, int row, int col, int count) {
+    return replied(number, [&](Grid &grid, Reply &reply) {
         for (const int end = col + count; col < end; ++col) {
             const CellFacts cell = grid.table().screen().facts({row, col});
             reply.add(cell.type, cell.dataType,
@@ -139,28 +128,23 @@ bool isEnabled(const Tablio &table) {
                           (cell.isRefused ? 64 : 0));
             reply.addText(cell.header).addText(cell.text);
         }
-        return reply.done();
     });
 }
 
-[[clang::export_name("cellRect")]] const Reply *cellRect(int number, int row, int col) {
-    return with(number, [&](Grid &grid) {
-        ReplyWriter reply;
+[[clang::export_name("cellRect")]] const void *cellRect(int number, int row, int col) {
+    return replied(number, [&](Grid &grid, Reply &reply) {
         const DevicePixels pixels(grid.look.scale);
         addRect(reply, pixels.around(pixels.rect(grid.table().screen().cellRect({row, col}))));
-        return reply.done();
     });
 }
 
 /// What is to be moved (its top, and how far down), then the scene of what has changed.
-[[clang::export_name("paint")]] const Reply *paint(int number, int width, int height) {
-    return with(number, [&](Grid &grid) {
-        ReplyWriter reply;
+[[clang::export_name("paint")]] const void *paint(int number, int width, int height) {
+    return replied(number, [&](Grid &grid, Reply &reply) {
         const Grid::Repaint repaint = grid.takeRepaint({0, 0, width, height});
         reply.add(repaint.move.top, repaint.move.distance);
         SceneWriter writer(grid, reply);
         grid.table().screen().paint(repaint.areas, grid.look, writer);
-        return reply.done();
     });
 }
 

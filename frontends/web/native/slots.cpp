@@ -1,8 +1,7 @@
 #include "slots.h"
 
+#include <array>
 #include <cstring>
-#include <string>
-#include <vector>
 
 namespace tablio::web {
 
@@ -10,44 +9,40 @@ namespace {
 
 /// One value; `element/native.ts` reads and writes the same 24 bytes.
 struct Slot {
-    /// A Value::Type.
+    /// A Value::Type; of a font its style, too, a bit each and its weight, above four bits.
     std::int32_t tag = 0;
-    /// A whole number, a font's style.
-    std::int32_t integer = 0;
-    /// A number or a font's size, a text or a font's family.
-    double number = 0;
-    const char *text = nullptr;
     std::uint32_t length = 0;
+    /// A text or a font's family, from where the room begins.
+    std::uint32_t text = 0;
+    /// A truth, a whole number, a number, a font's size.
+    double number = 0;
 };
 static_assert(sizeof(Slot) == 24);
-
-constexpr int weightUnit = 16;
 
 std::vector<char> room(4096);
 std::vector<std::int32_t> replyNumbers;
 std::string replyText;
 
 Value valueOf(const Slot &slot) {
-    const std::string_view text(slot.text, slot.length);
-    switch (static_cast<Value::Type>(slot.tag)) {
+    const std::string text(room.data() + slot.text, slot.length);
+    const auto style = static_cast<unsigned>(slot.tag) >> 4U;
+    switch (static_cast<Value::Type>(slot.tag & 15)) {
     case Value::Type::Boolean:
-        return slot.integer != 0;
+        return slot.number != 0;
     case Value::Type::Long:
-        return slot.integer;
+        return static_cast<std::int32_t>(slot.number);
     case Value::Type::Double:
         return slot.number;
     case Value::Type::String:
         return text;
-    case Value::Type::Font: {
-        const auto style = static_cast<unsigned>(slot.integer);
-        return Font{std::string(text),
+    case Value::Type::Font:
+        return Font{text,
                     static_cast<float>(slot.number),
                     (style & 1U) != 0,
                     (style & 2U) != 0,
                     (style & 4U) != 0,
                     (style & 8U) != 0,
-                    static_cast<std::int16_t>(style / weightUnit)};
-    }
+                    static_cast<std::int16_t>(style / 16)};
     case Value::Type::Missing:
         return Value::missing();
     default:
@@ -55,37 +50,22 @@ Value valueOf(const Slot &slot) {
     }
 }
 
-/// Its text goes behind all others, until these have a place.
-Slot slotOf(const Value &value, std::string &texts) {
+Slot slotOf(const Value &value, std::string &text) {
     Slot slot{static_cast<std::int32_t>(value.type())};
-    std::string text;
-    if (value.type() == Value::Type::Double) {
-        slot.number = value.toDouble();
+    if (value.type() == Value::Type::Font) {
+        const Font font = value.toFont();
+        slot.tag += 16 * (int{font.bold} + 2 * int{font.italic} + 4 * int{font.underline} +
+                          8 * int{font.strikethrough} + 16 * font.weight);
+        slot.number = static_cast<double>(font.size);
+        text = font.name;
     } else if (value.type() == Value::Type::String) {
         text = value.toText();
-    } else if (value.type() == Value::Type::Font) {
-        Font font = value.toFont();
-        slot.integer = int{font.bold} + 2 * int{font.italic} + 4 * int{font.underline} +
-                       8 * int{font.strikethrough} + weightUnit * font.weight;
-        slot.number = static_cast<double>(font.size);
-        text = std::move(font.name);
-    } else if (value.type() != Value::Type::Empty && !value.isMissing()) {
-        slot.integer =
-            value.type() == Value::Type::Boolean ? int{value.toBoolean()} : value.toLong();
+    } else if (value.type() == Value::Type::Boolean) {
+        slot.number = value.toBoolean() ? 1 : 0;
+    } else if (value.type() >= Value::Type::Integer && value.type() <= Value::Type::Double) {
+        slot.number = value.toDouble();
     }
-    slot.length = static_cast<std::uint32_t>(text.size());
-    texts += text;
     return slot;
-}
-
-const void *put(std::span<Slot> slots, const std::string &texts) {
-    char *const base = roomFor(slots.size_bytes() + texts.size());
-    const char *text = base + slots.size_bytes();
-    for (Slot &slot : slots)
-        slot.text = std::exchange(text, text + slot.length);
-    std::memcpy(base, slots.data(), slots.size_bytes());
-    std::memcpy(base + slots.size_bytes(), texts.data(), texts.size());
-    return base;
 }
 
 } // namespace
@@ -97,32 +77,36 @@ char *roomFor(std::size_t size) {
 }
 
 Values takeValues(int count) {
-    std::vector<Slot> slots(static_cast<std::size_t>(count));
-    std::memcpy(slots.data(), room.data(), slots.size() * sizeof(Slot));
     Values values;
-    values.reserve(slots.size());
-    for (const Slot &slot : slots)
+    for (std::size_t at = 0; at < static_cast<std::size_t>(count); ++at) {
+        Slot slot;
+        std::memcpy(&slot, room.data() + at * sizeof slot, sizeof slot);
         values.push_back(valueOf(slot));
+    }
     return values;
 }
 
 const void *putValues(std::span<const Value> values) {
-    std::vector<Slot> slots;
-    slots.reserve(values.size());
-    std::string texts;
-    for (const Value &value : values)
-        slots.push_back(slotOf(value, texts));
-    return put(slots, texts);
+    std::size_t end = values.size() * sizeof(Slot);
+    std::string text;
+    for (std::size_t at = 0; at < values.size(); ++at, text.clear()) {
+        Slot slot = slotOf(values[at], text);
+        std::memcpy(roomFor(end + text.size()) + end, text.data(), text.size());
+        slot.length = static_cast<std::uint32_t>(text.size());
+        slot.text = static_cast<std::uint32_t>(std::exchange(end, end + text.size()));
+        std::memcpy(room.data() + at * sizeof slot, &slot, sizeof slot);
+    }
+    return room.data();
 }
 
-ReplyWriter::ReplyWriter() {
+Reply::Reply() {
     replyNumbers.clear();
     replyText.clear();
 }
 
-void ReplyWriter::addNumber(std::int32_t number) { replyNumbers.push_back(number); }
+void Reply::addNumber(std::int32_t number) { replyNumbers.push_back(number); }
 
-ReplyWriter &ReplyWriter::addText(std::string_view text) {
+Reply &Reply::addText(std::string_view text) {
     std::int32_t units = 0;
     for (const char byte : text) {
         const auto bits = static_cast<unsigned char>(byte);
@@ -132,13 +116,13 @@ ReplyWriter &ReplyWriter::addText(std::string_view text) {
     return add(units);
 }
 
-const Reply *ReplyWriter::done() const {
-    static Reply reply;
-    reply = {replyNumbers.data(), static_cast<std::uint32_t>(replyNumbers.size()), replyText.data(),
-             static_cast<std::uint32_t>(replyText.size())};
-    return &reply;
+const void *Reply::done() const {
+    static std::array<std::size_t, 4> places;
+    places = {reinterpret_cast<std::size_t>(replyNumbers.data()), replyNumbers.size(),
+              reinterpret_cast<std::size_t>(replyText.data()), replyText.size()};
+    return &places;
 }
 
-[[clang::export_name("room")]] char *room_(std::size_t size) { return roomFor(size); }
+[[clang::export_name("room")]] char *givenRoom(std::size_t size) { return roomFor(size); }
 
 } // namespace tablio::web

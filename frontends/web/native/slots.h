@@ -5,8 +5,6 @@
 
 #include <tablio/dispatch.h>
 
-#include <cstdint>
-#include <span>
 #include <string_view>
 
 namespace tablio::web {
@@ -18,25 +16,18 @@ char *roomFor(std::size_t size);
 /// Puts them there, and answers where the room is now.
 const void *putValues(std::span<const Value> values);
 
-/// An answer that is no value: whole numbers, and texts behind one another.
-struct Reply {
-    const std::int32_t *numbers = nullptr;
-    std::uint32_t count = 0;
-    const char *text = nullptr;
-    std::uint32_t length = 0;
-};
-
-/// Collects the one reply that there is.
-class ReplyWriter {
+/// Collects an answer that is no value: whole numbers, and texts behind one another. There is one.
+class Reply {
 public:
-    ReplyWriter();
-    template <typename... Numbers> ReplyWriter &add(Numbers... numbers) {
+    Reply();
+    template <typename... Numbers> Reply &add(Numbers... numbers) {
         (addNumber(static_cast<std::int32_t>(numbers)), ...);
         return *this;
     }
     /// Its number of UTF-16 units stands among the numbers.
-    ReplyWriter &addText(std::string_view text);
-    [[nodiscard]] const Reply *done() const;
+    Reply &addText(std::string_view text);
+    /// Where numbers, their count, texts and their length are.
+    [[nodiscard]] const void *done() const;
 
 private:
     static void addNumber(std::int32_t number);
