@@ -46,6 +46,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
     #stopWatching?: () => void;
     #frame = 0;
     #look = '';
+    #scale = 0;
     readonly #cssFonts = new Map<number, string>();
     #hadKeyboard = false;
     /** How deep in handlers of events this is, and what the last one there has thrown. */
@@ -258,6 +259,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
         if (!this.isConnected || !this.#grid.alive) return;
         this.state = stateOf(this.#grid);
         const scale = devicePixelRatio;
+        if (scale !== this.#scale) this.#lookAgain();
         if (this.#canvas.mirror(this.state, scale)) this.#tellLook(scale);
         this.#painter.paint(this.#grid, getComputedStyle(this), scale);
         this.#rows.show();
@@ -307,6 +309,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
         const look = [palette, scale, this.#box.hasFocus, own.font, this.#language].join();
         if (look === this.#look) return;
         this.#look = look;
+        this.#scale = scale;
         this.#painter.forgetFonts();
         this.#cssFonts.clear();
         this.#guarded(() => tellLocale(this.#grid, this.#language, own, this.#painter.context));
@@ -329,6 +332,11 @@ export class TablioGrid extends HTMLElement implements GridPage {
             matchMedia(query).addEventListener('change', again, { signal });
         addEventListener('resize', () => (again(), this.#layOut()), { signal });
         addEventListener('focus', again, { signal });
+        const watchScale = () =>
+            matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener(
+                'change', () => (again(), watchScale()), { signal, once: true },
+            );
+        watchScale();
         const classes = new MutationObserver(again);
         classes.observe(document.documentElement, { attributes: true });
         signal.addEventListener('abort', () => classes.disconnect());
