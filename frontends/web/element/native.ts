@@ -79,6 +79,9 @@ export class Reply {
     };
 }
 
+/** What came of an event, as native/page.h has it. */
+const enum Heard { Threw, Changed, Unchanged }
+
 export class TablioModule {
     private readonly exports: Exports;
     private readonly pages = new Map<number, WeakRef<GridPage>>();
@@ -181,16 +184,18 @@ export class TablioModule {
     }
 
     /** False when a handler has thrown. */
-    raise(grid: number, number: number, count: number): boolean {
+    raise(grid: number, number: number, count: number): Heard {
         const values = this.takeValues(this.run('room', 0), count);
+        const before = values.slice();
         try {
             this.pageOf(grid)?.event(number, values);
         } catch (error) {
             this.thrown = error;
-            return false;
+            return Heard.Threw;
         }
+        if (values.every((value, place) => Object.is(value, before[place]))) return Heard.Unchanged;
         this.putValues(values);
-        return true;
+        return Heard.Changed;
     }
 
     fail(kind: number, argument: number, message: string): never {
@@ -219,7 +224,7 @@ function importsOf(module: () => TablioModule): WebAssembly.ModuleImports {
         tablio_fail: (kind: number, argument: number, at: number, length: number) =>
             module().fail(kind, argument, module().textAt(at, length)),
         tablio_event: (grid: number, number: number, count: number) =>
-            Number(module().raise(grid, number, count)),
+            module().raise(grid, number, count),
         tablio_shown: (grid: number) => page(grid)?.shown(),
         tablio_changed: (grid: number) => page(grid)?.changed(),
         tablio_can_take_focus: (grid: number) => Number(page(grid)?.canTakeFocus() ?? false),

@@ -25,6 +25,17 @@ sheet.replaceSync(styles);
 /** What is still alive in the module when an element is not. */
 const collected = new FinalizationRegistry<NativeGrid>((grid) => grid.destroy());
 
+interface Heard {
+    hasFailed: boolean;
+    error: unknown;
+}
+/** The events that are being heard, the innermost last: what is thrown now is its handler's. */
+const heard: Heard[] = [];
+addEventListener('error', ({ error }) => {
+    const event = heard.at(-1);
+    if (event?.hasFailed === false) Object.assign(event, { hasFailed: true, error });
+}, true);
+
 export class TablioGrid extends HTMLElement implements GridPage {
     static readonly observedAttributes = ['lang', 'style', 'class', 'dir'];
     /** Set before the first grid is made. */
@@ -49,8 +60,7 @@ export class TablioGrid extends HTMLElement implements GridPage {
     #scale = 0;
     readonly #cssFonts = new Map<number, string>();
     #hadKeyboard = false;
-    /** How deep in handlers of events this is, and what the last one there has thrown. */
-    #depth = 0;
+    /** What a handler has thrown last. */
     #reported: unknown;
     state: State;
 
@@ -152,22 +162,16 @@ export class TablioGrid extends HTMLElement implements GridPage {
     // What the control asks of its page.
 
     event(number: number, values: Value[]): void {
-        const depth = ++this.#depth;
-        let hasFailed = false;
-        const note = ({ error }: ErrorEvent) => {
-            // What a handler of an event that this handler has raised throws is its own affair.
-            if (hasFailed || this.#depth !== depth) return;
-            hasFailed = true;
-            this.#reported = error;
-        };
-        addEventListener('error', note, true);
+        const event: Heard = { hasFailed: false, error: undefined };
+        heard.push(event);
         try {
             raiseEvent(this, number, values);
         } finally {
-            removeEventListener('error', note, true);
-            this.#depth--;
+            heard.pop();
         }
-        if (hasFailed) throw this.#reported;
+        if (!event.hasFailed) return;
+        this.#reported = event.error;
+        throw event.error;
     }
 
     shown(): void {

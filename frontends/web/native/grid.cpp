@@ -50,8 +50,11 @@ void Grid::start() {
 
 void Grid::event(MemberNumber number, std::span<Value> arguments) {
     putValues(arguments);
-    if (!tablio_event(number_, number, static_cast<int>(arguments.size())))
+    const Heard heard = tablio_event(number_, number, static_cast<int>(arguments.size()));
+    if (heard == Heard::Threw)
         throw HandlerFailed();
+    if (heard == Heard::Unchanged)
+        return;
     Values changed = takeValues(static_cast<int>(arguments.size()));
     std::move(changed.begin(), changed.end(), arguments.begin());
 }

@@ -9,8 +9,11 @@
 extern "C" {
 /// Throws this error in the page.
 [[noreturn]] void tablio_fail(int kind, int argument, const char *message, std::size_t length);
-/// Raises an event, its arguments in the room; false when a handler has thrown.
-bool tablio_event(int grid, int number, int count);
+/// What came of an event: a handler has thrown, or the arguments in the room are other ones, or
+/// not.
+enum class Heard : int { Threw, Changed, Unchanged };
+/// Raises an event, its arguments in the room.
+Heard tablio_event(int grid, int number, int count);
 
 void tablio_shown(int grid);
 /// There is something to be painted.
