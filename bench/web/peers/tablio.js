@@ -6,7 +6,7 @@ export const needs = ['/tablio/tablio-grid.js?module'];
 
 const twips = 15;
 /** Texts that are handed over in one call. */
-const block = 20000;
+const block = 4000;
 
 export async function create(host, { rows, cols }, cell) {
     const grid = document.createElement('tablio-grid');
