@@ -163,6 +163,8 @@ bool Input::wantsKey(KeyCode key, ShiftState shift, bool typesText) const noexce
     case Key::Escape:
     case Key::Back:
         return isEditing;
+    case Key::Tab:
+        return control_->state.walksByTab(shift);
     case Key::C:
     case Key::V:
         return shift == Shift::Ctrl || typesText;

@@ -119,8 +119,14 @@ void Window::leftFor(HWND other) {
     showCurrentCell();
     if (stays)
         return;
-    editBox_->commitComposition();
-    host_->keyboardWent();
+    leftForForm();
+    if (isOpen())
+        host_->keyboardWent();
+}
+
+void Window::leftForForm() {
+    if (isOpen())
+        editBox_->commitComposition();
     if (isOpen() && core_->input().hasKeyboard())
         tell([](Input &input) { input.focusLeft(); });
 }

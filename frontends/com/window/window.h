@@ -84,6 +84,8 @@ public:
     void enterLater() { PostMessageW(handle(), enterMessage, 0, 0); }
     /// The keyboard has gone to that window.
     void leftFor(HWND other);
+    /// It has gone to another part of the form.
+    void leftForForm();
     void showCurrentCell();
 
     // For its face.

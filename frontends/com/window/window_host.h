@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <optional>
+#include <utility>
 
 namespace tablio::com {
 
@@ -26,9 +27,24 @@ public:
 
     virtual void propertyChanged(MemberNumber /*number*/) {}
     virtual void setHostKeyPreview(bool /*preview*/) {}
+    /// The colours that the form has, for its ground and for texts on it; nothing for the
+    /// desktop's.
+    [[nodiscard]] virtual std::optional<std::pair<Colour, Colour>> formColours() const {
+        return std::nullopt;
+    }
+
     /// The keyboard is inside the grid, before the control hears of it, or elsewhere in the form.
     virtual void keyboardCame() {}
     virtual void keyboardWent() {}
+    /// A key that the control wanted to see and leaves to the form: Tab. A dialog goes to its
+    /// next control.
+    virtual void keyLeft(const MSG &key) {
+        if (key.wParam == VK_TAB)
+            SendMessageW(GetAncestor(key.hwnd, GA_ROOT), WM_NEXTDLGCTL, GetKeyState(VK_SHIFT) < 0,
+                         FALSE);
+    }
+    /// The grid looks different while it has no window.
+    virtual void pictureChanged() {}
     /// What a handler threw while a message was dealt with, which cannot go on through Windows.
     virtual void handlerFailed(const char *what) noexcept { OutputDebugStringA(what); }
 };

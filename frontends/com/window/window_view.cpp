@@ -91,13 +91,15 @@ Twips Window::twips(int pixels) const noexcept {
 Palette Window::palette() const noexcept {
     const auto at = [this](int index) { return systemColours_[static_cast<std::size_t>(index)]; };
     const Colour disabled = at(COLOR_GRAYTEXT);
+    const auto [ground, text] =
+        host_->formColours().value_or(std::pair(at(COLOR_BTNFACE), at(COLOR_BTNTEXT)));
     return {at(COLOR_WINDOW),
             isEnabled() ? at(COLOR_WINDOWTEXT) : disabled,
             disabled,
             at(COLOR_BTNFACE),
             at(COLOR_BTNTEXT),
-            at(COLOR_BTNFACE),
-            at(COLOR_BTNTEXT),
+            ground,
+            text,
             at(COLOR_HIGHLIGHT),
             at(COLOR_HIGHLIGHTTEXT),
             at(COLOR_BTNSHADOW),
@@ -174,7 +176,7 @@ void Window::showScrolled() {
 
 void Window::showArea(const Rect &area) {
     if (!isOpen())
-        return;
+        return core_ != nullptr ? host_->pictureChanged() : void();
     const RECT device = toRect(pixels().rect(area));
     InvalidateRect(handle(), &device, FALSE);
 }

@@ -131,6 +131,8 @@ LRESULT EditBox::keyDown(UINT message, WPARAM key, LPARAM data) {
     if (dealt == Dealt::No && (shift & Shift::Ctrl) != 0 && (shift & Shift::Alt) == 0 &&
         window_.screen().editor())
         return natively(message, key, data);
+    if (dealt == Dealt::No)
+        window_.host().keyLeft({handle(), message, key, data, 0, {}});
     return 0;
 }
 
