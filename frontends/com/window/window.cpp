@@ -363,6 +363,9 @@ void Window::runBox() {
     boxes_.erase(boxes_.begin());
     const HWND form = GetAncestor(handle(), GA_ROOT);
     const int answer = MessageBoxW(form, box.text.c_str(), box.title.c_str(), box.kind);
+    // A form that keeps no account of its keyboard takes it to itself.
+    if (isOpen() && core_->input().hasKeyboard())
+        takeKeyboard();
     if ((box.kind & MB_TYPEMASK) == MB_YESNO)
         tell([&](Input &input) { input.questionAnswered(answer == IDYES); });
 }

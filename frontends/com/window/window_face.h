@@ -26,6 +26,8 @@ public:
 
     void letPendingEventsRun() override;
 
+    [[nodiscard]] Window &window() const noexcept { return window_; }
+
 private:
     Window &window_;
     /// Of letPendingEventsRun(), in milliseconds of the system's clock.

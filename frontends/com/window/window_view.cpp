@@ -241,6 +241,8 @@ void Window::mirror() {
         const ScreenWidget button = screen().widget(id);
         return button.isVisible ? dots.withoutLines(button.place) : PixelRect{};
     };
+    // The box lies under the buttons, and the calendar over all.
+    editBox_->mirror();
     lookupButton_->mirror(buttonPlace(WidgetId::cmdLookup));
     calendarButton_->mirror(buttonPlace(WidgetId::cmdCalender));
     const std::optional<ScreenEditor> editor = screen().editor();
@@ -256,9 +258,7 @@ void Window::mirror() {
         list_->mirror(*editor, toRect(combo));
     else
         list_->putAway();
-    editBox_->mirror();
-    if (isOpen())
-        calendar_->mirror();
+    calendar_->mirror();
 }
 
 } // namespace tablio::com

@@ -17,6 +17,9 @@ CellButton::CellButton(Window &window, Sign sign, const wchar_t *name,
 std::shared_ptr<void> CellButton::keptAlive() { return window_.weak_from_this().lock(); }
 
 void CellButton::mirror(const PixelRect &area) {
+    if (area == area_ && isShown() != area.isEmpty())
+        return;
+    area_ = area;
     if (area.isEmpty())
         hide();
     else

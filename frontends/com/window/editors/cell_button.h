@@ -29,6 +29,7 @@ private:
     Window &window_;
     Sign sign_;
     std::function<void()> pressed_;
+    PixelRect area_;
     bool isDown_ = false;
 };
 

@@ -46,6 +46,7 @@ LRESULT EditBox::message(UINT message, WPARAM first, LPARAM second) {
     case WM_SYSKEYDOWN:
         return keyDown(message, first, second);
     case WM_CHAR:
+    case WM_IME_CHAR:
         return characterCame(static_cast<wchar_t>(first));
     case WM_GETDLGCODE: {
         const auto *const key = reinterpret_cast<const MSG *>(second);

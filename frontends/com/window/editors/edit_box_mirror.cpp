@@ -139,7 +139,9 @@ void EditBox::commitComposition() {
 LRESULT EditBox::composing(UINT message, WPARAM first, LPARAM second) {
     if (message == WM_IME_ENDCOMPOSITION) {
         isComposing_ = false;
-        const LRESULT result = natively(message, first, second);
+        mirroring_ = true;
+        const LRESULT result = inherited(message, first, second);
+        mirroring_ = false;
         if (window_.isOpen())
             mirror();
         return result;
