@@ -3,8 +3,11 @@
 #include "model/text/ascii.h"
 
 #include <algorithm>
+#include <array>
 #include <cfloat>
+#include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 namespace tablio {
@@ -64,6 +67,28 @@ std::optional<std::int64_t> readExponent(std::string_view text, std::size_t &pos
 }
 
 } // namespace
+
+Decimal::Decimal(std::int64_t value) : digits_(std::to_string(value)), negative_(value < 0) {
+    digits_.erase(0, negative_ ? 1 : 0);
+    dropTrailingZeros();
+}
+
+std::optional<Decimal> Decimal::fromDouble(double value) {
+    if (!std::isfinite(value))
+        return std::nullopt;
+    constexpr int mostDigits = 17;
+    std::array<char, 40> text{};
+    for (int digits = 1; digits <= mostDigits; ++digits) {
+        std::snprintf(text.data(), text.size(), "%.*e", digits - 1, value);
+        if (std::strtod(text.data(), nullptr) == value)
+            break;
+    }
+    // The host's C locale may write another sign than a point.
+    std::string number;
+    for (const char *at = text.data(); *at != '\0'; ++at)
+        number += isDigit(*at) || *at == '-' || *at == '+' || *at == 'e' ? *at : '.';
+    return parse(number);
+}
 
 std::optional<Decimal> Decimal::parse(std::string_view text, const NumberFormat &format) {
     Decimal number;
