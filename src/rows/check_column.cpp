@@ -13,10 +13,7 @@ void CheckColumn::check(int row, bool checked) {
     // A handler may have taken the cursor elsewhere.
     if (grid.current() != cell)
         return;
-    if (checked)
-        tickCurrent();
-    else
-        grid.setText("");
+    put(cell, checked);
 }
 
 bool CheckColumn::isChecked(int row) const {
@@ -32,22 +29,22 @@ bool CheckColumn::toggleCurrent() {
     if (!state_.isCheckCell(cell) || !grid.table.hasCell(cell.row, cell.col) ||
         cell.row < grid.table.FixedRows())
         return false;
-    if (trimmed(grid.Text()).empty())
-        tickCurrent();
-    else
-        grid.setText("");
+    put(cell, trimmed(grid.Text()).empty());
     return true;
 }
 
-void CheckColumn::tickCurrent() {
-    state_.grid.changeCellStyle([this](CellStyle &style) {
+void CheckColumn::put(CellAddress cell, bool checked) {
+    GridTable &table = state_.grid.table;
+    if (checked) {
+        CellStyle style = table.cellStyle(cell.row, cell.col);
         style.fontName = tickFont;
         style.fontSize = 12.0F;
         style.fontBold = true;
         style.foreColor = state_.settings.CheckBoxColor;
         style.alignment = 4;
-    });
-    state_.grid.setText(tick);
+        table.setCellStyle(cell.row, cell.col, style);
+    }
+    table.setTextMatrix(cell.row, cell.col, checked ? tick : std::string_view());
 }
 
 } // namespace tablio

@@ -17,6 +17,8 @@ public:
     /// Ticks or clears a row's box and leaves the cursor on it; nothing while the column is off.
     void check(int row, bool checked);
     [[nodiscard]] bool isChecked(int row) const;
+    /// Ticks or clears a tick cell and moves no cursor.
+    void put(CellAddress cell, bool checked);
     /// Ticks or clears the current cell, if it is a tick cell. Answers whether it is.
     bool toggleCurrent();
     /// Whether a cell of this look and text shows a tick.
@@ -31,7 +33,6 @@ private:
     [[nodiscard]] bool isOn() const noexcept {
         return state_.isCheckCell({0, state_.grid.table.Cols() - 1});
     }
-    void tickCurrent();
 
     ControlState &state_;
 };

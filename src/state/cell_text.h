@@ -29,6 +29,8 @@ public:
     /// outside the grid.
     void write(int row, int col, std::string_view value);
 
+    /// The same, and nobody is told.
+    void show(int row, int col, std::string_view value);
     /// How many rows such a block of values has. Throws GridError where they are no whole rows or
     /// reach beyond the last column.
     [[nodiscard]] int rowsOfBlock(CellAddress first, int cols, std::size_t values) const;
@@ -44,8 +46,6 @@ public:
     [[nodiscard]] std::string formatted(int col, std::string_view value) const;
 
 private:
-    void show(int row, int col, std::string_view value);
-
     ControlState &state_;
 };
 
