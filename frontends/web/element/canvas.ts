@@ -17,25 +17,26 @@ const button = [1, 4, 2];
 const unit = 20;
 /** A finger that moves this far scrolls. */
 const slop = 8;
+const longPress = 600;
 
 export class Canvas {
     readonly element = document.createElement('canvas');
     readonly bars = { row: bar('rows'), col: bar('cols') };
     private isPressed = false;
-    private touch?: { id: number; x: number; y: number; isScroll: boolean };
+    private touch?: { id: number; x: number; y: number; isScroll: boolean; timer: number | undefined };
 
     constructor(private readonly told: Told) {
         const { element, bars } = this;
         const twipsOf = (event: MouseEvent) => [twips(event.offsetX), twips(event.offsetY)] as const;
         element.addEventListener('pointerdown', (event) => {
             if (event.pointerType === 'touch')
-                this.touch = { id: event.pointerId, x: event.x, y: event.y, isScroll: false };
+                this.touchBegan(event);
             // A border or a selection is dragged out of the canvas, too.
             else if (event.isTrusted) element.setPointerCapture(event.pointerId);
         });
         element.addEventListener('pointermove', (event) => this.touchMoved(event));
-        element.addEventListener('pointerup', () => (this.touch = undefined));
-        element.addEventListener('pointercancel', () => (this.touch = undefined));
+        for (const end of ['pointerup', 'pointercancel'])
+            element.addEventListener(end, () => this.touchEnded());
         element.addEventListener('mousedown', (event) => {
             told.pressed();
             this.isPressed = true;
@@ -53,14 +54,7 @@ export class Canvas {
             if (event.button < 3) told.tell(Tell.mouseUp, button[event.button], ...twipsOf(event));
         });
         element.addEventListener('contextmenu', (event) => {
-            if (!told.offersMenu()) return;
-            event.preventDefault();
-            // A finger that stays is a right button, which sends nothing else.
-            if (this.touch === undefined || !event.isTrusted) return;
-            this.touch = undefined;
-            told.pressed();
-            told.tell(Tell.mouseDown, button[2], ...twipsOf(event));
-            told.tell(Tell.mouseUp, button[2], ...twipsOf(event));
+            if (told.offersMenu()) event.preventDefault();
         });
         element.addEventListener('wheel', (event) => this.wheelTurned(event), { passive: false });
         bars.row.addEventListener('scroll', () => {
@@ -118,6 +112,23 @@ export class Canvas {
         if (dealt !== 0) event.preventDefault();
     }
 
+    /** A finger that stays where it is is a right button; not all browsers tell. */
+    private touchBegan(event: PointerEvent): void {
+        const [x, y] = [twips(event.offsetX), twips(event.offsetY)];
+        const timer = setTimeout(() => {
+            this.touch = undefined;
+            this.told.pressed();
+            this.told.tell(Tell.mouseDown, button[2], x, y);
+            this.told.tell(Tell.mouseUp, button[2], x, y);
+        }, longPress);
+        this.touch = { id: event.pointerId, x: event.x, y: event.y, isScroll: false, timer };
+    }
+
+    private touchEnded(): void {
+        clearTimeout(this.touch?.timer);
+        this.touch = undefined;
+    }
+
     private touchMoved(event: PointerEvent): void {
         const { touch } = this;
         if (touch?.id !== event.pointerId) return;
@@ -125,6 +136,7 @@ export class Canvas {
         const y = Math.round(event.y - touch.y);
         touch.isScroll ||= Math.hypot(x, y) > slop;
         if (!touch.isScroll) return;
+        clearTimeout(touch.timer);
         touch.x += x;
         touch.y += y;
         this.told.tell(Tell.wheelTurned, 0, x, y);

@@ -12,33 +12,50 @@ const roles = {
     'tip-base': 'Canvas', 'tip-text': 'CanvasText',
 };
 
+/** By the number of the system colour, where the user has chosen all of them. */
+const forced = [
+    'Canvas', 'Canvas', 'Highlight', 'Canvas', 'Canvas', 'Field', 'ButtonBorder', 'CanvasText',
+    'FieldText', 'HighlightText', 'ButtonBorder', 'ButtonBorder', 'Canvas', 'Highlight',
+    'HighlightText', 'ButtonFace', 'ButtonBorder', 'GrayText', 'ButtonText', 'GrayText',
+    'ButtonBorder', 'ButtonBorder', 'ButtonBorder', 'CanvasText', 'Canvas',
+];
+
 /** The colours as the page has them at the moment, in words that are alike while they are. */
 export function paletteOf(probe: HTMLElement): string[] {
-    return Object.entries(roles).map(([role, system]) => {
-        probe.style.color = `var(--tablio-${role}, ${system})`;
+    const seen = (colour: string) => {
+        probe.style.color = colour;
         return getComputedStyle(probe).color;
-    });
+    };
+    const isForced = matchMedia('(forced-colors: active)').matches;
+    return [
+        ...Object.entries(roles).map(([role, system]) => seen(`var(--tablio-${role}, ${system})`)),
+        ...(isForced ? forced.map(seen) : []),
+    ];
 }
 
-/** Any colour of CSS as 0xBBGGRR. */
-export function numberOf(colour: string, brush: CanvasRenderingContext2D): number {
+/** Any colour of CSS as 0xBBGGRR, on a ground where it is seen through. */
+function numberOf(colour: string, brush: CanvasRenderingContext2D, ground = 0xffffff): number {
     brush.fillStyle = '#000';
     brush.fillStyle = colour;
-    // An opaque colour reads back as #rrggbb, another one over white.
+    // An opaque colour reads back as #rrggbb.
     const read = String(brush.fillStyle);
     const [red, green, blue, alpha = 1] = read.startsWith('#')
         ? [1, 3, 5].map((at) => parseInt(read.slice(at, at + 2), 16))
         : read.match(/[\d.]+/g)!.map(Number);
-    const over = (part: number) => Math.round(255 + (part - 255) * alpha);
-    return over(red) | (over(green) << 8) | (over(blue) << 16);
+    const over = (part: number, shift: number) => {
+        const below = (ground >> shift) & 255;
+        return Math.round(below + (part - below) * alpha) << shift;
+    };
+    return over(red, 0) | over(green, 8) | over(blue, 16);
 }
 
 export function tellLook(
     grid: NativeGrid, palette: string[], scale: number, hasKeyboard: boolean,
     brush: CanvasRenderingContext2D,
 ): void {
-    grid.module.putValues(palette.map((colour) => numberOf(colour, brush)));
-    grid.run('setLook', scale, Number(hasKeyboard));
+    const base = numberOf(palette[0], brush);
+    grid.module.putValues(palette.map((colour) => numberOf(colour, brush, base)));
+    grid.run('setLook', scale, Number(hasKeyboard), palette.length);
 }
 
 /** A font that the control asks for, in device pixels; what it leaves out is the page's. */

@@ -59,6 +59,8 @@ public:
     DateOrder dates = DateOrder::DayMonthYear;
     Font font;
     SceneLook look;
+    /// Of its palette.
+    std::vector<Colour> systemColours;
     /// Bars that lie over the cells are 0 thick.
     void setRoom(Twips width, Twips height, Twips bar);
     [[nodiscard]] Arrangement arranged() const;

@@ -148,16 +148,20 @@ bool isEnabled(const Tablio &table) {
     });
 }
 
-/// The palette's twelve colours are in the room.
-[[clang::export_name("setLook")]] void setLook(int number, double scale, bool hasKeyboard) {
+/// The room holds the palette's twelve colours, and behind them what the desktop has by index.
+[[clang::export_name("setLook")]] void setLook(int number, double scale, bool hasKeyboard,
+                                               int count) {
     with(number, [&](Grid &grid) {
-        const Values colours = takeValues(12);
+        const Values colours = takeValues(count);
         const auto at = [&](std::size_t place) { return colours.at(place).toColour(); };
-        grid.look = {
-            {at(0), at(1), at(2), at(3), at(4), at(5), at(6), at(7), at(8), at(9), at(10), at(11)},
-            scale,
-            hasKeyboard,
-            isEnabled(grid.table())};
+        grid.systemColours.clear();
+        for (std::size_t place = 12; place < colours.size(); ++place)
+            grid.systemColours.push_back(at(place));
+        grid.look = {{at(0), at(1), at(2), at(3), at(4), at(5), at(6), at(7), at(8), at(9), at(10),
+                      at(11), grid.systemColours},
+                     scale,
+                     hasKeyboard,
+                     isEnabled(grid.table())};
         grid.repaintAll();
     });
 }

@@ -116,6 +116,35 @@ describe('input', { skip, concurrency: false }, () => {
         assert.match(await cell(1, 0), /^1 ?and two/);
     });
 
+    test('a finger scrolls, ticks and calls the menu', async () => {
+        const { page, input } = hands;
+        await page.evaluate(() => {
+            first.setColStyle(3, 0);
+            first.checkBoxes = 1;
+            first.gridPopUpMenu = true;
+        });
+        await input.send('Emulation.setTouchEmulationEnabled', { enabled: true });
+        const { x, y } = await page.evaluate(() => first.getBoundingClientRect().toJSON());
+        const touch = (type, down) =>
+            input.send('Input.dispatchTouchEvent', {
+                type, touchPoints: down === undefined ? [] : [{ x: x + 60, y: y + down }],
+            });
+        const topRow = () => page.evaluate(() => first.state.rowRange.position);
+        await touch('touchStart', 200);
+        for (let down = 195; down >= 80; down -= 5) await touch('touchMove', down);
+        await touch('touchEnd');
+        await page.evaluate(() => new Promise(requestAnimationFrame));
+        assert.ok((await topRow()) > 3);
+        assert.equal(await page.evaluate(() => first.currentRow), 1);
+        const tick = await page.evaluate(() => first.native.ask('cellRect', 8, 3).number());
+        await page.touchscreen.tap(x + tick + 20, y + 60);
+        const ticked = await page.evaluate(() => [first.currentRow, first.checked(first.currentRow)]);
+        assert.deepEqual([ticked[0] > 3, ticked[1]], [true, true]);
+        await touch('touchStart', 100);
+        await page.waitForFunction(() => first.shadowRoot.querySelector('.menu.open'));
+        await touch('touchEnd');
+    });
+
     // The long run is by hand: TABLIO_TYPIST=5000 node --test input.test.mjs
     const keys = Number(process.env.TABLIO_TYPIST ?? 240);
     for (const pause of [0, 2])
