@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 namespace tablio::com {
@@ -19,8 +20,11 @@ namespace {
 
 /// The value itself lies where the union begins; a reference has its address there.
 template <typename T> T read(const VARIANT &variant) noexcept {
-    return (V_VT(&variant) & VT_BYREF) != 0 ? *static_cast<const T *>(V_BYREF(&variant))
-                                            : *reinterpret_cast<const T *>(&V_BYREF(&variant));
+    const void *const place =
+        (V_VT(&variant) & VT_BYREF) != 0 ? V_BYREF(&variant) : &V_BYREF(&variant);
+    T value{};
+    std::memcpy(&value, place, sizeof(value));
+    return value;
 }
 
 /// A whole number in the least type that holds it and that scripts count in.
