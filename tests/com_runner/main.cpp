@@ -1,5 +1,5 @@
-/// `tablio_com_scenarios FILE…` plays scenario files against the registered Windows control with the
-/// system's own input.
+/// `tablio_com_scenarios FILE…` plays scenario files against the registered Windows control with
+/// the system's own input.
 
 #include <tablio/testing/com_driver.h>
 #include <tablio/testing/player.h>
