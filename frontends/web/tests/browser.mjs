@@ -39,6 +39,8 @@ export async function openBrowser(flags = []) {
             '--disable-hang-monitor',
             ...flags,
         ],
+        // Keys that are sent ahead are answered when handlers that block let them be.
+        protocolTimeout: 3_600_000,
         defaultViewport: { width: 1000, height: 600 },
     });
 }
