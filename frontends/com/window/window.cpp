@@ -5,6 +5,7 @@
 #include "window/editors/drop_list.h"
 #include "window/editors/edit_box.h"
 #include "window/editors/month_calendar.h"
+#include "window/reading/accessible_grid.h"
 
 #include <algorithm>
 #include <utility>
@@ -176,6 +177,12 @@ LRESULT Window::message(UINT message, WPARAM first, LPARAM second) {
     case 0x02E3: // WM_DPICHANGED_AFTERPARENT
         showAnew();
         return 0;
+    case WM_GETOBJECT:
+        if (static_cast<LONG>(second) != OBJID_CLIENT)
+            return inherited(message, first, second);
+        return LresultFromObject(
+            __uuidof(IAccessible), first,
+            ComPtr<IAccessible>::taken(new AccessibleGrid(weak_from_this())).get());
     case enterMessage:
         enter();
         return 0;

@@ -71,6 +71,11 @@ public:
         return isOpen();
     }
     [[nodiscard]] const Screen &screen() const noexcept { return core_->screen(); }
+    /// Of the whole table, headers included.
+    [[nodiscard]] int rows() const { return core_->Rows(); }
+    [[nodiscard]] int cols() const { return core_->Cols(); }
+    /// The number that a cell has for screen readers.
+    [[nodiscard]] LONG childOf(CellAddress cell) const { return cell.row * cols() + cell.col + 1; }
     [[nodiscard]] WindowHost &host() const noexcept { return *host_; }
     [[nodiscard]] WindowFace &face() noexcept { return face_; }
     [[nodiscard]] bool isEnabled() const noexcept;
@@ -114,6 +119,7 @@ private:
     [[nodiscard]] std::shared_ptr<void> keptAlive() override { return weak_from_this().lock(); }
     std::optional<LRESULT> mouseMessage(UINT message, WPARAM first, LPARAM second);
     void failed(const char *what) noexcept;
+    void tellReaders();
     void measure();
     [[nodiscard]] Palette palette() const noexcept;
     void paint();
@@ -138,6 +144,8 @@ private:
     /// The scroll position that was shown last.
     int topRow_ = 0;
     int leftCol_ = 0;
+    /// Where screen readers were told last that the keyboard is.
+    std::optional<CellAddress> told_;
     /// Grows with the window and is kept: a frame is painted many times a second.
     HBITMAP frame_ = nullptr;
     SIZE frameSize_{};

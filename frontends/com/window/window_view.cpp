@@ -174,6 +174,13 @@ void Window::showScrolled() {
                        SW_INVALIDATE);
 }
 
+void Window::tellReaders() {
+    const std::optional<CellAddress> cell = hasKeyboard() ? screen().currentCell() : std::nullopt;
+    if (cell && cell != told_)
+        NotifyWinEvent(EVENT_OBJECT_FOCUS, handle(), OBJID_CLIENT, childOf(*cell));
+    told_ = cell;
+}
+
 void Window::showArea(const Rect &area) {
     if (!isOpen())
         return core_ != nullptr ? host_->pictureChanged() : void();
@@ -259,6 +266,7 @@ void Window::mirror() {
     else
         list_->putAway();
     calendar_->mirror();
+    tellReaders();
 }
 
 } // namespace tablio::com
