@@ -91,6 +91,20 @@ LRESULT DropList::message(UINT message, WPARAM first, LPARAM second) {
     }
 }
 
+namespace {
+
+/// Closes a list whose grid the other window does not belong to. No lambda: on 32 bits those are
+/// not called as the platform calls.
+BOOL CALLBACK closeUnlessIn(HWND list, LPARAM other) {
+    const HWND window = reinterpret_cast<HWND>(other);
+    const HWND grid = static_cast<HWND>(GetPropW(list, mark));
+    if (grid != nullptr && window != list && window != grid && IsChild(grid, window) == FALSE)
+        SendMessageW(list, closeMessage, 0, 0);
+    return TRUE;
+}
+
+} // namespace
+
 /// A press in another of this thread's windows closes the list, and then counts as any press; of
 /// those in the control itself the core knows. A list that is down is found by its mark, which says
 /// whose it is: a hook is told nothing else.
@@ -99,17 +113,7 @@ LRESULT CALLBACK DropList::mouseElsewhere(int code, WPARAM message, LPARAM data)
                          message == WM_NCLBUTTONDOWN || message == WM_NCRBUTTONDOWN;
     if (code == HC_ACTION && isPress) {
         const HWND pressed = reinterpret_cast<MOUSEHOOKSTRUCT *>(data)->hwnd;
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND list, LPARAM other) -> BOOL {
-                const HWND window = reinterpret_cast<HWND>(other);
-                const HWND grid = static_cast<HWND>(GetPropW(list, mark));
-                if (grid != nullptr && window != list && window != grid &&
-                    IsChild(grid, window) == FALSE)
-                    SendMessageW(list, closeMessage, 0, 0);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(pressed));
+        EnumThreadWindows(GetCurrentThreadId(), &closeUnlessIn, reinterpret_cast<LPARAM>(pressed));
     }
     return CallNextHookEx(nullptr, code, message, data);
 }
