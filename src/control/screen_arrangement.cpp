@@ -6,19 +6,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace tablio {
 
 namespace {
-
-/// Of all columns together; once they are wider than this the rest does not count.
-Twips widthOfCols(const GridTable &table, Twips enough) {
-    Twips width = 0;
-    for (int col = 0; col < table.Cols() && width <= enough; ++col)
-        width += table.ColWidth(col);
-    return width;
-}
 
 /// A single row or column is not worth a bar.
 bool fits(int scrollable, Twips size, Twips room) { return size <= room || scrollable < 2; }
@@ -29,7 +20,7 @@ Arrangement Screen::arranged(Twips width, Twips height, Twips barWidth, Twips ba
     const GridTable &table = control_.state.grid.table;
     const int rows = table.Rows() - table.FixedRows();
     const int cols = table.Cols() - table.FixedCols();
-    const Twips allCols = widthOfCols(table, width);
+    const Twips allCols = table.widthOfCols(0, table.Cols());
     Arrangement result;
     result.hasColBar = !fits(cols, allCols, width);
     const Twips rest = height - (result.hasColBar ? barHeight : 0);
@@ -74,9 +65,8 @@ ScrollMove Screen::movedSince(int topRow, int leftCol, double scale) const {
 }
 
 Rect Screen::wholeTable() const {
-    constexpr Twips most = std::numeric_limits<Twips>::max() / 2;
     const GridTable &table = control_.state.grid.table;
-    return {0, 0, widthOfCols(table, most), table.heightOfRows(0, table.Rows())};
+    return {0, 0, table.widthOfCols(0, table.Cols()), table.heightOfRows(0, table.Rows())};
 }
 
 } // namespace tablio

@@ -53,7 +53,7 @@ int Tablio::Rows() const { return control_->state.grid.table.Rows(); }
 
 void Tablio::setRows(int count) {
     setProperty(control_, "Rows", [&](Control &control) {
-        GridTable::checkRowCount(count);
+        control.state.grid.table.checkRowCount(count);
         control.session.EndCellEdit();
         control.rows.setRows(count);
     });

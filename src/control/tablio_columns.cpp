@@ -22,7 +22,7 @@ int Tablio::Cols() const { return control_->state.grid.table.Cols(); }
 
 void Tablio::setCols(int count) {
     setProperty(control_, "Cols", [&](Control &control) {
-        GridTable::checkColCount(count);
+        control.state.grid.table.checkColCount(count);
         control.session.EndCellEdit();
         control.state.grid.table.setCols(count);
         if (control.state.columns.followColumnCount())

@@ -14,7 +14,7 @@ CarriedCells::~CarriedCells() {
     state_.grid.table.giveBody(std::move(body_));
     // Those of columns that were written meanwhile have gone with the table they stood in.
     rows_.RenumberFixedColumns();
-    rows_.watchNumbers();
+    rows_.rewatchNumbers();
 }
 
 void CarriedCells::setCols(int count) {

@@ -36,16 +36,12 @@ void lowerInto(std::string &result, std::string_view text, const Face &face) {
 
 void RowStock::append(int count) {
     GridTable &table = state_.grid.table;
-    if (count > GridTable::maxRows - table.Rows())
-        throw OverflowError("AddRow: row " + std::to_string(table.Rows() + count - 1) +
-                            " does not fit 16 bits");
     const RepaintOnce repaintOnce(state_.grid);
-    for (; count > 0; --count) {
-        table.AddItem("");
-        forgetTags(table.Rows() - 1);
-        if (!numberLastRow())
-            RenumberFixedColumns();
-    }
+    const int first = table.Rows();
+    table.appendRows(count);
+    for (int row = first; row < table.Rows() && !CellTag_->isEmpty(); ++row)
+        forgetTags(row);
+    number();
 }
 
 void RowStock::setRows(int count) {
@@ -90,7 +86,7 @@ void RowStock::insertAtMark() {
     GridTable &table = state_.grid.table;
     const bool isFull = table.Rows() == GridTable::maxRows;
     if (isFull && marker_.isMarked()) {
-        const int count = dataCount();
+        const int count = filledRows();
         if (marker_.MarkRow() <= count && count >= state_.lastDataRow())
             throw OverflowError("InsertRow: the grid already has its " +
                                 std::to_string(GridTable::maxRows) + " rows");
@@ -103,8 +99,9 @@ void RowStock::insertAtMark() {
             return;
         row = *marked;
         state_.setStatusCell(false);
-        const int count = dataCount();
+        const int count = filledRows();
         if (row <= count) {
+            table.keepNumbersOnly(numberedCols());
             const int spare = state_.lastDataRow();
             // A full table gives its spare row before it takes the new one.
             const bool spareFirst = isFull && row >= table.FixedRows() && count < spare;
@@ -113,11 +110,8 @@ void RowStock::insertAtMark() {
             else
                 table.AddItem("", row);
             CellTag_->shiftRows(row, 1, firstTaggedCol());
-            // A count goes through all rows, so it is not repeated where the answer is known; row 0
-            // is in no count, but what it holds moves into the next one.
-            const int countNow = row > 0 ? count + 1 : dataCount();
             const int spareNow = spareFirst ? spare + 1 : state_.lastDataRow();
-            if (spareFirst || table.Rows() > countNow + 1) {
+            if (spareFirst || table.Rows() > filledRows() + 1) {
                 CellTag_->shiftRows(spareNow, -1, firstTaggedCol());
                 if (!spareFirst)
                     table.RemoveItem(spareNow);
@@ -141,8 +135,9 @@ void RowStock::removeMarked() {
             table.RemoveItem(row); // Says what is wrong with it.
         // The row's own values go, the rows below move up.
         CellTag_->shiftRows(row, -1, firstTaggedCol());
+        table.keepNumbersOnly(numberedCols());
         table.replaceRow(row, table.Rows() - 1);
-        const int last = dataCount();
+        const int last = filledRows();
         if (row > last)
             row = last + 1;
     }
@@ -256,15 +251,12 @@ void RowStock::setCellTag(std::shared_ptr<TMatrix> tags) {
 int RowStock::firstTaggedCol() const noexcept { return state_.settings.WithFixedColumn ? 1 : 0; }
 
 int RowStock::dataCount() const {
-    const GridTable &table = state_.grid.table;
-    int result = 0;
-    for (int row = 1; row <= state_.lastDataRow() && !state_.link.isClosed(); ++row) {
-        const int col = state_.settings.PrimaryColumn;
-        if (table.hasCell(row, col) && !trimmed(table.TextMatrix(row, col)).empty())
-            result = row;
-        state_.link.letPendingEventsRun();
-    }
-    return result;
+    state_.link.letPendingEventsRun();
+    return state_.link.isClosed() ? 0 : filledRows();
+}
+
+int RowStock::filledRows() const {
+    return state_.grid.table.lastFilledRow(state_.settings.PrimaryColumn, state_.lastDataRow());
 }
 
 int RowStock::findDuplicate(int row) const {
@@ -290,49 +282,42 @@ bool RowStock::isNumbered(int col) const {
     return state_.columns.ColStyle(col) == TColumnStyle::ColumnFixedWithAutoNumber;
 }
 
+std::vector<bool> RowStock::numberedCols() const {
+    std::vector<bool> cols(static_cast<std::size_t>(state_.grid.table.Cols()));
+    for (std::size_t col = 0; col < cols.size(); ++col)
+        cols[col] = isNumbered(static_cast<int>(col));
+    return cols;
+}
+
 void RowStock::RenumberFixedColumns() {
-    const std::vector<int> numbered = numberingNow().cols;
+    const std::vector<bool> cols = numberedCols();
     std::vector<int> blanked;
     for (int col = 0; PageEditing_ && col < state_.grid.table.Cols(); ++col) {
         if (state_.columns.ColStyle(col) == TColumnStyle::ColumnFixed)
             blanked.push_back(col);
     }
-    numbered_.insert(numbered.begin(), numbered.end());
-    if (!numbered.empty() || !blanked.empty())
-        writeNumbersAndBlanks(numbered, blanked);
-    numbering_ = numberingNow();
+    const bool isNumbering = std::find(cols.begin(), cols.end(), true) != cols.end();
+    if (!isNumbering && blanked.empty())
+        return number();
+    const RedrawOff redrawOff(state_.grid);
+    number();
+    for (const int col : blanked)
+        state_.grid.table.wipeCol(col);
 }
 
-RowStock::Numbering RowStock::numberingNow() const {
-    const GridTable &table = state_.grid.table;
-    Numbering now{{}, 0, table.shiftStamp(), table.FixedRows()};
-    for (int col = 0; col < table.Cols(); ++col) {
-        if (!isNumbered(col))
-            continue;
-        now.cols.push_back(col);
-        now.writes += table.columnWrites(col);
+void RowStock::number() {
+    const std::vector<bool> cols = numberedCols();
+    for (std::size_t col = 0; isWatching_ && col < cols.size(); ++col) {
+        if (cols[col])
+            numbered_.insert(static_cast<int>(col));
     }
-    return now;
-}
-
-bool RowStock::numberLastRow() {
-    GridTable &table = state_.grid.table;
-    const Numbering now = numberingNow();
-    const int last = table.Rows() - 1;
-    const int number = last - table.FixedRows() + 1;
-    const auto isRowBeforeNumbered = [&](int col) {
-        return number <= 1 || table.TextMatrix(last - 1, col) == std::to_string(number - 1);
-    };
-    if (PageEditing_ || now != numbering_ ||
-        !std::all_of(now.cols.begin(), now.cols.end(), isRowBeforeNumbered))
-        return false;
-    for (const int col : now.cols)
-        table.setTextMatrix(last, col, std::to_string(to16Bit(number, "row number")));
-    numbering_->writes += now.cols.size();
-    return true;
+    using Former = CellStore::FormerNumbers;
+    state_.grid.table.numberRows(cols, isWatching_ ? Former::Vanish : Former::BecomeTexts);
 }
 
 void RowStock::watchNumbers() {
+    isWatching_ = true;
+    state_.grid.table.keepNumbersOnly(numberedCols());
     numbered_.clear();
     for (int col = 0; col < state_.grid.table.Cols(); ++col) {
         if (isNumbered(col))
@@ -340,27 +325,17 @@ void RowStock::watchNumbers() {
     }
 }
 
-void RowStock::blankFormerNumbers() {
-    std::vector<int> former;
-    for (const int col : numbered_) {
-        if (col < state_.grid.table.Cols() && !isNumbered(col))
-            former.push_back(col);
-    }
-    if (!former.empty())
-        writeNumbersAndBlanks({}, former);
+void RowStock::rewatchNumbers() {
+    if (isWatching_)
+        watchNumbers();
 }
 
-void RowStock::writeNumbersAndBlanks(const std::vector<int> &numbered,
-                                     const std::vector<int> &blanked) {
-    const RedrawOff redrawOff(state_.grid);
-    GridTable &table = state_.grid.table;
-    int counter = 0;
-    for (int row = table.FixedRows(); row < table.Rows(); ++row) {
-        const std::string number = std::to_string(to16Bit(++counter, "row number"));
-        for (const int col : numbered)
-            table.setTextMatrix(row, col, number);
-        for (const int col : blanked)
-            table.setTextMatrix(row, col, "");
+void RowStock::blankFormerNumbers() {
+    isWatching_ = false;
+    const RepaintOnce repaintOnce(state_.grid);
+    for (const int col : numbered_) {
+        if (col < state_.grid.table.Cols() && !isNumbered(col))
+            state_.grid.table.wipeCol(col);
     }
 }
 

@@ -55,10 +55,12 @@ public:
     /// fixed columns.
     [[nodiscard]] bool PageEditing() const noexcept { return PageEditing_; }
     void setPageEditing(bool editing) noexcept { PageEditing_ = editing; }
-    /// Writes 1, 2, 3 … into the auto-number columns.
+    /// Shows 1, 2, 3 … in the auto-number columns.
     void RenumberFixedColumns();
     /// Notes, from now on, which columns hold numbers. For whoever is about to change settings.
     void watchNumbers();
+    /// Begins anew where that is under way, since columns have changed their places.
+    void rewatchNumbers();
     /// Blanks the data cells of columns that held numbers since watchNumbers(), if only for a
     /// moment, and are no auto-number columns now.
     void blankFormerNumbers();
@@ -73,12 +75,14 @@ private:
     [[nodiscard]] std::uint64_t writes() const;
     void followByStripes();
     [[nodiscard]] bool isNumbered(int col) const;
-    /// Writes the number of the last row, where all rows before it have theirs.
-    [[nodiscard]] bool numberLastRow();
+    /// The last row with a key; asks nobody anything.
+    [[nodiscard]] int filledRows() const;
+    [[nodiscard]] std::vector<bool> numberedCols() const;
+    /// RenumberFixedColumns without its care for painting and blank columns.
+    void number();
     /// The row that insert and remove act on; −1 for none. Its mark is taken off, or set where
     /// there was none. Nothing when a handler began an edit meanwhile, which goes first.
     [[nodiscard]] std::optional<int> takeMark();
-    void writeNumbersAndBlanks(const std::vector<int> &numbered, const std::vector<int> &blanked);
 
     ControlState &state_;
     Marker &marker_;
@@ -86,15 +90,6 @@ private:
     std::shared_ptr<TMatrix> CellTag_ = std::make_shared<TMatrix>();
     bool IsClearing_ = false;
     bool PageEditing_ = false;
-    /// How the numbers were last written, so that a row that is appended needs no other one.
-    struct Numbering {
-        std::vector<int> cols;
-        std::uint64_t writes = 0;
-        std::uint64_t shiftStamp = 0;
-        int fixedRows = 0;
-
-        friend bool operator==(const Numbering &, const Numbering &) = default;
-    };
     /// What a clear wiped, and how much had been written when it was over.
     struct Cleared {
         GridTable::Content content;
@@ -103,8 +98,7 @@ private:
         std::uint64_t shiftStamp = 0;
     };
     std::optional<Cleared> cleared_;
-    [[nodiscard]] Numbering numberingNow() const;
-    std::optional<Numbering> numbering_;
+    bool isWatching_ = false;
     /// The columns that have held numbers since watchNumbers().
     std::set<int> numbered_;
 };

@@ -58,16 +58,19 @@ protected:
 TEST_F(GridViewTest, ARowStandsBehindAllRowsBeforeIt) {
     std::mt19937 random(5);
     const auto below = [&random](int end) { return static_cast<int>(random() % unsigned(end)); };
-    for (int step = 0; step < 400; ++step) {
+    table.setRows(900);
+    for (int row = 1; row < 900; ++row)
+        table.setRowHeight(row, 10 * below(90));
+    for (int step = 0; step < 600; ++step) {
         const int row = 1 + below(table.Rows() - 1);
-        const int what = below(8);
-        if (what == 0 && table.Rows() < 40)
+        const int what = below(40);
+        if (what < 6)
             table.AddItem("", row);
-        else if (what == 1 && table.Rows() > 5)
+        else if (what < 12 && table.Rows() > 5)
             table.RemoveItem(row);
-        else if (what == 2)
-            table.setRows(5 + below(30));
-        else if (what == 3)
+        else if (what == 12)
+            table.setRows(table.Rows() - below(5) + 5);
+        else if (what == 13)
             table.setRowHeightMin(below(3) * 200);
         else
             table.setRowHeight(row, 100 * below(7) - 100);

@@ -95,10 +95,10 @@ public:
 
 class Game {
 public:
-    explicit Game(unsigned seed) : random_(seed) {
+    Game(unsigned seed, int rows) : random_(seed) {
         grid_.setHost(&host_);
         grid_.InitProperties();
-        grid_.setRows(6);
+        grid_.setRows(rows + 1);
         grid_.setCols(cols);
         grid_.setWithFixedColumn(true);
         grid_.setPrimaryColumn(1);
@@ -113,7 +113,7 @@ public:
         grid_.Show();
         grid_.input().focusEntered();
         host_.changes = 0;
-        expected_.rows.resize(5);
+        expected_.rows.resize(static_cast<std::size_t>(rows));
         expected_.renumber();
         expected_.paintStripes();
     }
@@ -158,6 +158,8 @@ public:
         ASSERT_TRUE(state.grid.view.Redraw());
         ASSERT_TRUE(grid_.SetStatusCell());
     }
+
+    [[nodiscard]] std::size_t looks() { return Inside::of(grid_).state.grid.table.looks(); }
 
 private:
     static std::string at(int row, int col) {
@@ -322,7 +324,7 @@ private:
 TEST(RowModel, RandomSequencesAgreeWithAVectorOfRows) {
     for (unsigned seed = 1; seed <= 2000; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
-        Game game(seed);
+        Game game(seed, 5);
         for (int step = 0; step < 40; ++step) {
             SCOPED_TRACE("step " + std::to_string(step));
             game.step();
@@ -331,6 +333,19 @@ TEST(RowModel, RandomSequencesAgreeWithAVectorOfRows) {
                 return;
         }
     }
+}
+
+TEST(RowModel, LongSequencesInALargeTableAgree) {
+    Game game(1, 300);
+    for (int step = 0; step < 9000; ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        game.step();
+        if (step % 30 == 0)
+            game.compare();
+        if (testing::Test::HasFailure())
+            return;
+    }
+    EXPECT_LT(game.looks(), 400U) << "colours that no cell has any more are given back";
 }
 
 TEST(RowModel, TheLastPossibleRowIsKeptWhenRowsAreInsertedAndRemoved) {

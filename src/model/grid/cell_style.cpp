@@ -1,5 +1,6 @@
 #include "model/grid/cell_style.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace tablio {
@@ -40,15 +41,34 @@ void CellStyle::dress(Font &font) const {
 StyleId StyleTable::intern(const CellStyle &style) {
     if (style == CellStyle{})
         return plainStyle;
-    const auto [entry, isNew] = ids_.try_emplace(style, static_cast<StyleId>(styles_.size()));
-    if (isNew)
+    const auto fresh = free_.empty() ? static_cast<StyleId>(styles_.size()) : free_.back();
+    const auto [entry, isNew] = ids_.try_emplace(style, fresh);
+    if (!isNew)
+        return entry->second;
+    if (free_.empty()) {
         styles_.push_back(style);
-    return entry->second;
+    } else {
+        styles_[fresh] = style;
+        free_.pop_back();
+    }
+    return fresh;
 }
 
-void StyleTable::clear() {
-    styles_.resize(1);
-    ids_.clear();
+void StyleTable::keep(const std::vector<bool> &used) {
+    for (auto entry = ids_.begin(); entry != ids_.end();) {
+        const StyleId id = entry->second;
+        if (used[id]) {
+            ++entry;
+            continue;
+        }
+        styles_[id] = CellStyle();
+        free_.push_back(id);
+        entry = ids_.erase(entry);
+    }
+    // As many again may come before the next look at all cells.
+    crowd_ = std::max(leastCrowd, 2 * ids_.size());
 }
+
+void StyleTable::clear() { *this = StyleTable(); }
 
 } // namespace tablio

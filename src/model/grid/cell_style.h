@@ -42,13 +42,22 @@ public:
     [[nodiscard]] const CellStyle &operator[](StyleId id) const { return styles_[id]; }
     StyleId intern(const CellStyle &style);
     void clear();
+    /// So many looks have been made since that it is worth finding out which are in use.
+    [[nodiscard]] bool isCrowded() const noexcept { return ids_.size() >= crowd_; }
+    [[nodiscard]] std::size_t size() const noexcept { return styles_.size(); }
+    /// Gives back the looks without a mark.
+    void keep(const std::vector<bool> &used);
 
 private:
     struct Hash {
         std::size_t operator()(const CellStyle &style) const noexcept;
     };
 
+    static constexpr std::size_t leastCrowd = 256;
+
     std::vector<CellStyle> styles_;
+    std::vector<StyleId> free_;
+    std::size_t crowd_ = leastCrowd;
     std::unordered_map<CellStyle, StyleId, Hash> ids_;
 };
 

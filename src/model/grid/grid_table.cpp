@@ -35,6 +35,11 @@ void checkSize(std::string_view operation, Twips size) {
         throw GridError(outside(operation, "size", size, -1, GridTable::maxSize));
 }
 
+Twips between(const LineSizes &sizes, int from, int to) {
+    constexpr std::int64_t most = std::numeric_limits<Twips>::max() / 2;
+    return static_cast<Twips>(std::clamp(sizes.before(to) - sizes.before(from), -most, most));
+}
+
 } // namespace
 
 GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
@@ -43,9 +48,22 @@ GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
     columns_.resize(2);
 }
 
-void GridTable::checkRowCount(int count) { checkCount("Rows", count, 0, maxRows); }
+void GridTable::checkCells(std::string_view operation, std::int64_t rows, std::int64_t cols) const {
+    if (rows * cols > maxCells)
+        throw OverflowError(std::string(operation) + ": " + std::to_string(rows) + " rows of " +
+                            std::to_string(cols) + " columns are more than " +
+                            std::to_string(maxCells) + " cells");
+}
 
-void GridTable::checkColCount(int count) { checkCount("Cols", count, 0, maxCols); }
+void GridTable::checkRowCount(int count) const {
+    checkCount("Rows", count, 0, maxRows);
+    checkCells("Rows", count, Cols());
+}
+
+void GridTable::checkColCount(int count) const {
+    checkCount("Cols", count, 0, maxCols);
+    checkCells("Cols", Rows(), count);
+}
 
 void GridTable::setRows(int count) {
     checkRowCount(count);
@@ -85,6 +103,7 @@ void GridTable::AddItem(std::string_view Item, int Index) {
     if (Rows() == maxRows)
         throw OverflowError("AddItem: the grid already has its " + std::to_string(maxRows) +
                             " rows");
+    checkCells("AddItem", std::int64_t{Rows()} + 1, Cols());
     giveRow(Index);
     for (int col = 0; !Item.empty() && col < Cols(); ++col) {
         const std::size_t tab = std::min(Item.find('\t'), Item.size());
@@ -92,6 +111,15 @@ void GridTable::AddItem(std::string_view Item, int Index) {
         ++columns_[static_cast<std::size_t>(col)].writes;
         Item.remove_prefix(std::min(tab + 1, Item.size()));
     }
+    observer_.tableChanged();
+}
+
+void GridTable::appendRows(int count) {
+    if (count > maxRows - Rows())
+        throw OverflowError("AddRow: row " + std::to_string(std::int64_t{Rows()} + count - 1) +
+                            " does not fit 16 bits");
+    checkCells("AddRow", std::int64_t{Rows()} + count, Cols());
+    store_.setRows(Rows() + count);
     observer_.tableChanged();
 }
 
@@ -110,7 +138,7 @@ void GridTable::takeRow(int row) {
     if (row < FixedRows() || row >= Rows())
         throw GridError(outside("RemoveItem", "row", row, FixedRows(), Rows() - 1));
     store_.removeRow(row);
-    heights_.removeRow(row);
+    heights_.removeLine(row);
     ++shiftStamp_;
 }
 
@@ -118,7 +146,7 @@ void GridTable::giveRow(int row) {
     if (row < Rows())
         ++shiftStamp_;
     store_.insertRow(row);
-    heights_.insertRow(row);
+    heights_.insertLine(row);
 }
 
 void GridTable::Clear() {
@@ -148,15 +176,16 @@ bool GridTable::setContent(Content content) {
 }
 
 GridTable::Content GridTable::takeBody() {
+    store_.settle();
     Content taken = takeContent();
-    store_.setFirstRowTexts(taken.cells);
+    store_.takeFirstRowTexts(taken.cells);
     return taken;
 }
 
 void GridTable::giveBody(Content body) {
     body.cells.setRows(Rows());
     body.cells.setCols(Cols());
-    body.cells.setFirstRowTexts(store_);
+    body.cells.takeFirstRowTexts(store_);
     setContent(std::move(body));
 }
 
@@ -170,6 +199,46 @@ void GridTable::setTextMatrix(int row, int col, std::string_view text) {
     store_.setText(row, col, text);
     ++columns_[static_cast<std::size_t>(col)].writes;
     observer_.cellChanged(row, col);
+}
+
+void GridTable::setTexts(int row, int col, std::span<const std::string_view> texts) {
+    if (texts.empty())
+        return;
+    const int last = col + static_cast<int>(texts.size()) - 1;
+    checkCell({row, col}, "TextMatrix");
+    checkCol(last, "TextMatrix");
+    store_.setTexts(row, col, texts);
+    for (int written = col; written <= last; ++written)
+        ++columns_[static_cast<std::size_t>(written)].writes;
+}
+
+void GridTable::numberRows(const std::vector<bool> &cols, CellStore::FormerNumbers former) {
+    const int first = FixedRows();
+    const int end = std::min(Rows(), first + RowNumbers::greatest);
+    const bool isNumbered = std::find(cols.begin(), cols.end(), true) != cols.end();
+    if (store_.numberRows(isNumbered ? cols : std::vector<bool>(), first, end, former))
+        observer_.looksChanged();
+    if (isNumbered && end < Rows())
+        throw OverflowError("row number: " + std::to_string(Rows() - first) +
+                            " does not fit 16 bits");
+}
+
+void GridTable::keepNumbersOnly(const std::vector<bool> &cols) {
+    const RowNumbers &now = store_.numbers();
+    std::vector<bool> kept = now.cols;
+    for (std::size_t col = 0; col < kept.size(); ++col)
+        kept[col] = kept[col] && col < cols.size() && cols[col];
+    if (kept == now.cols)
+        return;
+    const bool isNumbered = std::find(kept.begin(), kept.end(), true) != kept.end();
+    store_.numberRows(isNumbered ? std::move(kept) : std::vector<bool>(), now.first, now.end);
+}
+
+void GridTable::wipeCol(int col) {
+    checkCol(col, "TextMatrix");
+    store_.wipeCol(col, FixedRows());
+    ++columns_[static_cast<std::size_t>(col)].writes;
+    observer_.looksChanged();
 }
 
 std::string_view GridTable::CellData(int row, int col) const {
@@ -189,8 +258,23 @@ const CellStyle &GridTable::cellStyle(int row, int col) const {
 
 void GridTable::setCellStyle(int row, int col, const CellStyle &style) {
     checkCell({row, col}, "cell style");
+    tidyStyles();
     store_.setStyle(row, col, styles_.intern(style));
     observer_.cellChanged(row, col);
+}
+
+void GridTable::tidyStyles() {
+    if (!styles_.isCrowded())
+        return;
+    std::vector<bool> used(styles_.size());
+    store_.markStyles(used);
+    styles_.keep(used);
+}
+
+StyleId GridTable::withBackground(StyleId style, Colour background) {
+    CellStyle look = styles_[style];
+    look.backColor = background;
+    return styles_.intern(look);
 }
 
 void GridTable::paintStripes(int lastRow, int firstCol, Colour oddRows, Colour evenRows) {
@@ -198,45 +282,13 @@ void GridTable::paintStripes(int lastRow, int firstCol, Colour oddRows, Colour e
     if (end <= 1 || firstCol >= Cols())
         return;
     checkCol(firstCol, "CellBackColor");
-    struct Answer {
-        std::shared_ptr<RowStyles> from;
-        std::shared_ptr<RowStyles> to;
-    };
-    // Rows that looked alike will look alike, so the answer for one serves the next like it.
-    std::array<Answer, 2> answers;
-    for (int row = 1; row < end; ++row) {
-        const bool isOdd = row % 2 != 0;
-        Answer &answer = answers[isOdd ? 1 : 0];
-        const std::shared_ptr<RowStyles> &old = store_.rowStyles(row);
-        const bool isKnown =
-            answer.to && (old == answer.from || (old && answer.from && *old == *answer.from));
-        if (!isKnown)
-            answer = {old, painted(old, firstCol, isOdd ? oddRows : evenRows)};
-        store_.setRowStyles(row, answer.to);
-    }
+    tidyStyles();
+    const Stripes::Looks looks{firstCol, Cols(), withBackground(plainStyle, oddRows),
+                               withBackground(plainStyle, evenRows)};
+    store_.paintStripes(end, looks, [&](StyleId style, bool isOdd) {
+        return withBackground(style, isOdd ? oddRows : evenRows);
+    });
     observer_.looksChanged();
-}
-
-std::shared_ptr<RowStyles> GridTable::painted(const std::shared_ptr<RowStyles> &styles,
-                                              int firstCol, Colour background) {
-    const auto result =
-        styles ? std::make_shared<RowStyles>(*styles) : std::make_shared<RowStyles>();
-    result->resize(static_cast<std::size_t>(Cols()));
-    // Neighbours mostly look alike, so one answer of the style table serves many cells.
-    StyleId known = 0;
-    StyleId changed = 0;
-    bool isFirst = true;
-    for (auto style = result->begin() + firstCol; style != result->end(); ++style) {
-        if (isFirst || *style != known) {
-            CellStyle look = styles_[*style];
-            look.backColor = background;
-            known = *style;
-            changed = styles_.intern(look);
-            isFirst = false;
-        }
-        *style = changed;
-    }
-    return styles && *result == *styles ? styles : result;
 }
 
 Twips GridTable::RowHeight(int row) const {
@@ -244,10 +296,9 @@ Twips GridTable::RowHeight(int row) const {
     return heights_.of(row);
 }
 
-Twips GridTable::heightOfRows(int from, int to) const {
-    constexpr std::int64_t most = std::numeric_limits<Twips>::max() / 2;
-    return static_cast<Twips>(std::clamp(heights_.before(to) - heights_.before(from), -most, most));
-}
+Twips GridTable::heightOfRows(int from, int to) const { return between(heights_, from, to); }
+
+Twips GridTable::widthOfCols(int from, int to) const { return between(widths_, from, to); }
 
 void GridTable::setRowHeight(int row, Twips height) {
     checkRow(row, "RowHeight");
@@ -264,22 +315,15 @@ void GridTable::setRowHeightMin(Twips height) {
     observer_.tableChanged();
 }
 
-Twips GridTable::ColWidth(int col) const {
-    const Twips own = column(col, "ColWidth").width;
-    return own < 0 ? defaultColWidth : own;
-}
-
 void GridTable::setColWidth(int col, Twips width) {
-    Column &changed = column(col, "ColWidth");
+    checkCol(col, "ColWidth");
     checkSize("ColWidth", width);
-    changed.width = std::max(width, -1);
+    widths_.set(col, width);
     observer_.tableChanged();
 }
 
 void GridTable::forgetColWidth(int col) {
-    if (col < 0 || static_cast<std::size_t>(col) >= columns_.size())
-        return;
-    columns_[static_cast<std::size_t>(col)].width = -1;
+    widths_.set(col, -1);
     observer_.tableChanged();
 }
 

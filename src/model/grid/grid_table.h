@@ -6,11 +6,12 @@
 
 #include "model/grid/cell_store.h"
 #include "model/grid/grid_look.h"
-#include "model/grid/row_heights.h"
+#include "model/grid/line_sizes.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,7 +36,9 @@ class GridTable {
 public:
     static constexpr int maxRows = 32768;
     static constexpr int maxCols = 32767;
-    static constexpr Twips defaultRowHeight = RowHeights::defaultHeight;
+    /// Of rows times columns: a table that is full takes memory for each.
+    static constexpr std::int64_t maxCells = 33'554'432;
+    static constexpr Twips defaultRowHeight = 300;
     static constexpr Twips defaultColWidth = 960;
     /// About 66,000 pixels: every sum of places on a screen fits the numbers of a face.
     static constexpr Twips maxSize = 1'000'000;
@@ -51,8 +54,8 @@ public:
     void setRows(int count);
     void setCols(int count);
     /// Throw what setRows and setCols throw.
-    static void checkRowCount(int count);
-    static void checkColCount(int count);
+    void checkRowCount(int count) const;
+    void checkColCount(int count) const;
     void setFixedRows(int count);
     void setFixedCols(int count);
 
@@ -60,6 +63,8 @@ public:
     void AddItem(std::string_view Item);
     /// Inserts such a row before the row that has this index.
     void AddItem(std::string_view Item, int Index);
+    /// Adds blank rows at the end.
+    void appendRows(int count);
     /// Takes a data row away; fixed rows cannot go.
     void RemoveItem(int Index);
     /// Takes a data row away and inserts a blank one that then has the index `to`: one change, in
@@ -85,6 +90,27 @@ public:
 
     [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, std::string_view text);
+    /// The same for neighbours in a row, from this cell on. The observer hears nothing.
+    void setTexts(int row, int col, std::span<const std::string_view> texts);
+    /// Any number of cells hold other texts.
+    void cellsChanged() { observer_.looksChanged(); }
+    /// The last row from 1 up to this one whose text in the column is not blank; 0 for none.
+    [[nodiscard]] int lastFilledRow(int col, int last) const {
+        return hasCell(0, col) ? store_.lastFilled(col, std::min(last, Rows() - 1)) : 0;
+    }
+    /// Numbers all data rows in the columns that are marked, over whatever stood there. Throws
+    /// OverflowError when the last number does not fit 16 bits; the rows before it are numbered
+    /// then.
+    void numberRows(const std::vector<bool> &cols,
+                    CellStore::FormerNumbers former = CellStore::FormerNumbers::BecomeTexts);
+    /// The columns that are numbered since.
+    [[nodiscard]] const std::vector<bool> &numberedCols() const noexcept {
+        return store_.numbers().cols;
+    }
+    /// Where other columns are numbered than those that are marked, their numbers become texts.
+    void keepNumbersOnly(const std::vector<bool> &cols);
+    /// Wipes the data cells of a column.
+    void wipeCol(int col);
     /// The value behind a formatted text; the text itself where none was given.
     [[nodiscard]] std::string_view CellData(int row, int col) const;
     void setCellData(int row, int col, std::string_view value);
@@ -92,6 +118,8 @@ public:
     [[nodiscard]] const CellStyle &cellStyle(int row, int col) const;
     void setCellStyle(int row, int col, const CellStyle &style);
 
+    /// How many different ones are kept.
+    [[nodiscard]] std::size_t looks() const noexcept { return styles_.size(); }
     /// Gives all cells from a column on the background of their row, in rows 1 to lastRow as far as
     /// there are any; the rest of each look stays.
     void paintStripes(int lastRow, int firstCol, Colour oddRows, Colour evenRows);
@@ -102,7 +130,12 @@ public:
     [[nodiscard]] Twips heightOfRows(int from, int to) const;
     [[nodiscard]] Twips RowHeightMin() const noexcept { return heights_.minimum(); }
     void setRowHeightMin(Twips height);
-    [[nodiscard]] Twips ColWidth(int col) const;
+    [[nodiscard]] Twips ColWidth(int col) const {
+        checkCol(col, "ColWidth");
+        return widths_.of(col);
+    }
+    /// Of the columns from one up to another together, like heightOfRows.
+    [[nodiscard]] Twips widthOfCols(int from, int to) const;
     /// A negative width is the default one, 0 hides the column. Like a row's height it is at most
     /// maxSize.
     void setColWidth(int col, Twips width);
@@ -143,7 +176,6 @@ public:
 
 private:
     struct Column {
-        Twips width = -1;
         std::int16_t alignment = 1;
         std::int16_t fixedAlignment = 1;
         std::uint64_t writes = 0;
@@ -153,16 +185,19 @@ private:
     void giveRow(int row);
     [[noreturn]] static void refuse(std::string_view operation, std::string_view what, int index,
                                     int count);
-    /// The looks with another background from a column on; the same list when nothing changes.
-    [[nodiscard]] std::shared_ptr<RowStyles> painted(const std::shared_ptr<RowStyles> &styles,
-                                                     int firstCol, Colour background);
+    void checkCells(std::string_view operation, std::int64_t rows, std::int64_t cols) const;
+    [[nodiscard]] StyleId withBackground(StyleId style, Colour background);
+    /// Gives back looks that no cell has any more, from time to time.
+    void tidyStyles();
     [[nodiscard]] const Column &column(int col, std::string_view operation) const;
     [[nodiscard]] Column &column(int col, std::string_view operation);
 
     GridTableObserver &observer_;
     CellStore store_;
     StyleTable styles_;
-    RowHeights heights_;
+    LineSizes heights_{defaultRowHeight};
+    /// Columns that went have theirs still.
+    LineSizes widths_{defaultColWidth};
     /// Columns that went have theirs still.
     std::vector<Column> columns_;
     GridLook look_;

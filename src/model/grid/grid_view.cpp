@@ -18,12 +18,7 @@ struct Axis {
         return isRows ? table.RowHeight(index) : table.ColWidth(index);
     }
     [[nodiscard]] Twips length(int from, int to) const {
-        if (isRows)
-            return table.heightOfRows(from, to);
-        Twips sum = 0;
-        for (int index = from; index < to; ++index)
-            sum += size(index);
-        return sum;
+        return isRows ? table.heightOfRows(from, to) : table.widthOfCols(from, to);
     }
 
     [[nodiscard]] std::vector<GridView::Span> visible(int first, Twips extent) const {

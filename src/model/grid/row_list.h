@@ -1,0 +1,67 @@
+#pragma once
+
+/// The rows of a table in their order. They stand in pieces of some hundred, so that a row comes or
+/// goes anywhere without the others being moved: whatever hangs on a row stays with it. The cell
+/// store uses it; indexes are trusted.
+
+#include "model/grid/cell_style.h"
+#include "model/grid/text_row.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace tablio {
+
+/// The looks of a row's cells, by column. Never written to for one row alone while other rows hold
+/// it, too.
+using RowStyles = std::vector<StyleId>;
+
+struct GridRow {
+    TextRow texts;
+    /// Unformatted values; only where a row has some.
+    std::unique_ptr<TextRow> values;
+    /// Null where all cells look as their place says. Rows that look alike may share one list.
+    std::shared_ptr<RowStyles> styles;
+};
+
+class RowList {
+public:
+    [[nodiscard]] int size() const noexcept { return starts_.back(); }
+    void resize(int count);
+    /// Inserts a blank row that will have this index, or takes the row with this index away.
+    void insert(int row);
+    void erase(int row);
+
+    [[nodiscard]] const GridRow &operator[](int row) const noexcept {
+        const std::size_t piece = pieceOf(row);
+        return pieces_[piece][static_cast<std::size_t>(row - starts_[piece])];
+    }
+    [[nodiscard]] GridRow &operator[](int row) noexcept {
+        return const_cast<GridRow &>(std::as_const(*this)[row]);
+    }
+
+private:
+    static constexpr std::size_t pieceSize = 128;
+    using Piece = std::vector<GridRow>;
+
+    [[nodiscard]] std::size_t pieceOf(int row) const noexcept {
+        // Rows are mostly asked one after the other.
+        if (row < starts_[last_] || row >= starts_[last_ + 1])
+            last_ = findPiece(row);
+        return last_;
+    }
+    [[nodiscard]] std::size_t findPiece(int row) const noexcept;
+    /// The pieces from this one on have other sizes.
+    void count(std::size_t from);
+
+    std::vector<Piece> pieces_{1};
+    /// The index of each piece's first row, and the count of all rows.
+    std::vector<int> starts_{0, 0};
+    /// The piece that was asked last.
+    mutable std::size_t last_ = 0;
+};
+
+} // namespace tablio
