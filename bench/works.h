@@ -14,8 +14,13 @@
 ///     paintStripes()                  gives every second row's cells a background
 ///     insertRow(row), removeRow(row)  the count of rows stays: the last one goes, or a blank comes
 ///     clear()                         empties all cells
+///     appendRow()                     one more row, blank
+///     placeOf(row, col)               where a cell stands, seen or not
 ///     duplicateOf(row)                another row with this row's key, −1 for none
 ///     dataCount()                     the number of the last row with a key
+///
+/// A peer that takes whole rows of texts has setRow(row, texts), too; the others are given them
+/// cell by cell.
 ///
 /// In a table of Kind::Full rows are numbered and striped, the second column is the key, the third
 /// shows numbers and every tenth row carries a tag; all that moves with the rows. With us numbers
@@ -44,6 +49,23 @@ template <typename Peer> void fillTexts(Peer &peer, Size size, const CellTexts &
     for (int row = 0; row < size.rows; ++row) {
         for (int col = 0; col < size.cols; ++col)
             peer.set(row, col, texts.text(row, col));
+    }
+    peer.bulk(false);
+}
+
+template <typename Peer> void fillByRows(Peer &peer, Size size, const CellTexts &texts) {
+    std::vector<std::string_view> row;
+    peer.bulk(true);
+    for (int index = 0; index < size.rows; ++index) {
+        row.clear();
+        for (int col = 0; col < size.cols; ++col)
+            row.push_back(texts.text(index, col));
+        if constexpr (requires { peer.setRow(index, row); }) {
+            peer.setRow(index, row);
+        } else {
+            for (int col = 0; col < size.cols; ++col)
+                peer.set(index, col, row[static_cast<std::size_t>(col)]);
+        }
     }
     peer.bulk(false);
 }
@@ -82,6 +104,7 @@ public:
 
     void run() {
         fill();
+        append();
         fillNumbers();
         rowOperations();
         clear();
@@ -91,6 +114,29 @@ private:
     void fill() {
         onNewPeer<Peer>("fill", size_, repeats_,
                         [this](Peer &peer) { fillTexts(peer, size_, texts_); });
+        onNewPeer<Peer>("fill by rows", size_, repeats_,
+                        [this](Peer &peer) { fillByRows(peer, size_, texts_); });
+    }
+
+    /// From an empty table on.
+    void append() {
+        for (const Kind kind : {Kind::Full, Kind::Plain}) {
+            std::unique_ptr<Peer> peer;
+            repeats_.measure(
+                kind == Kind::Full ? "append the rows" : "bare append the rows", size_,
+                [&] {
+                    peer.reset();
+                    peer = std::make_unique<Peer>(size_, kind);
+                    peer->resize({0, size_.cols});
+                    peer->show();
+                },
+                [&] {
+                    peer->bulk(true);
+                    for (int row = 0; row < size_.rows; ++row)
+                        peer->appendRow();
+                    peer->bulk(false);
+                });
+        }
     }
 
     void fillNumbers() {
@@ -127,6 +173,12 @@ private:
             }
             if (kind == Kind::Plain)
                 continue;
+            repeats_.measure(
+                "1,000 places of far cells", size_, [] {},
+                [&] {
+                    for (int look = 0; look < 1000; ++look)
+                        keep(peer.placeOf(size_.rows - 1 - look % size_.rows, size_.cols - 1));
+                });
             repeats_.measure(
                 "find duplicate", size_, [] {}, [&] { keep(peer.duplicateOf(size_.rows - 1)); });
             repeats_.measure(

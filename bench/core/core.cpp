@@ -21,7 +21,6 @@ public:
     TablioCore(Size size, Kind kind) : TablioTable(grid, size, kind) {}
 
     void show() { grid.input().resized(windowWidth * 15, windowHeight * 15); }
-    tablio::Tablio &control() { return grid; }
 };
 
 void key(tablio::Input &input, tablio::KeyCode code, char32_t character) {
@@ -79,6 +78,7 @@ int main(int count, char **arguments) {
     return runProgram<TablioCore>({arguments + 1, arguments + count},
                                   [](Size size, const Repeats &repeats) {
                                       typing(size, repeats);
+                                      ownWorks<TablioCore>(size, repeats);
                                       copyingTexts(size, repeats);
                                   });
 }

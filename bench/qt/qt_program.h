@@ -193,7 +193,9 @@ template <typename Peer> void printStart(long long from) {
                 static_cast<double>(now.count() - from) / 1e6);
 }
 
-template <typename Peer> int runQtProgram(int count, char **arguments) {
+template <typename Peer>
+int runQtProgram(
+    int count, char **arguments, MoreWorks more = [](Size, const Repeats &) {}) {
     QLocale::setDefault(QLocale::c());
     QApplication application(count, arguments);
     const std::vector<std::string> rest(arguments + 1, arguments + count);
@@ -201,12 +203,14 @@ template <typename Peer> int runQtProgram(int count, char **arguments) {
         printStart<Peer>(std::stoll(rest[1]));
         return 0;
     }
+    static MoreWorks peersOwn = more;
     return runProgram<Peer>(rest, [](Size size, const Repeats &repeats) {
         fillStrings<Peer>(size, repeats);
         // A smoke table is too small to scroll.
         const Size painted{std::max(size.rows, 100), size.cols};
         QtWorks<Peer>(painted, repeats).run();
         fillingPixels(painted, repeats);
+        peersOwn(size, repeats);
     });
 }
 

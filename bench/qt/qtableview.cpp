@@ -40,7 +40,7 @@ public:
         if (on)
             model_.setRowCount(0);
         else
-            appendRow();
+            finishRow();
         filling_ = on;
     }
     void set(int row, int col, std::string_view text) {
@@ -71,6 +71,10 @@ public:
     void removeRow(int row) {
         model_.removeRow(row);
         model_.insertRow(model_.rowCount());
+    }
+    void appendRow() { model_.insertRow(model_.rowCount()); }
+    int placeOf(int row, int col) {
+        return view_.rowViewportPosition(row) + view_.columnViewportPosition(col);
     }
     void clear() {
         const Size size{model_.rowCount(), model_.columnCount()};
@@ -107,12 +111,12 @@ private:
     }
     QStandardItem &itemOfNewRow(int row, int col) {
         if (row > model_.rowCount())
-            appendRow();
+            finishRow();
         while (newRow_.size() < model_.columnCount())
             newRow_.append(new QStandardItem);
         return *newRow_[col];
     }
-    void appendRow() {
+    void finishRow() {
         if (!newRow_.isEmpty())
             model_.appendRow(newRow_);
         newRow_.clear();

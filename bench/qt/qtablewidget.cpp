@@ -70,6 +70,10 @@ public:
         table_.removeRow(row);
         table_.insertRow(table_.rowCount());
     }
+    void appendRow() { table_.insertRow(table_.rowCount()); }
+    int placeOf(int row, int col) {
+        return table_.rowViewportPosition(row) + table_.columnViewportPosition(col);
+    }
     void clear() { table_.clearContents(); }
     int duplicateOf(int row) {
         const QString key = keyOf(row).toLower();

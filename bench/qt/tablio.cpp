@@ -40,4 +40,6 @@ public:
 
 } // namespace
 
-int main(int count, char **arguments) { return runQtProgram<TablioQt>(count, arguments); }
+int main(int count, char **arguments) {
+    return runQtProgram<TablioQt>(count, arguments, ownWorks<TablioQt>);
+}

@@ -57,7 +57,10 @@ public:
         for (int round = 0; round < 20; ++round)
             handleEvents();
     }
-    void resize(Size size) { grid_->AppendRows(size.rows - grid_->GetNumberRows()); }
+    void resize(Size size) {
+        const int missing = size.rows - grid_->GetNumberRows();
+        missing < 0 ? grid_->DeleteRows(0, -missing) : grid_->AppendRows(missing);
+    }
     void bulk(bool on) { on ? grid_->BeginBatch() : grid_->EndBatch(); }
     void set(int row, int col, std::string_view text) {
         grid_->SetCellValue(row, col, wxString::FromAscii(text.data(), text.size()));
@@ -81,6 +84,11 @@ public:
     void removeRow(int row) {
         grid_->DeleteRows(row);
         grid_->AppendRows();
+    }
+    void appendRow() { grid_->AppendRows(); }
+    int placeOf(int row, int col) {
+        const wxRect cell = grid_->CellToRect(row, col);
+        return cell.x + cell.y;
     }
     void clear() { grid_->ClearGrid(); }
     int duplicateOf(int row) {
