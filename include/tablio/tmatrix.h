@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -23,6 +22,11 @@ using MatrixValue = std::variant<std::string, std::int32_t, double, bool, std::s
 
 class TMatrix {
 public:
+    TMatrix();
+    TMatrix(const TMatrix &other);
+    TMatrix &operator=(const TMatrix &other);
+    ~TMatrix();
+
     /// The value stored for the cell, or "" where there is none. Row and column are 16-bit; a
     /// wider number has no cell.
     [[nodiscard]] MatrixValue Text(int Row, int Col) const;
@@ -46,20 +50,13 @@ public:
     /// Forgets the values of the rows from FirstRow on.
     void removeRowsFrom(int FirstRow) noexcept;
 
-    [[nodiscard]] bool isEmpty() const noexcept { return values_.empty(); }
-    [[nodiscard]] std::size_t size() const noexcept { return values_.size(); }
+    [[nodiscard]] bool isEmpty() const noexcept;
+    [[nodiscard]] std::size_t size() const noexcept;
 
 private:
-    /// A value and the cell it was last written for: the joined key alone does not tell.
-    struct Entry {
-        int row;
-        int col;
-        MatrixValue value;
-    };
+    struct Columns;
 
-    void shiftCols(int FirstCol, int By);
-
-    std::unordered_map<std::uint64_t, Entry> values_;
+    std::unique_ptr<Columns> columns_;
 };
 
 } // namespace tablio

@@ -1,8 +1,9 @@
 #include <tablio/tmatrix.h>
 
-#include <algorithm>
-#include <iterator>
+#include "model/grid/sparse_lines.h"
+
 #include <limits>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -10,105 +11,201 @@ namespace tablio {
 
 namespace {
 
-bool fits16Bit(int number) noexcept {
-    return number >= std::numeric_limits<std::int16_t>::min() &&
-           number <= std::numeric_limits<std::int16_t>::max();
-}
+using Rows = SparseLines<MatrixValue>;
+using Limits = std::numeric_limits<std::int16_t>;
 
-/// Appends the number's decimal text to the key, four bits a character. Two 16-bit numbers have
-/// at most twelve characters, so the joined text fits and no two texts share a key.
-std::uint64_t appendDigits(std::uint64_t key, int number) noexcept {
-    constexpr std::uint64_t minus = 11;
-    if (number < 0) {
-        key = (key << 4U) | minus;
-        number = -number;
-    }
-    int scale = 1;
-    while (number / scale >= 10)
+bool fits16Bit(int number) noexcept { return number >= Limits::min() && number <= Limits::max(); }
+
+/// The least power of ten that is greater than the number.
+int scaleOf(int number) noexcept {
+    int scale = 10;
+    while (scale <= number)
         scale *= 10;
-    for (; scale > 0; scale /= 10)
-        key = (key << 4U) | static_cast<std::uint64_t>(number / scale % 10 + 1);
-    return key;
+    return scale;
 }
 
-std::uint64_t keyOf(int row, int col) noexcept { return appendDigits(appendDigits(0, row), col); }
+/// Calls for each other cell whose joined numbers have these digits: some of the row's last ones
+/// stand in the column, or some of the column's first ones in the row. A minus sign ends a number.
+template <typename Visit> void visitAlike(int row, int col, Visit visit) {
+    if (col < 0)
+        return;
+    const int sign = row < 0 ? -1 : 1;
+    std::int64_t digits = col;
+    std::int64_t scale = scaleOf(col);
+    for (int rest = row * sign; rest >= 10; scale *= 10) {
+        const int digit = rest % 10;
+        rest /= 10;
+        digits += digit * scale;
+        // No number begins with a zero.
+        if (digit != 0 && digits <= Limits::max())
+            visit(rest * sign, static_cast<int>(digits));
+    }
+    if (row == 0)
+        return;
+    std::int64_t longer = row;
+    int rest = col;
+    for (int below = scaleOf(col) / 10; below >= 10; below /= 10) {
+        longer = longer * 10 + sign * (rest / below);
+        rest %= below;
+        if (longer < Limits::min() || longer > Limits::max())
+            return;
+        if (below == 10 || rest >= below / 10)
+            visit(static_cast<int>(longer), rest);
+    }
+}
 
 } // namespace
 
+/// Each value stands in its column at the row it was written for. Cells that are alike share one
+/// value: at most one of them has it.
+struct TMatrix::Columns {
+    std::map<int, Rows> byCol;
+
+    [[nodiscard]] Rows *find(int col) {
+        const auto found = byCol.find(col);
+        return found == byCol.end() ? nullptr : &found->second;
+    }
+    void remove(int row, int col) {
+        const auto found = byCol.find(col);
+        if (found == byCol.end())
+            return;
+        found->second.take(row);
+        if (found->second.isEmpty())
+            byCol.erase(found);
+    }
+    /// After cells have moved two that are alike may both have a value; `isLater` says of two
+    /// which one was moved there later, and keeps its own.
+    template <typename IsLater> void settle(IsLater isLater) {
+        using Cell = std::pair<int, int>;
+        std::vector<Cell> covered;
+        for (const auto &[col, rows] : byCol) {
+            // Only a column of several digits has cells alike in a shorter one.
+            if (col < 10 || byCol.begin()->first >= col)
+                continue;
+            rows.visit(Limits::min() / 10, [&, at = col](int row, const MatrixValue &) {
+                if (row > Limits::max() / 10)
+                    return false;
+                visitAlike(row, at, [&, row](int otherRow, int otherCol) {
+                    const Rows *const others = otherCol < at ? find(otherCol) : nullptr;
+                    if (others == nullptr || others->find(otherRow) == nullptr)
+                        return;
+                    const Cell cell(row, at);
+                    const Cell other(otherRow, otherCol);
+                    covered.push_back(isLater(cell, other) ? other : cell);
+                });
+                return true;
+            });
+        }
+        for (const auto &[row, col] : covered)
+            remove(row, col);
+    }
+    void shiftCols(int firstCol, int by) {
+        std::map<int, Rows> moved;
+        for (auto &[col, rows] : byCol) {
+            const int now = col >= firstCol ? col + by : col;
+            if (fits16Bit(now))
+                moved.emplace(now, std::move(rows));
+        }
+        byCol = std::move(moved);
+        settle([=](const auto &left, const auto &right) {
+            const auto order = [=](const auto &cell) {
+                const bool isMoved = cell.second - by >= firstCol;
+                return std::pair(isMoved ? 1 : 0, std::pair(cell.second, cell.first));
+            };
+            return order(left) > order(right);
+        });
+    }
+};
+
+TMatrix::TMatrix() : columns_(std::make_unique<Columns>()) {}
+TMatrix::TMatrix(const TMatrix &other) : columns_(std::make_unique<Columns>(*other.columns_)) {}
+TMatrix &TMatrix::operator=(const TMatrix &other) {
+    *columns_ = Columns(*other.columns_);
+    return *this;
+}
+TMatrix::~TMatrix() = default;
+
 MatrixValue TMatrix::Text(int Row, int Col) const {
-    if (!fits16Bit(Row) || !fits16Bit(Col))
-        return std::string();
-    const auto found = values_.find(keyOf(Row, Col));
-    return found == values_.end() ? MatrixValue(std::string()) : found->second.value;
+    const MatrixValue *found = nullptr;
+    const auto look = [&](int row, int col) {
+        const Rows *const rows = found == nullptr ? columns_->find(col) : nullptr;
+        found = rows != nullptr ? rows->find(row) : found;
+    };
+    if (fits16Bit(Row) && fits16Bit(Col) && !isEmpty()) {
+        look(Row, Col);
+        visitAlike(Row, Col, look);
+    }
+    return found != nullptr ? *found : MatrixValue(std::string());
 }
 
 void TMatrix::setText(int Row, int Col, MatrixValue Value) {
-    if (fits16Bit(Row) && fits16Bit(Col))
-        values_.insert_or_assign(keyOf(Row, Col), Entry{Row, Col, std::move(Value)});
+    if (!fits16Bit(Row) || !fits16Bit(Col))
+        return;
+    remove(Row, Col);
+    columns_->byCol[Col].set(Row, std::move(Value));
 }
 
 void TMatrix::remove(int Row, int Col) noexcept {
-    if (fits16Bit(Row) && fits16Bit(Col))
-        values_.erase(keyOf(Row, Col));
+    if (!fits16Bit(Row) || !fits16Bit(Col) || isEmpty())
+        return;
+    columns_->remove(Row, Col);
+    visitAlike(Row, Col, [this](int row, int col) { columns_->remove(row, col); });
 }
 
 void TMatrix::removeRowsFrom(int FirstRow) noexcept {
-    for (auto entry = values_.begin(); entry != values_.end();)
-        entry = entry->second.row >= FirstRow ? values_.erase(entry) : std::next(entry);
-}
-
-void TMatrix::shiftCols(int FirstCol, int By) {
-    std::vector<Entry> moved;
-    for (auto entry = values_.begin(); entry != values_.end();) {
-        const bool moves = entry->second.col >= FirstCol;
-        if (moves)
-            moved.push_back(std::move(entry->second));
-        entry = moves ? values_.erase(entry) : std::next(entry);
+    auto &columns = columns_->byCol;
+    for (auto column = columns.begin(); column != columns.end();) {
+        column->second.cut(FirstRow);
+        column = column->second.isEmpty() ? columns.erase(column) : std::next(column);
     }
-    // Where two cells come to share a key, it is always the same one that keeps it.
-    std::sort(moved.begin(), moved.end(), [](const Entry &left, const Entry &right) {
-        return std::pair(left.col, left.row) < std::pair(right.col, right.row);
-    });
-    for (Entry &entry : moved)
-        setText(entry.row, entry.col + By, std::move(entry.value));
 }
 
 void TMatrix::insertCol(int Col, Column &&Cells) {
-    shiftCols(Col, 1);
+    columns_->shiftCols(Col, 1);
     for (auto &[row, value] : Cells)
         setText(row, Col, std::move(value));
 }
 
 TMatrix::Column TMatrix::takeCol(int Col) {
     Column taken;
-    for (auto entry = values_.begin(); entry != values_.end();) {
-        const bool goes = entry->second.col == Col;
-        if (goes)
-            taken.emplace_back(entry->second.row, std::move(entry->second.value));
-        entry = goes ? values_.erase(entry) : std::next(entry);
+    if (const Rows *const rows = columns_->find(Col)) {
+        rows->visit(Limits::min(), [&taken](int row, const MatrixValue &value) {
+            taken.emplace_back(row, value);
+            return true;
+        });
+        columns_->byCol.erase(Col);
     }
-    shiftCols(Col + 1, -1);
+    columns_->shiftCols(Col + 1, -1);
     return taken;
 }
 
 void TMatrix::shiftRows(int FirstRow, int By, int FirstCol) {
-    std::vector<Entry> moved;
-    for (auto entry = values_.begin(); entry != values_.end();) {
-        const bool moves = entry->second.row >= FirstRow && entry->second.col >= FirstCol;
-        if (moves)
-            moved.push_back(std::move(entry->second));
-        entry = moves ? values_.erase(entry) : std::next(entry);
+    auto &columns = columns_->byCol;
+    for (auto column = columns.lower_bound(FirstCol); column != columns.end();) {
+        Rows &rows = column->second;
+        for (int leaving = FirstRow; leaving < FirstRow - By; ++leaving)
+            rows.take(leaving);
+        rows.shift(FirstRow, By);
+        rows.cut(Limits::max() + 1);
+        column = rows.isEmpty() ? columns.erase(column) : std::next(column);
     }
-    // Where two cells come to share a key, the one that is reached last keeps it, as if the rows
-    // had been copied one by one.
-    std::sort(moved.begin(), moved.end(), [By](const Entry &left, const Entry &right) {
-        return By < 0 ? left.row < right.row : left.row > right.row;
+    // As if the rows had been copied one by one: the one that is reached last keeps its value.
+    columns_->settle([=](const auto &left, const auto &right) {
+        const auto order = [=](const auto &cell) {
+            const bool isMoved = cell.second >= FirstCol && cell.first - By >= FirstRow;
+            return std::pair(isMoved ? 1 : 0, By < 0 ? cell.first : -cell.first);
+        };
+        return order(left) > order(right);
     });
-    for (Entry &entry : moved) {
-        const int row = entry.row + By;
-        if (row >= FirstRow)
-            setText(row, entry.col, std::move(entry.value));
-    }
+}
+
+bool TMatrix::isEmpty() const noexcept { return columns_->byCol.empty(); }
+
+std::size_t TMatrix::size() const noexcept {
+    std::size_t count = 0;
+    for (const auto &[col, rows] : columns_->byCol)
+        count += rows.size();
+    return count;
 }
 
 } // namespace tablio
