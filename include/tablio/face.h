@@ -76,8 +76,17 @@ public:
     virtual void letPendingEventsRun() {}
     /// A property has another value; findMember() of `tablio/members.h` knows its name.
     virtual void propertyChanged(MemberNumber /*number*/) {}
+    /// Whether anybody listens to propertyChanged(), which comes for each cell that a host writes.
+    [[nodiscard]] bool hearsProperties() const noexcept { return hearsProperties_; }
     /// Whether the host's form may see keys before the control does.
     virtual void setHostKeyPreview(bool /*preview*/) {}
+
+protected:
+    /// For a face that knows that nobody listens; at first it is asked to tell everything.
+    void setHearsProperties(bool hears) noexcept { hearsProperties_ = hears; }
+
+private:
+    bool hearsProperties_ = true;
 };
 
 } // namespace tablio

@@ -1,7 +1,6 @@
 #include "state/cell_text.h"
 
 #include "model/text/date_text.h"
-#include "model/text/number_picture.h"
 #include "model/text/number_text.h"
 
 #include <tablio/errors.h>
@@ -24,11 +23,25 @@ void CellText::show(int row, int col, std::string_view value) {
     // Where there is no such cell, writing its text says so.
     if (!table.hasCell(row, col) || state_.columns.ColFormat(col).empty()) {
         table.setTextMatrix(row, col, value);
-    } else {
-        const std::string given(value);
-        table.setTextMatrix(row, col, formatted(col, given));
-        table.setCellData(row, col, given);
+        return;
     }
+    const std::string given(value);
+    if (state_.columns.isNumeric(col))
+        table.setTextMatrix(row, col, shownNumber(col, state_.columns.ColFormat(col), given));
+    else
+        table.setTextMatrix(row, col, formatted(col, given));
+    table.setCellData(row, col, given);
+}
+
+std::string_view CellText::shownNumber(int col, const std::string &picture,
+                                       std::string_view value) const {
+    const auto at = static_cast<std::size_t>(col);
+    if (at >= showers_.size())
+        showers_.resize(at + 1);
+    std::optional<NumberShower> &shower = showers_[at];
+    if (!shower || shower->picture() != picture)
+        shower.emplace(picture);
+    return shower->shown(value, state_.link.face().numberFormat());
 }
 
 void CellText::write(int row, int col, std::string_view value) {
@@ -59,11 +72,17 @@ void CellText::writeBlock(CellAddress first, int cols, std::span<const std::stri
     state_.grid.table.checkRow(first.row + rows - 1, "block of texts");
     {
         const RepaintOnce repaintOnce(state_.grid);
-        auto value = values.begin();
-        for (int row = first.row; value != values.end(); ++row) {
-            for (int col = first.col; col < first.col + cols; ++col)
-                show(row, col, *value++);
+        bool hasFormats = false;
+        for (int col = first.col; col < first.col + cols; ++col)
+            hasFormats = hasFormats || !state_.columns.ColFormat(col).empty();
+        const auto width = static_cast<std::size_t>(cols);
+        for (int row = first.row; !values.empty(); ++row, values = values.subspan(width)) {
+            if (!hasFormats)
+                state_.grid.table.setTexts(row, first.col, values.first(width));
+            for (std::size_t at = 0; hasFormats && at < width; ++at)
+                show(row, first.col + static_cast<int>(at), values[at]);
         }
+        state_.grid.table.cellsChanged();
     }
     state_.link.propertyChanged(Number::TextMatrix);
 }
@@ -83,10 +102,8 @@ std::string CellText::formatted(int col, std::string_view value) const {
     const std::string &picture = state_.columns.ColFormat(col);
     if (picture.empty())
         return std::string(value);
-    if (state_.columns.isNumeric(col)) {
-        const NumberFormat signs = state_.link.face().numberFormat();
-        return formatNumber(textToDecimal(value, signs), picture, signs);
-    }
+    if (state_.columns.isNumeric(col))
+        return std::string(shownNumber(col, picture, value));
     if (state_.columns.ColEditType(col) == TColumnType::ColumnDate) {
         if (IsBlankDate(value))
             return DateToText(noDate);

@@ -4,11 +4,14 @@
 /// column's format and read back as they were given. Every value that reaches a data cell from an
 /// edit, a host or a paste goes through `write`.
 
+#include "model/text/number_shower.h"
 #include "state/control_state.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tablio {
 
@@ -46,7 +49,13 @@ public:
     [[nodiscard]] std::string formatted(int col, std::string_view value) const;
 
 private:
+    /// Valid until the next call.
+    [[nodiscard]] std::string_view shownNumber(int col, const std::string &picture,
+                                               std::string_view value) const;
+
     ControlState &state_;
+    /// By column; made when one is needed, and anew when its column has another picture.
+    mutable std::vector<std::optional<NumberShower>> showers_;
 };
 
 } // namespace tablio

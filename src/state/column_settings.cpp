@@ -1,5 +1,6 @@
 #include "state/column_settings.h"
 
+#include "model/text/ascii.h"
 #include "model/text/leading_number.h"
 #include "state/host_link.h"
 
@@ -80,7 +81,10 @@ bool ColumnSettings::isNumeric(int col) const {
 }
 
 std::int32_t ColumnSettings::number(List list, int col) const {
-    const std::int64_t whole = leadingWhole(text(list, col));
+    const std::string &held = text(list, col);
+    if (held.size() == 1 && ascii::isDigit(held.front()))
+        return held.front() - '0';
+    const std::int64_t whole = leadingWhole(held);
     using Limits = std::numeric_limits<std::int32_t>;
     // What 32 bits do not hold is no setting.
     return whole >= Limits::min() && whole <= Limits::max() ? static_cast<std::int32_t>(whole) : 0;

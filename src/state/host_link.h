@@ -71,6 +71,8 @@ public:
     }
     /// In line, since it comes for each cell that a host fills.
     void propertyChanged(MemberNumber number) {
+        if (!face_->hearsProperties())
+            return;
         if (depth_ == 0)
             face_->propertyChanged(number);
         else

@@ -52,8 +52,23 @@ void CellStore::clear() {
 
 void CellStore::setTexts(int row, int col, std::span<const std::string_view> texts) {
     GridRow &held = rows_[row];
-    for (const std::string_view text : texts)
-        setText(held, row, col++, text);
+    const bool isNumbered = !numbers_.cols.empty() && row >= numbers_.first && row < numbers_.end;
+    if (held.values || isNumbered) {
+        for (const std::string_view text : texts)
+            setText(held, row, col++, text);
+        return;
+    }
+    const int end = col + static_cast<int>(texts.size());
+    if (filledCol_ >= col && filledCol_ < end)
+        filledEnd_ = std::max(filledEnd_, row + 1);
+    while (!texts.empty()) {
+        const std::span<CompactText> room = held.texts.madeFrom(col, cols_);
+        const std::size_t count = std::min(room.size(), texts.size());
+        for (std::size_t at = 0; at < count; ++at)
+            room[at].assign(texts[at]);
+        texts = texts.subspan(count);
+        col += static_cast<int>(count);
+    }
 }
 
 void CellStore::wipe(GridRow &held, int col) {

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -43,6 +44,12 @@ public:
     [[nodiscard]] CompactText &made(int col, int cols) {
         CompactText *const found = find(col);
         return found != nullptr ? *found : make(col, cols);
+    }
+    /// The same for this text and the neighbours behind it that stand in one piece with it.
+    [[nodiscard]] std::span<CompactText> madeFrom(int col, int cols) {
+        CompactText &first = made(col, cols);
+        const int end = col < firstSize_ ? firstSize_ : (col / blockSize + 1) * blockSize;
+        return {&first, static_cast<std::size_t>(end - col)};
     }
     [[nodiscard]] bool hasAny() const noexcept { return first_ || more_; }
 
