@@ -68,6 +68,38 @@ PixelRect shrunk(const PixelRect &rect, int across, int down) {
     return {rect.left + across, rect.top + down, rect.width - 2 * across, rect.height - 2 * down};
 }
 
+/// Rectangles of one colour that lie side by side, or one below the other, as one: a face fills one
+/// of any size as fast as a small one.
+class FillRun {
+public:
+    /// Those side by side may leave a gap of this width, which something else covers later.
+    void add(const PixelRect &area, Colour colour, ScenePainter &painter, int gap = 0) {
+        if (area.isEmpty())
+            return;
+        const bool isAlike = !run_.isEmpty() && colour == colour_;
+        if (isAlike && area.top == run_.top && area.height == run_.height &&
+            area.left == run_.right() + gap) {
+            run_.width = area.right() - run_.left;
+        } else if (isAlike && area.left == run_.left && area.width == run_.width &&
+                   area.top == run_.bottom()) {
+            run_.height += area.height;
+        } else {
+            flush(painter);
+            run_ = area;
+            colour_ = colour;
+        }
+    }
+    void flush(ScenePainter &painter) {
+        if (!run_.isEmpty())
+            painter.fill(run_, colour_);
+        run_ = {};
+    }
+
+private:
+    PixelRect run_;
+    Colour colour_;
+};
+
 class Scene {
 public:
     Scene(const Control &control, const SceneLook &look, ScenePainter &painter)
@@ -82,10 +114,27 @@ public:
 
 private:
     using Spans = std::vector<GridView::Span>;
+    struct PlacedCell {
+        CellAddress cell;
+        PixelRect place;
+        /// Which of the visible columns it stands in.
+        std::size_t col = 0;
+    };
 
     void paintGround(std::span<const PixelRect> areas, const Spans &rows, const Spans &cols);
-    void paintCell(CellAddress cell, const PixelRect &place);
-    void paintLines(bool isFixed, const PixelRect &place);
+    /// The cells of one row that are touched: their grounds first, which mostly are one colour from
+    /// side to side, then what stands on them, then the lines, which part the cells again.
+    void paintRow(std::span<const PlacedCell> cells);
+    [[nodiscard]] Colour groundOf(CellAddress cell) const;
+    void paintContent(CellAddress cell, const PixelRect &place);
+    [[nodiscard]] bool isCurrent(CellAddress cell) const {
+        return cell == grid_.current() && !grid_.isFixed(cell.row, cell.col) &&
+               colours_.isEnabled();
+    }
+    [[nodiscard]] PixelRect roomOf(const PixelRect &place) const {
+        const int line = pixels_.lineWidth();
+        return {place.left, place.top, place.width - line, place.height - line};
+    }
     void paintText(CellAddress cell, const PixelRect &room, Colour colour);
     void paintTick(const PixelRect &room, Colour colour);
     void paintFocus(const PixelRect &room, Colour fill, Colour text);
@@ -104,6 +153,8 @@ private:
     ScenePainter &painter_;
     /// The cell under the open editor: it is painted without its text.
     std::optional<CellAddress> edited_;
+    /// At the right of each visible column.
+    std::vector<FillRun> linesDown_;
     /// Kept from cell to cell, so that a name is copied without memory being asked for.
     Font font_;
 };
@@ -118,20 +169,27 @@ void Scene::paint(std::span<const PixelRect> areas) {
     };
     paintGround(areas, rows, cols);
     PixelRect edited;
+    std::vector<PlacedCell> touched;
+    linesDown_.resize(cols.size());
     for (const GridView::Span &row : rows) {
         // Most of what is painted is a cell or two.
         const bool isEditedRow = edited_ && edited_->row == row.index;
         if (!isEditedRow && !isTouched(pixels_.rect({0, row.start, view.Width(), row.size})))
             continue;
-        for (const GridView::Span &col : cols) {
-            const CellAddress cell{row.index, col.index};
-            const PixelRect place = pixels_.rect({col.start, row.start, col.size, row.size});
+        touched.clear();
+        for (std::size_t at = 0; at < cols.size(); ++at) {
+            const CellAddress cell{row.index, cols[at].index};
+            const PixelRect place =
+                pixels_.rect({cols[at].start, row.start, cols[at].size, row.size});
             if (edited_ == cell)
                 edited = place;
             if (isTouched(place))
-                paintCell(cell, place);
+                touched.push_back({cell, place, at});
         }
+        paintRow(touched);
     }
+    for (FillRun &line : linesDown_)
+        line.flush(painter_);
     // The open editor's frame lies on the lines around its cell.
     const int line = pixels_.lineWidth();
     if (!edited.isEmpty())
@@ -154,33 +212,43 @@ void Scene::paintGround(std::span<const PixelRect> areas, const Spans &rows, con
     }
 }
 
-void Scene::paintCell(CellAddress cell, const PixelRect &place) {
+void Scene::paintRow(std::span<const PlacedCell> cells) {
     const int line = pixels_.lineWidth();
-    const PixelRect room{place.left, place.top, place.width - line, place.height - line};
-    const bool isFixed = grid_.isFixed(cell.row, cell.col);
-    paintLines(isFixed, place);
-    if (edited_ == cell) {
-        fill(room, colours_.of(look_.BackColor));
-        return;
+    FillRun grounds;
+    for (const PlacedCell &placed : cells)
+        grounds.add(roomOf(placed.place), groundOf(placed.cell), painter_, line);
+    grounds.flush(painter_);
+    for (const PlacedCell &placed : cells)
+        paintContent(placed.cell, placed.place);
+    FillRun lineAcross;
+    for (const auto &[cell, place, col] : cells) {
+        const Colour colour =
+            colours_.of(grid_.isFixed(cell.row, cell.col) ? look_.GridColorFixed : look_.GridColor);
+        linesDown_[col].add({place.right() - line, place.top, line, place.height}, colour,
+                            painter_);
+        lineAcross.add({place.left, place.bottom() - line, place.width, line}, colour, painter_);
     }
-    const Colour background = grid_.backColorOf(cell.row, cell.col);
-    const Colour text = colours_.text(grid_.foreColorOf(cell.row, cell.col), background);
-    const bool isCurrent = cell == grid_.current() && !isFixed && colours_.isEnabled();
-    const Colour ground = colours_.of(background);
-    const Colour tinted =
-        isCurrent ? blended(ground, colours_.highlight(), hasKeyboard_ ? currentTint : mutedTint)
-                  : ground;
-    fill(room, tinted);
-    paintText(cell, room, text);
-    if (isCurrent)
-        paintFocus(room, tinted, text);
+    lineAcross.flush(painter_);
 }
 
-void Scene::paintLines(bool isFixed, const PixelRect &place) {
-    const int line = pixels_.lineWidth();
-    const Colour colour = colours_.of(isFixed ? look_.GridColorFixed : look_.GridColor);
-    fill({place.right() - line, place.top, line, place.height}, colour);
-    fill({place.left, place.bottom() - line, place.width, line}, colour);
+Colour Scene::groundOf(CellAddress cell) const {
+    if (edited_ == cell)
+        return colours_.of(look_.BackColor);
+    const Colour ground = colours_.of(grid_.backColorOf(cell.row, cell.col));
+    return isCurrent(cell)
+               ? blended(ground, colours_.highlight(), hasKeyboard_ ? currentTint : mutedTint)
+               : ground;
+}
+
+void Scene::paintContent(CellAddress cell, const PixelRect &place) {
+    if (edited_ == cell)
+        return;
+    const PixelRect room = roomOf(place);
+    const Colour text =
+        colours_.text(grid_.foreColorOf(cell.row, cell.col), grid_.backColorOf(cell.row, cell.col));
+    paintText(cell, room, text);
+    if (isCurrent(cell))
+        paintFocus(room, groundOf(cell), text);
 }
 
 void Scene::paintFocus(const PixelRect &room, Colour fill, Colour text) {

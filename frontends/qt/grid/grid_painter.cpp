@@ -45,7 +45,8 @@ void GridPainter::text(const SceneText &text) {
     const PixelRect &inner = text.inner;
     painter_.setPen(toQColor(text.colour));
 
-    const bool isTooWide = text.hasLineEnds || widthOf(fonts_.laidOut(shown, font)) > inner.width;
+    QStaticText laidOut = text.hasLineEnds ? QStaticText() : fonts_.laidOut(shown, font);
+    const bool isTooWide = text.hasLineEnds || widthOf(laidOut) > inner.width;
     if (isTooWide && text.mayWrap && inner.height >= 2 * metrics.lineSpacing()) {
         drawWrapped(shown, text, font);
         return;
@@ -56,25 +57,26 @@ void GridPainter::text(const SceneText &text) {
         shown = QString(std::max(1, inner.width / metrics.horizontalAdvance(u'#')), u'#');
     else if (isTooWide)
         shown = metrics.elidedText(shown, Qt::ElideRight, inner.width);
+    if (isTooWide)
+        laidOut = fonts_.laidOut(shown, font);
     const bool isClipped = metrics.height() > text.room.height;
     if (isClipped) {
         painter_.save();
         painter_.setClipRect(toQRect(text.room), Qt::IntersectClip);
     }
-    drawLine(shown, text, aligned(inner.top, inner.height, metrics.height(), text.down), font);
+    drawLine(laidOut, text, aligned(inner.top, inner.height, metrics.height(), text.down), font);
     if (isClipped)
         painter_.restore();
 }
 
-void GridPainter::drawLine(const QString &line, const SceneText &text, int top,
+void GridPainter::drawLine(const QStaticText &line, const SceneText &text, int top,
                            const CellFont &font) {
     if (painterFont_ != &font) {
         painter_.setFont(font.font);
         painterFont_ = &font;
     }
-    const QStaticText laidOut = fonts_.laidOut(line, font);
-    const int left = aligned(text.inner.left, text.inner.width, widthOf(laidOut), text.across);
-    painter_.drawStaticText(left, top, laidOut);
+    const int left = aligned(text.inner.left, text.inner.width, widthOf(line), text.across);
+    painter_.drawStaticText(left, top, line);
 }
 
 void GridPainter::drawWrapped(const QString &shown, const SceneText &text, const CellFont &font) {
@@ -104,7 +106,7 @@ void GridPainter::drawWrapped(const QString &shown, const SceneText &text, const
     const int height = static_cast<int>(lines.size()) * metrics.lineSpacing();
     int top = aligned(room.top, room.height, height, text.down);
     for (const QString &line : lines) {
-        drawLine(line, text, top, font);
+        drawLine(fonts_.laidOut(line, font), text, top, font);
         top += metrics.lineSpacing();
     }
 }

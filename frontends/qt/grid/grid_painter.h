@@ -22,7 +22,7 @@ public:
     void tick(const SceneTick &tick) override;
 
 private:
-    void drawLine(const QString &line, const SceneText &text, int top, const CellFont &font);
+    void drawLine(const QStaticText &line, const SceneText &text, int top, const CellFont &font);
     void drawWrapped(const QString &shown, const SceneText &text, const CellFont &font);
 
     QPainter &painter_;

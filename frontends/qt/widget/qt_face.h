@@ -15,7 +15,10 @@ class TablioWidgetPrivate;
 
 class QtFace final : public Face {
 public:
-    explicit QtFace(TablioWidgetPrivate &parts) : parts_(parts) {}
+    explicit QtFace(TablioWidgetPrivate &parts) : parts_(parts) {
+        // Nobody can have connected a slot yet.
+        setHearsProperties(false);
+    }
 
     void shown() override;
     [[nodiscard]] bool canTakeFocus() const override;
@@ -40,6 +43,8 @@ public:
 
     void letPendingEventsRun() override;
     void propertyChanged(MemberNumber number) override;
+    /// The widget's signal of that has somebody who hears it.
+    void listen() { setHearsProperties(true); }
     void setHostKeyPreview(bool preview) override { hostKeyPreview_ = preview; }
     [[nodiscard]] bool hostKeyPreview() const noexcept { return hostKeyPreview_; }
 

@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QHideEvent>
+#include <QMetaMethod>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -127,6 +128,15 @@ QSize TablioWidget::minimumSizeHint() const {
     const Twips row = rows() > 0 ? headerRowHeight() : usualRowHeight;
     return {usualColWidth / twipsPerPixel + d_->vertical->sizeHint().width(),
             std::max(rowsToShow * row / twipsPerPixel, d_->vertical->minimumSizeHint().height())};
+}
+
+void TablioWidget::connectNotify(const QMetaMethod &signal) {
+    QWidget::connectNotify(signal);
+    // Whoever has listened once is told for ever: when a slot goes, Qt must not be asked about
+    // others.
+    static const QMetaMethod told = QMetaMethod::fromSignal(&TablioWidget::propertyChanged);
+    if (d_ != nullptr && signal == told)
+        d_->face.listen();
 }
 
 bool TablioWidget::hostKeyPreview() const { return d_->face.hostKeyPreview(); }

@@ -8,6 +8,9 @@
 
 #include <QDate>
 
+#include <algorithm>
+#include <vector>
+
 namespace tablio::qt {
 
 namespace {
@@ -63,6 +66,29 @@ QString TablioWidget::textMatrix(int row, int col) const {
 
 void TablioWidget::setTextMatrix(int row, int col, const QString &value) {
     d_->core.setTextMatrix(row, col, Utf8Text(value).view());
+}
+
+void TablioWidget::setTexts(int row, int col, const QList<QStringList> &texts) {
+    const qsizetype cols = texts.isEmpty() ? 0 : texts.front().size();
+    // One piece of memory for all; where the texts stand in it is known when it is whole.
+    std::string all;
+    std::vector<std::size_t> ends;
+    ends.reserve(static_cast<std::size_t>(texts.size() * cols));
+    for (const QStringList &line : texts) {
+        for (qsizetype at = 0; at < std::max(cols, line.size()); ++at) {
+            if (at < line.size())
+                all += Utf8Text(line[at]).view();
+            ends.push_back(all.size());
+        }
+    }
+    std::vector<std::string_view> views;
+    views.reserve(ends.size());
+    std::size_t from = 0;
+    for (const std::size_t end : ends) {
+        views.push_back(std::string_view(all).substr(from, end - from));
+        from = end;
+    }
+    d_->core.setTexts(row, col, static_cast<int>(cols), views);
 }
 
 QVariant TablioWidget::cellTag(int row, int col) const {

@@ -8,7 +8,9 @@
 
 #include <QByteArray>
 #include <QColor>
+#include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QWidget>
 
@@ -263,6 +265,10 @@ public:
     Q_INVOKABLE QString textMatrix(int row, int col) const;
     /// Shows the value by the column's format.
     Q_INVOKABLE void setTextMatrix(int row, int col, const QString &value);
+    /// Writes rows of texts at once, the first one into this cell, the others beside and below it.
+    /// Rows that are missing below the last one are appended. Where a row has fewer texts than the
+    /// first one, the rest is blank; none may have more.
+    void setTexts(int row, int col, const QList<QStringList> &texts);
     /// The host's own value of the cell, kept in step with the rows; a null QVariant or "" where
     /// there is none.
     Q_INVOKABLE QVariant cellTag(int row, int col) const;
@@ -436,6 +442,8 @@ Q_SIGNALS:
     void propertyChanged(const QString &name);
 
 protected:
+    /// Hears of a slot for propertyChanged(); a class that overrides it calls it.
+    void connectNotify(const QMetaMethod &signal) override;
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
