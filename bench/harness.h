@@ -160,6 +160,15 @@ private:
     std::string numbers_;
 };
 
+/// What was freed stays with the program, as in one that has run for a while. Otherwise chance,
+/// such as what happens to stand at the heap's end, decides whether a table pays for new pages.
+inline void keepFreedMemory() {
+    constexpr int never = 1 << 30;
+    constexpr int mostThatItTakes = 1 << 25;
+    mallopt(M_TRIM_THRESHOLD, never);
+    mallopt(M_MMAP_THRESHOLD, mostThatItTakes);
+}
+
 /// Memory of this process that is in use, after what is free has been given back.
 [[nodiscard]] inline long residentBytes() {
     malloc_trim(0);

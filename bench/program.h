@@ -48,6 +48,7 @@ template <typename Peer> int runProgram(const std::vector<std::string> &argument
     }
     const Size size{std::stoi(arguments[1]), std::stoi(arguments[2])};
     if (what == "works") {
+        keepFreedMemory();
         const Repeats repeats{false, arguments.size() > 3 ? arguments[3] : ""};
         Works<Peer>(size, repeats).run();
         more(size, repeats);

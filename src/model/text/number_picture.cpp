@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <optional>
 
 namespace tablio {
 
@@ -95,7 +94,6 @@ struct Layout {
     int fractionZeros = 0; ///< Fraction places up to the last `0`.
     int scale = 0;         ///< Power of ten from `%` and scaling commas.
     bool groups = false;
-    bool hasPoint = false;
 
     bool hasPlaces() const noexcept { return integerPlaces + fractionPlaces > 0; }
 };
@@ -135,32 +133,6 @@ Layout readLayout(std::string_view section) noexcept {
     return layout;
 }
 
-/// The layout of a picture of one section that has places, grouping commas and a point and nothing
-/// else, as most columns have; nothing for any other. Whole columns are shown through it.
-std::optional<Layout> readPlainLayout(std::string_view picture) noexcept {
-    Layout layout;
-    char before = '.';
-    for (const char character : picture) {
-        const bool isPlace = character == '0' || character == '#';
-        if (isPlace && layout.hasPoint) {
-            ++layout.fractionPlaces;
-            if (character == '0')
-                layout.fractionZeros = layout.fractionPlaces;
-        } else if (isPlace) {
-            ++layout.integerPlaces;
-            if (character == '0' || layout.integerZeros > 0)
-                ++layout.integerZeros;
-            layout.groups = layout.groups || before == ',';
-        } else if (character == '.' && !layout.hasPoint && before != ',') {
-            layout.hasPoint = true;
-        } else if (character != ',' || layout.hasPoint || before == ',' || before == '.') {
-            return std::nullopt;
-        }
-        before = character;
-    }
-    return layout.hasPlaces() && before != ',' ? std::optional(layout) : std::nullopt;
-}
-
 /// Writes one section with a number that is already scaled and rounded for it.
 class SectionWriter {
 public:
@@ -197,15 +169,6 @@ public:
         }
     }
 
-    /// The same for a section that readPlainLayout() has read.
-    void appendPlain(std::string &result) {
-        appendInteger(0, result);
-        if (layout_.hasPoint)
-            result += decimalSignOf(format_);
-        for (int place = 1; place <= fractionShown_; ++place)
-            result += number_.digitAt(-place);
-    }
-
 private:
     /// Writes the digits not yet written down to the one at 10 to the power `power`.
     void appendInteger(int power, std::string &result) {
@@ -225,16 +188,6 @@ private:
     bool groups_ = false;
 };
 
-std::string showPlain(const Decimal &value, const Layout &layout, const NumberFormat &format) {
-    const bool isTooLong = value.fractionDigits() > layout.fractionPlaces;
-    const Decimal rounded = isTooLong ? value.rounded(layout.fractionPlaces) : Decimal();
-    const Decimal &shown = isTooLong ? rounded : value;
-    // A value that has become zero by rounding has no sign.
-    std::string result(shown.isNegative() ? "-" : "");
-    SectionWriter(shown, layout, format).appendPlain(result);
-    return result;
-}
-
 void appendLiterals(std::string_view section, std::string &result) {
     PictureReader reader(section);
     for (Token token = reader.next(); token.kind != TokenKind::End; token = reader.next())
@@ -247,8 +200,6 @@ std::string formatNumber(const Decimal &value, std::string_view picture,
                          const NumberFormat &format) {
     if (picture.empty())
         return value.plainText(format);
-    if (const std::optional<Layout> plain = readPlainLayout(picture))
-        return showPlain(value, *plain, format);
 
     const std::array<std::string_view, 3> sections = splitSections(picture);
     const std::string_view zeroSection = sections[2].empty() ? sections[0] : sections[2];
