@@ -17,7 +17,7 @@ class LineSizes {
 public:
     explicit LineSizes(Twips usual) : usual_(usual) {}
 
-    /// No line is smaller, but for one that is given the size itself when the least is 0.
+    /// No line is smaller.
     [[nodiscard]] Twips minimum() const noexcept { return minimum_; }
     void setMinimum(Twips size) {
         minimum_ = size;

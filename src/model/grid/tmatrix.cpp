@@ -120,7 +120,8 @@ struct TMatrix::Columns {
 TMatrix::TMatrix() : columns_(std::make_unique<Columns>()) {}
 TMatrix::TMatrix(const TMatrix &other) : columns_(std::make_unique<Columns>(*other.columns_)) {}
 TMatrix &TMatrix::operator=(const TMatrix &other) {
-    *columns_ = Columns(*other.columns_);
+    if (this != &other)
+        *columns_ = *other.columns_;
     return *this;
 }
 TMatrix::~TMatrix() = default;
