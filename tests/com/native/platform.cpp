@@ -234,6 +234,9 @@ HRESULT WINAPI OleCreateFontIndirect(FONTDESC *font, REFIID iid, void **object) 
 HRESULT WINAPI OleInitialize(void *) { return S_OK; }
 void WINAPI OleUninitialize() {}
 void WINAPI OutputDebugStringA(LPCSTR) {}
+SHORT WINAPI GetKeyState(INT) { return 0; }
+HWND WINAPI GetAncestor(HWND, UINT) { return nullptr; }
+LRESULT WINAPI SendMessageW(HWND, UINT, WPARAM, LPARAM) { return 0; }
 DWORD WINAPI GetModuleFileNameW(HMODULE, LPWSTR, DWORD) { return 0; }
 HRESULT WINAPI LoadTypeLibEx(LPCOLESTR, REGKIND, ITypeLib **) { return TYPE_E_CANTLOADLIBRARY; }
 INT WINAPI MultiByteToWideChar(UINT, DWORD, LPCSTR text, INT length, LPWSTR wide, INT room) {
