@@ -44,10 +44,11 @@ void CellStore::removeRow(int row) {
 }
 
 void CellStore::clear() {
-    CellStore blank;
-    blank.rows_.resize(rows());
-    blank.cols_ = cols_;
-    *this = std::move(blank);
+    rows_.wipe();
+    numbers_ = {};
+    overwritten_ = styled_ = {};
+    stripes_ = {};
+    filledEnd_ = valuesEnd_ = 0;
 }
 
 void CellStore::setTexts(int row, int col, std::span<const std::string_view> texts) {
@@ -105,7 +106,8 @@ void CellStore::setValue(int row, int col, std::string_view value) {
     }
     if (!values)
         values = std::make_unique<TextRow>();
-    values->made(col, cols_).assign(value.empty() ? emptyValue : value);
+    valuesEnd_ = std::max(valuesEnd_, col + 1);
+    values->made(col, valuesEnd_).assign(value.empty() ? emptyValue : value);
 }
 
 int CellStore::lastFilled(int col, int last) const {

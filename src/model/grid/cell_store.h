@@ -121,6 +121,8 @@ private:
     Stripes stripes_;
     /// Rows, from 1 on, with looks of their own.
     RowRange styled_;
+    /// Rows with values have room for those of so many columns.
+    int valuesEnd_ = 0;
     /// Behind this row all cells of the column are blank.
     mutable int filledCol_ = 0;
     mutable int filledEnd_ = 0;

@@ -36,6 +36,13 @@ void RowList::resize(int count) {
     this->count(changed);
 }
 
+void RowList::wipe() {
+    for (Piece &piece : pieces_) {
+        for (GridRow &row : piece)
+            row = GridRow();
+    }
+}
+
 void RowList::insert(int row) {
     if (row == size())
         return resize(row + 1);

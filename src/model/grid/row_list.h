@@ -31,6 +31,8 @@ class RowList {
 public:
     [[nodiscard]] int size() const noexcept { return starts_.back(); }
     void resize(int count);
+    /// Makes all rows blank.
+    void wipe();
     /// Inserts a blank row that will have this index, or takes the row with this index away.
     void insert(int row);
     void erase(int row);
