@@ -33,7 +33,7 @@ Control::Control()
 }
 
 RowStock &Control::settledRows() {
-    session.EndCellEdit();
+    session.settle();
     return rows;
 }
 

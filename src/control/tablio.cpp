@@ -43,9 +43,13 @@ void Tablio::Show() {
     ControlState &state = control->state;
     control->rows.setPageEditing(false);
     state.setStatusCell(true);
-    control->settledRows().clear();
-    state.grid.setCol(state.settings.PrimaryColumn);
-    state.grid.setRow(state.grid.table.FixedRows());
+    RowStock &rows = control->settledRows();
+    const std::uint64_t claims = state.grid.claims();
+    rows.clear();
+    if (claims == state.grid.claims())
+        state.grid.setCol(state.settings.PrimaryColumn);
+    if (claims == state.grid.claims())
+        state.grid.setRow(state.grid.table.FixedRows());
     control->appearance.repaintStripes();
 }
 

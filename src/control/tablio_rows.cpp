@@ -50,8 +50,10 @@ void Tablio::CellFocus(int nRow, int nCol) {
     FlexGrid &grid = control->state.grid;
     grid.table.checkCell({to16Bit(nRow, "CellFocus row"), to16Bit(nCol, "CellFocus column")},
                          "CellFocus");
-    control->session.EndCellEdit();
+    // The cursor never leaves an editor, one that a handler has opened on the way neither.
+    control->session.settle();
     grid.setRow(nRow);
+    control->session.settle();
     grid.setCol(nCol);
     grid.view.ensureVisible(grid.Row(), grid.Col());
     control->session.giveFocusToGrid();

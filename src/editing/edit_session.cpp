@@ -100,6 +100,13 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
     return ended.isSameCell() && ended.isSameEdit() && ended.isSameCursor();
 }
 
+void EditSession::settle() {
+    EndCellEdit();
+    EndCellEdit();
+    const auto quiet = state_.link.quiet();
+    EndCellEdit(false);
+}
+
 bool EditSession::commit() {
     const Standing before(state_, *this, cell_);
     wasTaken_ = true;

@@ -56,6 +56,10 @@ public:
     /// control or, with nothing, out of it. Answers whether nobody has meanwhile taken the cell
     /// away, begun another edit or set the cursor, so that the cursor may go on.
     bool EndCellEdit(bool Accept = true, std::optional<WidgetId> keyboardTo = WidgetId::Grid);
+    /// Ends the open edit before the cursor goes where it must. Handlers may open others meanwhile:
+    /// the first one ends in the same way, a further one without a word, since its host would open
+    /// the next for ever. No edit is open afterwards.
+    void settle();
     /// The grid has scrolled or changed: the open editor follows its cell. Where the cell is gone
     /// or has no size any more, the edit ends.
     void RepositionEditor();

@@ -1,6 +1,7 @@
 #include "model/grid/flex_grid.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tablio {
 
@@ -102,12 +103,15 @@ void FlexGrid::tableChanged() {
     view.tableChanged();
     const CellAddress kept{std::clamp(current_.row, 0, std::max(0, table.Rows() - 1)),
                            std::clamp(current_.col, 0, std::max(0, table.Cols() - 1))};
-    if (kept == current_)
-        return;
-    if (table.hasCell(kept.row, kept.col))
-        moveTo(kept);
-    else
+    const bool wasNowhere = std::exchange(isNowhere_, !table.hasCell(kept.row, kept.col));
+    if (isNowhere_) {
         current_ = kept;
+    } else if (kept != current_) {
+        moveTo(kept);
+    } else if (wasNowhere) {
+        ++cursorStamp_;
+        events_.gridEnterCell();
+    }
 }
 
 void FlexGrid::looksChanged() { view.invalidateAll(); }

@@ -79,6 +79,8 @@ private:
 
     FlexGridEvents &events_;
     CellAddress current_{1, 0};
+    /// The table had no cell for the cursor when it last changed; it enters the next one it gets.
+    bool isNowhere_ = false;
     int focusRect_ = 0;
     std::uint64_t cursorStamp_ = 0;
     std::uint64_t claims_ = 0;
