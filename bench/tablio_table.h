@@ -97,7 +97,7 @@ template <typename Peer> void ownWorks(Size size, const Repeats &repeats) {
     }
     std::unique_ptr<Peer> peer;
     repeats.measure(
-        "paste 20,000 x 5", size,
+        "paste 20000 x 5", size,
         [&] {
             peer.reset();
             peer = std::make_unique<Peer>(Size{1, pasted.cols}, Kind::Plain);
@@ -109,11 +109,11 @@ template <typename Peer> void ownWorks(Size size, const Repeats &repeats) {
     Peer form({10, 100}, Kind::Full);
     TextBag bag;
     repeats.measure(
-        "save settings, 100 columns", size, [&] { bag = TextBag(); },
+        "save settings of 100 columns", size, [&] { bag = TextBag(); },
         [&] { form.control().saveSettings(bag); });
     form.control().saveSettings(bag);
     repeats.measure(
-        "load settings, 100 columns", size, [] {}, [&] { form.control().loadSettings(bag); });
+        "load settings of 100 columns", size, [] {}, [&] { form.control().loadSettings(bag); });
 }
 
 } // namespace tablio::bench

@@ -174,7 +174,7 @@ private:
             if (kind == Kind::Plain)
                 continue;
             repeats_.measure(
-                "1,000 places of far cells", size_, [] {},
+                "places of 1000 far cells", size_, [] {},
                 [&] {
                     for (int look = 0; look < 1000; ++look)
                         keep(peer.placeOf(size_.rows - 1 - look % size_.rows, size_.cols - 1));
