@@ -151,10 +151,11 @@ bool CellStore::numberRows(std::vector<bool> cols, int first, int end, FormerNum
 }
 
 void CellStore::renumber(int row, const RowNumbers &before) {
-    GridRow &held = rows_[row];
+    const GridRow &seen = std::as_const(rows_)[row];
     const bool hadNumbers = row >= before.first && row < before.end && !before.cols.empty();
-    if (!hadNumbers && !held.texts.hasAny() && !held.values)
+    if (!hadNumbers && !seen.texts.hasAny() && !seen.values)
         return;
+    GridRow &held = rows_[row];
     const auto cols = static_cast<int>(std::max(before.cols.size(), numbers_.cols.size()));
     for (int col = 0; col < cols; ++col) {
         if (numbers_.has(row, col)) {

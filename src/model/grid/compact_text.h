@@ -27,10 +27,7 @@ public:
             assign(other.view());
         return *this;
     }
-    ~CompactText() {
-        if (isLong())
-            delete[] longText().data;
-    }
+    ~CompactText() { wipe(); }
 
     /// Takes a copy of the text, which may be a part of this object's own.
     void assign(std::string_view text) {
@@ -49,6 +46,13 @@ public:
             bytes_.back() = longMark;
         }
         delete[] old;
+    }
+
+    /// Makes it as if nothing had been written.
+    void wipe() noexcept {
+        if (isLong())
+            delete[] longText().data;
+        forget();
     }
 
     [[nodiscard]] std::string_view view() const noexcept {

@@ -36,13 +36,6 @@ void RowList::resize(int count) {
     this->count(changed);
 }
 
-void RowList::wipe() {
-    for (Piece &piece : pieces_) {
-        for (GridRow &row : piece)
-            row = GridRow();
-    }
-}
-
 void RowList::insert(int row) {
     if (row == size())
         return resize(row + 1);

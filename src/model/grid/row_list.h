@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -25,30 +26,50 @@ struct GridRow {
     std::unique_ptr<TextRow> values;
     /// Null where all cells look as their place says. Rows that look alike may share one list.
     std::shared_ptr<RowStyles> styles;
+    /// When it was last made blank, if it was written to; the row list compares it.
+    std::uint32_t era = 0;
+
+    /// Keeps room for texts.
+    void wipe() noexcept {
+        texts.wipe();
+        values.reset();
+        styles.reset();
+    }
 };
 
 class RowList {
 public:
     [[nodiscard]] int size() const noexcept { return starts_.back(); }
     void resize(int count);
-    /// Makes all rows blank.
-    void wipe();
+    /// Makes all rows blank, at once: each keeps its memory until it is written to again, which
+    /// then finds it ready, or goes.
+    void wipe() noexcept { ++era_; }
     /// Inserts a blank row that will have this index, or takes the row with this index away.
     void insert(int row);
     void erase(int row);
 
     [[nodiscard]] const GridRow &operator[](int row) const noexcept {
-        const std::size_t piece = pieceOf(row);
-        return pieces_[piece][static_cast<std::size_t>(row - starts_[piece])];
+        static const GridRow blank;
+        const GridRow &held = at(row);
+        return held.era == era_ ? held : blank;
     }
     [[nodiscard]] GridRow &operator[](int row) noexcept {
-        return const_cast<GridRow &>(std::as_const(*this)[row]);
+        GridRow &held = const_cast<GridRow &>(at(row));
+        if (held.era != era_) {
+            held.wipe();
+            held.era = era_;
+        }
+        return held;
     }
 
 private:
     static constexpr std::size_t pieceSize = 128;
     using Piece = std::vector<GridRow>;
 
+    [[nodiscard]] const GridRow &at(int row) const noexcept {
+        const std::size_t piece = pieceOf(row);
+        return pieces_[piece][static_cast<std::size_t>(row - starts_[piece])];
+    }
     [[nodiscard]] std::size_t pieceOf(int row) const noexcept {
         // Rows are mostly asked one after the other.
         if (row < starts_[last_] || row >= starts_[last_ + 1])
@@ -64,6 +85,8 @@ private:
     std::vector<int> starts_{0, 0};
     /// The piece that was asked last.
     mutable std::size_t last_ = 0;
+    /// Rows of another one are blank, whatever they still hold.
+    std::uint32_t era_ = 1;
 };
 
 } // namespace tablio

@@ -49,6 +49,12 @@ void TextRow::move(int from, int to) {
     }
 }
 
+void TextRow::wipe() noexcept {
+    for (int col = 0; col < firstSize_; ++col)
+        first_[static_cast<std::size_t>(col)].wipe();
+    more_.reset();
+}
+
 void TextRow::cut(int count) {
     for (int col = count; col < end(); ++col) {
         if (CompactText *const text = find(col))

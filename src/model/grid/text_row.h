@@ -53,6 +53,8 @@ public:
     }
     [[nodiscard]] bool hasAny() const noexcept { return first_ || more_; }
 
+    /// Empties all texts; room for those of the first columns stays.
+    void wipe() noexcept;
     /// Empties all texts from this column on.
     void cut(int count);
     /// Makes room for a column, or closes the gap that one leaves.
