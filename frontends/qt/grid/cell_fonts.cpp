@@ -2,9 +2,11 @@
 
 #include "widget/qt_text.h"
 
+#include <QTextLayout>
 #include <QTextOption>
 
 #include <algorithm>
+#include <utility>
 
 namespace tablio::qt {
 
@@ -34,12 +36,9 @@ void CellFonts::setRatio(qreal ratio) {
     clear();
 }
 
-void CellFonts::clear() {
-    texts_.clear();
-    fonts_.clear();
-}
+void CellFonts::clear() { fonts_.clear(); }
 
-const CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
+CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
     const auto found = std::ranges::find(fonts_, font, &CellFont::asked);
     if (found != fonts_.end())
         return *found;
@@ -48,24 +47,31 @@ const CellFont &CellFonts::of(const tablio::Font &font, const QWidget &widget) {
     const qreal points = scaled.pointSizeF() > 0 ? scaled.pointSizeF()
                                                  : scaled.pixelSize() * 72.0 / widget.logicalDpiY();
     scaled.setPointSizeF(points * ratio_);
-    return fonts_.emplace_back(CellFont{font, scaled, QFontMetrics(scaled, &widget)});
+    return fonts_.emplace_back(CellFont{font, scaled, QFontMetrics(scaled, &widget), {}});
 }
 
-QStaticText CellFonts::laidOut(const QString &text, const CellFont &font) {
-    const std::pair key(&font, text);
-    if (const QStaticText *known = texts_.object(key))
-        return *known;
-    QStaticText made(text);
-    made.setTextFormat(Qt::PlainText);
+const LaidOutText &CellFonts::laidOut(std::string_view text, CellFont &font,
+                                      const QWidget &widget) {
+    if (const auto known = font.texts.find(text); known != font.texts.end())
+        return known->second;
+    if (font.texts.size() >= mostTexts)
+        font.texts.clear();
+    QTextLayout layout(toQString(text), font.font, &widget);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);
     // The text's own direction, not the program's.
     option.setTextDirection(Qt::LayoutDirectionAuto);
     option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
-    made.setTextOption(option);
-    made.prepare(QTransform(), font.font);
-    texts_.insert(key, new QStaticText(made));
-    return made;
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    LaidOutText made;
+    made.width = line.isValid() ? qRound(line.naturalTextWidth()) : 0;
+    for (const QGlyphRun &run : layout.glyphRuns())
+        made.parts.push_back({run, run.rawFont(), run.glyphIndexes(), run.positions(),
+                              run.underline() || run.strikeOut() || run.overline()});
+    return font.texts.emplace(text, std::move(made)).first->second;
 }
 
 } // namespace tablio::qt

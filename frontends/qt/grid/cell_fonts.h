@@ -6,22 +6,47 @@
 
 #include <tablio/types.h>
 
-#include <QCache>
 #include <QFont>
 #include <QFontMetrics>
-#include <QStaticText>
+#include <QGlyphRun>
+#include <QRawFont>
 #include <QString>
 #include <QWidget>
 
 #include <deque>
-#include <utility>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace tablio::qt {
+
+/// A text in one line, as glyphs with their places from its upper left corner.
+struct LaidOutText {
+    struct Part {
+        QGlyphRun run;
+        /// The run's own, which it answers as copies.
+        QRawFont font;
+        QList<quint32> glyphs;
+        QList<QPointF> places;
+        /// It is underlined or struck through, which belongs to the run as a whole.
+        bool isDecorated = false;
+    };
+    /// One, or some where no font has all of its characters.
+    std::vector<Part> parts;
+    int width = 0;
+};
+
+struct TextHash : std::hash<std::string_view> {
+    using is_transparent = void;
+};
 
 struct CellFont {
     tablio::Font asked;
     QFont font;
     QFontMetrics metrics;
+    std::unordered_map<std::string, LaidOutText, TextHash, std::equal_to<>> texts;
 };
 
 /// What is empty in the font follows the widget's own, in logical size.
@@ -33,17 +58,17 @@ public:
     void setRatio(qreal ratio);
     void clear();
     /// What is empty in the font follows the widget's own.
-    [[nodiscard]] const CellFont &of(const tablio::Font &font, const QWidget &widget);
-    /// The text in one line of such a font. The copies share what was laid out.
-    [[nodiscard]] QStaticText laidOut(const QString &text, const CellFont &font);
+    [[nodiscard]] CellFont &of(const tablio::Font &font, const QWidget &widget);
+    /// The text in one line of such a font, which stays valid until the next one is asked for.
+    [[nodiscard]] static const LaidOutText &laidOut(std::string_view text, CellFont &font,
+                                                    const QWidget &widget);
 
 private:
     /// More than the cells of any screen.
-    static constexpr int mostTexts = 5000;
+    static constexpr std::size_t mostTexts = 5000;
 
     /// References stay valid while fonts are added.
     std::deque<CellFont> fonts_;
-    QCache<std::pair<const CellFont *, QString>, QStaticText> texts_{mostTexts};
     qreal ratio_ = 1;
 };
 

@@ -11,8 +11,6 @@ namespace tablio::qt {
 
 namespace {
 
-int widthOf(const QStaticText &line) { return qRound(line.size().width()); }
-
 int aligned(int from, int size, int length, Third third) {
     if (third == Third::Near)
         return from;
@@ -23,10 +21,12 @@ int aligned(int from, int size, int length, Third third) {
 } // namespace
 
 void GridPainter::fill(const PixelRect &area, Colour colour) {
+    flushTexts();
     painter_.fillRect(toQRect(area), toQColor(colour));
 }
 
 void GridPainter::tick(const SceneTick &tick) {
+    flushTexts();
     QPolygonF line;
     for (const SceneTick::Point &point : tick.points)
         line << QPointF(point.x, point.y);
@@ -39,47 +39,72 @@ void GridPainter::tick(const SceneTick &tick) {
 }
 
 void GridPainter::text(const SceneText &text) {
-    QString shown = toQString(text.text);
-    const CellFont &font = fonts_.of(text.font, widget_);
+    CellFont &font = fonts_.of(text.font, widget_);
     const QFontMetrics &metrics = font.metrics;
     const PixelRect &inner = text.inner;
-    painter_.setPen(toQColor(text.colour));
 
-    QStaticText laidOut = text.hasLineEnds ? QStaticText() : fonts_.laidOut(shown, font);
-    const bool isTooWide = text.hasLineEnds || widthOf(laidOut) > inner.width;
-    if (isTooWide && text.mayWrap && inner.height >= 2 * metrics.lineSpacing()) {
-        drawWrapped(shown, text, font);
-        return;
+    const LaidOutText *laidOut =
+        text.hasLineEnds ? nullptr : &CellFonts::laidOut(text.text, font, widget_);
+    if (laidOut == nullptr || laidOut->width > inner.width) {
+        QString shown = toQString(text.text);
+        if (text.mayWrap && inner.height >= 2 * metrics.lineSpacing()) {
+            drawWrapped(shown, text, font);
+            return;
+        }
+        if (text.hasLineEnds)
+            shown = shown.simplified();
+        if (text.tooWide == TooWide::Hashes)
+            shown = QString(std::max(1, inner.width / metrics.horizontalAdvance(u'#')), u'#');
+        else
+            shown = metrics.elidedText(shown, Qt::ElideRight, inner.width);
+        laidOut = &CellFonts::laidOut(fromQString(shown), font, widget_);
     }
-    if (text.hasLineEnds)
-        shown = shown.simplified();
-    if (isTooWide && text.tooWide == TooWide::Hashes)
-        shown = QString(std::max(1, inner.width / metrics.horizontalAdvance(u'#')), u'#');
-    else if (isTooWide)
-        shown = metrics.elidedText(shown, Qt::ElideRight, inner.width);
-    if (isTooWide)
-        laidOut = fonts_.laidOut(shown, font);
     const bool isClipped = metrics.height() > text.room.height;
     if (isClipped) {
+        flushTexts();
         painter_.save();
         painter_.setClipRect(toQRect(text.room), Qt::IntersectClip);
     }
-    drawLine(laidOut, text, aligned(inner.top, inner.height, metrics.height(), text.down), font);
-    if (isClipped)
+    drawLine(*laidOut, text, aligned(inner.top, inner.height, metrics.height(), text.down));
+    if (isClipped) {
+        flushTexts();
         painter_.restore();
-}
-
-void GridPainter::drawLine(const QStaticText &line, const SceneText &text, int top,
-                           const CellFont &font) {
-    if (painterFont_ != &font) {
-        painter_.setFont(font.font);
-        painterFont_ = &font;
     }
-    const int left = aligned(text.inner.left, text.inner.width, widthOf(line), text.across);
-    painter_.drawStaticText(left, top, line);
 }
 
-void GridPainter::drawWrapped(const QString &shown, const SceneText &text, const CellFont &font) {
+void GridPainter::drawLine(const LaidOutText &line, const SceneText &text, int top) {
+    const QPointF corner(aligned(text.inner.left, text.inner.width, line.width, text.across), top);
+    for (const LaidOutText::Part &part : line.parts) {
+        if (part.isDecorated) {
+            flushTexts();
+            painter_.setPen(toQColor(text.colour));
+            painter_.drawGlyphRun(corner, part.run);
+            continue;
+        }
+        if (text.colour != glyphColour_ || part.font != glyphFont_) {
+            flushTexts();
+            glyphColour_ = text.colour;
+            glyphFont_ = part.font;
+        }
+        glyphs_.insert(glyphs_.end(), part.glyphs.begin(), part.glyphs.end());
+        for (const QPointF &place : part.places)
+            places_.push_back(corner + place);
+    }
+}
+
+void GridPainter::flushTexts() {
+    if (glyphs_.empty())
+        return;
+    QGlyphRun run;
+    run.setRawFont(glyphFont_);
+    run.setRawData(glyphs_.data(), places_.data(), static_cast<int>(glyphs_.size()));
+    painter_.setPen(toQColor(glyphColour_));
+    painter_.drawGlyphRun({}, run);
+    glyphs_.clear();
+    places_.clear();
+}
+
+void GridPainter::drawWrapped(const QString &shown, const SceneText &text, CellFont &font) {
     const QFontMetrics &metrics = font.metrics;
     const PixelRect &room = text.inner;
     const int most = std::max(1, room.height / metrics.lineSpacing());
@@ -106,7 +131,7 @@ void GridPainter::drawWrapped(const QString &shown, const SceneText &text, const
     const int height = static_cast<int>(lines.size()) * metrics.lineSpacing();
     int top = aligned(room.top, room.height, height, text.down);
     for (const QString &line : lines) {
-        drawLine(fonts_.laidOut(line, font), text, top, font);
+        drawLine(CellFonts::laidOut(fromQString(line), font, widget_), text, top);
         top += metrics.lineSpacing();
     }
 }

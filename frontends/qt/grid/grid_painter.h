@@ -8,6 +8,9 @@
 #include <tablio/scene.h>
 
 #include <QPainter>
+#include <QRawFont>
+
+#include <vector>
 
 namespace tablio::qt {
 
@@ -17,18 +20,29 @@ public:
     GridPainter(QPainter &painter, const QWidget &widget, CellFonts &fonts)
         : painter_(painter), widget_(widget), fonts_(fonts) {}
 
+    ~GridPainter() override { flushTexts(); }
+    GridPainter(const GridPainter &) = delete;
+    GridPainter &operator=(const GridPainter &) = delete;
+
     void fill(const PixelRect &area, Colour colour) override;
     void text(const SceneText &text) override;
     void tick(const SceneTick &tick) override;
 
 private:
-    void drawLine(const QStaticText &line, const SceneText &text, int top, const CellFont &font);
-    void drawWrapped(const QString &shown, const SceneText &text, const CellFont &font);
+    void drawLine(const LaidOutText &line, const SceneText &text, int top);
+    void drawWrapped(const QString &shown, const SceneText &text, CellFont &font);
+    /// Texts side by side are drawn together, before anything else: each call of the painter costs
+    /// as much as a text.
+    void flushTexts();
 
     QPainter &painter_;
     const QWidget &widget_;
     CellFonts &fonts_;
-    const CellFont *painterFont_ = nullptr;
+    /// What waits to be drawn.
+    QRawFont glyphFont_;
+    Colour glyphColour_;
+    std::vector<quint32> glyphs_;
+    std::vector<QPointF> places_;
 };
 
 } // namespace tablio::qt
