@@ -48,6 +48,8 @@ struct Axis {
     }
 
     [[nodiscard]] int clamped(int first, Twips extent) const {
+        if (first <= fixed()) // Nothing is scrolled away, and hidden columns need not be walked.
+            return fixed();
         return std::clamp(first, fixed(), std::max(fixed(), maxFirst(extent)));
     }
 
