@@ -9,6 +9,7 @@
 #include <tablio/host_events.h>
 #include <tablio/input.h>
 #include <tablio/screen.h>
+#include <tablio/table_notices.h>
 #include <tablio/tmatrix.h>
 #include <tablio/types.h>
 
@@ -39,6 +40,8 @@ public:
     /// Null for a control without one.
     [[nodiscard]] Face *face() const noexcept;
     void setHost(HostEvents *host);
+    /// Hears of every change of the table, the host's own ones, too.
+    void setNotices(TableNotices *notices);
     /// What a face tells the control.
     [[nodiscard]] Input &input() noexcept { return input_; }
     /// What a face shows.

@@ -21,6 +21,8 @@ Face *Tablio::face() const noexcept {
 
 void Tablio::setHost(HostEvents *host) { control_->state.link.setHost(host); }
 
+void Tablio::setNotices(TableNotices *notices) { control_->state.changes.setNotices(notices); }
+
 void Tablio::InitProperties() { control_->state.settings = Settings{}; }
 
 void Tablio::startThemed() {
@@ -133,7 +135,15 @@ std::string Tablio::TextMatrix(int Row, int Col) const {
 }
 
 void Tablio::setTextMatrix(int Row, int Col, std::string_view Value) {
-    control_->cells.write(to16Bit(Row, "TextMatrix row"), to16Bit(Col, "TextMatrix column"), Value);
+    const auto write = [&](Control &control) {
+        control.cells.write(to16Bit(Row, "TextMatrix row"), to16Bit(Col, "TextMatrix column"),
+                            Value);
+    };
+    // Nothing else than a notice runs anybody's code here.
+    if (control_->state.changes.isHeard())
+        write(*Call(control_));
+    else
+        write(*control_);
 }
 
 void Tablio::setTexts(int Row, int Col, int Cols, std::span<const std::string_view> Texts) {

@@ -180,6 +180,7 @@ void RowStock::clear() {
         const RedrawOff redrawOff(grid);
         {
             const Temporarily clearing(IsClearing_, true);
+            const auto told = state_.changes.clearing();
             struct Header {
                 std::string text;
                 std::optional<Colour> foreColor;

@@ -27,10 +27,9 @@ void CellText::show(int row, int col, std::string_view value) {
     }
     const std::string given(value);
     if (state_.columns.isNumeric(col))
-        table.setTextMatrix(row, col, shownNumber(col, state_.columns.ColFormat(col), given));
+        table.setCell(row, col, shownNumber(col, state_.columns.ColFormat(col), given), given);
     else
-        table.setTextMatrix(row, col, formatted(col, given));
-    table.setCellData(row, col, given);
+        table.setCell(row, col, formatted(col, given), given);
 }
 
 std::string_view CellText::shownNumber(int col, const std::string &picture,
@@ -94,8 +93,7 @@ CellContent CellText::content(CellAddress cell) const {
 }
 
 void CellText::putBack(CellAddress cell, const CellContent &content) {
-    state_.grid.table.setTextMatrix(cell.row, cell.col, content.shown);
-    state_.grid.table.setCellData(cell.row, cell.col, content.value);
+    state_.grid.table.setCell(cell.row, cell.col, content.shown, content.value);
 }
 
 std::string CellText::formatted(int col, std::string_view value) const {

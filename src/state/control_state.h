@@ -5,6 +5,7 @@
 /// rules that keep it consistent; what the control does with it stands in editing/ and rows/.
 
 #include "model/grid/flex_grid.h"
+#include "state/change_hub.h"
 #include "state/column_settings.h"
 #include "state/entry_rules.h"
 #include "state/host_link.h"
@@ -85,6 +86,7 @@ struct ControlState {
     /// First, because widgets and grid report through it from their construction on.
     HostLink link;
     FlexGrid grid;
+    ChangeHub changes{grid.table, link};
     ColumnSettings columns;
     Settings settings;
     Widgets widgets;

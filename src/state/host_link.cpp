@@ -12,7 +12,38 @@ void throwBeyond16Bits(int number, std::string_view what) {
 void HostLink::close() noexcept {
     closed_ = true;
     host_ = nullptr;
+    notices_ = nullptr;
+    notes_.clear();
     face_ = &noFace_;
+}
+
+void HostLink::tellNotes() {
+    // What a handler changes is told when those before it are.
+    const Temporarily telling(isTelling_, true);
+    const auto outermost = outside();
+    while (!notes_.empty()) {
+        for (const Note &note : std::exchange(notes_, {})) {
+            if (notices_ == nullptr)
+                return;
+            switch (note.kind) {
+            case Note::Kind::CellChanged:
+                notices_->CellChanged(note.first, note.second);
+                break;
+            case Note::Kind::RowsInserted:
+                notices_->RowsInserted(note.first, note.second);
+                break;
+            case Note::Kind::RowsRemoved:
+                notices_->RowsRemoved(note.first, note.second);
+                break;
+            case Note::Kind::TableCleared:
+                notices_->TableCleared();
+                break;
+            case Note::Kind::TableReset:
+                notices_->TableReset();
+                break;
+            }
+        }
+    }
 }
 
 void HostLink::checkThread() {

@@ -9,12 +9,14 @@
 
 #include <tablio/face.h>
 #include <tablio/host_events.h>
+#include <tablio/table_notices.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tablio {
 
@@ -29,6 +31,17 @@ namespace tablio {
     return result;
 }
 
+/// A change of the table on its way to the host.
+struct Note {
+    enum class Kind { CellChanged, RowsInserted, RowsRemoved, TableCleared, TableReset };
+    Kind kind = Kind::TableReset;
+    /// Row and column, or first row and count.
+    int first = 0;
+    int second = 0;
+
+    friend bool operator==(const Note &, const Note &) = default;
+};
+
 class HostLink {
 public:
     [[nodiscard]] Face &face() const noexcept { return *face_; }
@@ -36,6 +49,8 @@ public:
     /// Null for a control without a face.
     void setFace(Face *face) noexcept { face_ = face != nullptr ? face : &noFace_; }
     void setHost(HostEvents *host) noexcept { host_ = host; }
+    void setNotices(TableNotices *notices) noexcept { notices_ = notices; }
+    [[nodiscard]] bool hasNotices() const noexcept { return notices_ != nullptr; }
     /// The control's owner is gone: nobody is told anything from now on.
     void close() noexcept;
     [[nodiscard]] bool isClosed() const noexcept { return closed_; }
@@ -43,6 +58,16 @@ public:
     /// What a face shows besides the cells is another. Outside of any call the face hears it now.
     void markChanged() {
         isChanged_ = true;
+        if (depth_ == 0)
+            report();
+    }
+    /// The table has changed, which the host hears at the next safe point.
+    void note(const Note &note) {
+        const bool isRows =
+            note.kind == Note::Kind::RowsInserted || note.kind == Note::Kind::RowsRemoved;
+        if (notices_ == nullptr || (!isRows && !notes_.empty() && notes_.back() == note))
+            return;
+        notes_.push_back(note);
         if (depth_ == 0)
             report();
     }
@@ -167,13 +192,20 @@ private:
     void report() {
         if (std::exchange(isChanged_, false))
             face_->shown();
+        if (!notes_.empty() && !isTelling_ && !isQuiet_)
+            tellNotes();
     }
+    void tellNotes();
     void propertyChangedInside(MemberNumber number);
     void checkThread();
 
     Face noFace_;
     Face *face_ = &noFace_;
     HostEvents *host_ = nullptr;
+    TableNotices *notices_ = nullptr;
+    /// In the order in which it happened.
+    std::vector<Note> notes_;
+    bool isTelling_ = false;
     int depth_ = 0;
     bool isChanged_ = false;
     std::optional<std::string> *clipboard_ = nullptr;

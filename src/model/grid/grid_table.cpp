@@ -42,6 +42,37 @@ Twips between(const LineSizes &sizes, int from, int to) {
 
 } // namespace
 
+template <typename Change> void GridTable::changeRows(int first, int by, Change change) {
+    if (changes_ != nullptr && by > 0)
+        changes_->rowsComing(first, by);
+    else if (changes_ != nullptr && by < 0)
+        changes_->rowsGoing(first, -by);
+    change();
+    if (changes_ != nullptr && by > 0)
+        changes_->rowsCame(first, by);
+    else if (changes_ != nullptr && by < 0)
+        changes_->rowsWent(first, -by);
+    if (changes_ != nullptr)
+        tellNumbers(first);
+}
+
+template <typename Change> void GridTable::changeAll(Change change) {
+    if (changes_ != nullptr)
+        changes_->tableChanging();
+    change();
+    if (changes_ != nullptr)
+        changes_->tableChanged();
+}
+
+void GridTable::tellNumbers(int fromRow) {
+    const std::vector<bool> &cols = numberedCols();
+    for (std::size_t col = 0; changes_ != nullptr && col < cols.size(); ++col) {
+        const int at = static_cast<int>(col);
+        if (cols[col] && fromRow < Rows())
+            changes_->cellsChanged({fromRow, at, Rows() - 1, at});
+    }
+}
+
 GridTable::GridTable(GridTableObserver &observer) : observer_(observer) {
     store_.setRows(2);
     store_.setCols(2);
@@ -67,15 +98,19 @@ void GridTable::checkColCount(int count) const {
 
 void GridTable::setRows(int count) {
     checkRowCount(count);
-    store_.setRows(count);
-    heights_.cut(count);
+    changeRows(std::min(count, Rows()), count - Rows(), [&] {
+        store_.setRows(count);
+        heights_.cut(count);
+    });
     observer_.tableChanged();
 }
 
 void GridTable::setCols(int count) {
     checkColCount(count);
-    store_.setCols(count, FixedRows() > 0 ? 1 : 0);
-    columns_.resize(std::max(columns_.size(), static_cast<std::size_t>(count)));
+    changeAll([&] {
+        store_.setCols(count, FixedRows() > 0 ? 1 : 0);
+        columns_.resize(std::max(columns_.size(), static_cast<std::size_t>(count)));
+    });
     observer_.tableChanged();
 }
 
@@ -83,7 +118,7 @@ void GridTable::setFixedRows(int count) {
     checkCount("FixedRows", count, 0, maxRows);
     if (count > Rows())
         throw GridError(outside("FixedRows", "count", count, 0, Rows()));
-    fixedRows_ = count;
+    changeAll([&] { fixedRows_ = count; });
     observer_.tableChanged();
 }
 
@@ -91,7 +126,7 @@ void GridTable::setFixedCols(int count) {
     checkCount("FixedCols", count, 0, maxCols);
     if (count > Cols())
         throw GridError(outside("FixedCols", "count", count, 0, Cols()));
-    fixedCols_ = count;
+    changeAll([&] { fixedCols_ = count; });
     observer_.tableChanged();
 }
 
@@ -105,13 +140,12 @@ void GridTable::AddItem(std::string_view Item, int Index) {
                             " rows");
     checkCells("AddItem", std::int64_t{Rows()} + 1, Cols());
     giveRow(Index);
+    observer_.tableChanged();
     for (int col = 0; !Item.empty() && col < Cols(); ++col) {
         const std::size_t tab = std::min(Item.find('\t'), Item.size());
-        store_.setText(Index, col, Item.substr(0, tab));
-        ++columns_[static_cast<std::size_t>(col)].writes;
+        setTextMatrix(Index, col, Item.substr(0, tab));
         Item.remove_prefix(std::min(tab + 1, Item.size()));
     }
-    observer_.tableChanged();
 }
 
 void GridTable::appendRows(int count) {
@@ -119,7 +153,7 @@ void GridTable::appendRows(int count) {
         throw OverflowError("AddRow: row " + std::to_string(std::int64_t{Rows()} + count - 1) +
                             " does not fit 16 bits");
     checkCells("AddRow", std::int64_t{Rows()} + count, Cols());
-    store_.setRows(Rows() + count);
+    changeRows(Rows(), count, [&] { store_.setRows(Rows() + count); });
     observer_.tableChanged();
 }
 
@@ -137,30 +171,39 @@ void GridTable::replaceRow(int Index, int to) {
 void GridTable::takeRow(int row) {
     if (row < FixedRows() || row >= Rows())
         throw GridError(outside("RemoveItem", "row", row, FixedRows(), Rows() - 1));
-    store_.removeRow(row);
-    heights_.removeLine(row);
-    ++shiftStamp_;
+    changeRows(row, -1, [&] {
+        store_.removeRow(row);
+        heights_.removeLine(row);
+        ++shiftStamp_;
+    });
 }
 
 void GridTable::giveRow(int row) {
-    if (row < Rows())
-        ++shiftStamp_;
-    store_.insertRow(row);
-    heights_.insertLine(row);
+    changeRows(row, 1, [&] {
+        if (row < Rows())
+            ++shiftStamp_;
+        store_.insertRow(row);
+        heights_.insertLine(row);
+    });
 }
 
 void GridTable::Clear() {
-    store_.clear();
-    styles_.clear();
-    ++shiftStamp_;
+    changeAll([&] {
+        store_.clear();
+        styles_.clear();
+        ++shiftStamp_;
+    });
     observer_.tableChanged();
 }
 
 GridTable::Content GridTable::takeContent() {
-    Content taken{std::exchange(store_, {}), std::exchange(styles_, {})};
-    store_.setRows(taken.cells.rows());
-    store_.setCols(taken.cells.cols());
-    ++shiftStamp_;
+    Content taken;
+    changeAll([&] {
+        taken = {std::exchange(store_, {}), std::exchange(styles_, {})};
+        store_.setRows(taken.cells.rows());
+        store_.setCols(taken.cells.cols());
+        ++shiftStamp_;
+    });
     observer_.tableChanged();
     return taken;
 }
@@ -168,9 +211,11 @@ GridTable::Content GridTable::takeContent() {
 bool GridTable::setContent(Content content) {
     if (content.cells.rows() != Rows() || content.cells.cols() != Cols())
         return false;
-    store_ = std::move(content.cells);
-    styles_ = std::move(content.styles);
-    ++shiftStamp_;
+    changeAll([&] {
+        store_ = std::move(content.cells);
+        styles_ = std::move(content.styles);
+        ++shiftStamp_;
+    });
     observer_.tableChanged();
     return true;
 }
@@ -196,8 +241,25 @@ std::string_view GridTable::TextMatrix(int row, int col) const {
 
 void GridTable::setTextMatrix(int row, int col, std::string_view text) {
     checkCell({row, col}, "TextMatrix");
+    if (changes_ != nullptr)
+        return setCell(row, col, text, text);
     store_.setText(row, col, text);
     ++columns_[static_cast<std::size_t>(col)].writes;
+    observer_.cellChanged(row, col);
+}
+
+void GridTable::setCell(int row, int col, std::string_view text, std::string_view value) {
+    checkCell({row, col}, "TextMatrix");
+    const bool isTold =
+        changes_ != nullptr && (store_.text(row, col) != text || store_.value(row, col) != value);
+    if (isTold)
+        changes_->cellChanging({row, col});
+    store_.setText(row, col, text);
+    if (value != text)
+        store_.setValue(row, col, value);
+    ++columns_[static_cast<std::size_t>(col)].writes;
+    if (isTold && changes_ != nullptr)
+        changes_->cellChanged({row, col});
     observer_.cellChanged(row, col);
 }
 
@@ -207,6 +269,11 @@ void GridTable::setTexts(int row, int col, std::span<const std::string_view> tex
     const int last = col + static_cast<int>(texts.size()) - 1;
     checkCell({row, col}, "TextMatrix");
     checkCol(last, "TextMatrix");
+    if (changes_ != nullptr) {
+        for (const std::string_view text : texts)
+            setTextMatrix(row, col++, text);
+        return;
+    }
     store_.setTexts(row, col, texts);
     for (int written = col; written <= last; ++written)
         ++columns_[static_cast<std::size_t>(written)].writes;
@@ -218,6 +285,7 @@ void GridTable::numberRows(const std::vector<bool> &cols, CellStore::FormerNumbe
     const bool isNumbered = std::find(cols.begin(), cols.end(), true) != cols.end();
     if (store_.numberRows(isNumbered ? cols : std::vector<bool>(), first, end, former))
         observer_.looksChanged();
+    tellNumbers(first);
     if (isNumbered && end < Rows())
         throw OverflowError("row number: " + std::to_string(Rows() - first) +
                             " does not fit 16 bits");
@@ -236,7 +304,7 @@ void GridTable::keepNumbersOnly(const std::vector<bool> &cols) {
 
 void GridTable::wipeCol(int col) {
     checkCol(col, "TextMatrix");
-    store_.wipeCol(col, FixedRows());
+    changeAll([&] { store_.wipeCol(col, FixedRows()); });
     ++columns_[static_cast<std::size_t>(col)].writes;
     observer_.looksChanged();
 }
@@ -244,11 +312,6 @@ void GridTable::wipeCol(int col) {
 std::string_view GridTable::CellData(int row, int col) const {
     checkCell({row, col}, "TextMatrix");
     return store_.value(row, col);
-}
-
-void GridTable::setCellData(int row, int col, std::string_view value) {
-    checkCell({row, col}, "TextMatrix");
-    store_.setValue(row, col, value);
 }
 
 const CellStyle &GridTable::cellStyle(int row, int col) const {

@@ -7,6 +7,7 @@
 #include "model/grid/cell_store.h"
 #include "model/grid/grid_look.h"
 #include "model/grid/line_sizes.h"
+#include "model/grid/table_changes.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -44,6 +45,8 @@ public:
     static constexpr Twips maxSize = 1'000'000;
 
     explicit GridTable(GridTableObserver &observer);
+    /// Who hears of each change; null, as at first, for nobody.
+    void setChanges(GridTableChanges *changes) noexcept { changes_ = changes; }
 
     [[nodiscard]] int Rows() const noexcept { return store_.rows(); }
     [[nodiscard]] int Cols() const noexcept { return store_.cols(); }
@@ -90,6 +93,8 @@ public:
 
     [[nodiscard]] std::string_view TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, std::string_view text);
+    /// Both the text that is shown and the value behind it.
+    void setCell(int row, int col, std::string_view text, std::string_view value);
     /// The same for neighbours in a row, from this cell on. The observer hears nothing.
     void setTexts(int row, int col, std::span<const std::string_view> texts);
     /// Any number of cells hold other texts.
@@ -113,7 +118,6 @@ public:
     void wipeCol(int col);
     /// The value behind a formatted text; the text itself where none was given.
     [[nodiscard]] std::string_view CellData(int row, int col) const;
-    void setCellData(int row, int col, std::string_view value);
 
     [[nodiscard]] const CellStyle &cellStyle(int row, int col) const;
     void setCellStyle(int row, int col, const CellStyle &style);
@@ -183,6 +187,10 @@ private:
 
     void takeRow(int row);
     void giveRow(int row);
+    /// Does it, with those who hear of changes told before and after.
+    template <typename Change> void changeRows(int first, int by, Change change);
+    template <typename Change> void changeAll(Change change);
+    void tellNumbers(int fromRow);
     [[noreturn]] static void refuse(std::string_view operation, std::string_view what, int index,
                                     int count);
     void checkCells(std::string_view operation, std::int64_t rows, std::int64_t cols) const;
@@ -193,6 +201,7 @@ private:
     [[nodiscard]] Column &column(int col, std::string_view operation);
 
     GridTableObserver &observer_;
+    GridTableChanges *changes_ = nullptr;
     CellStore store_;
     StyleTable styles_;
     LineSizes heights_{defaultRowHeight};
