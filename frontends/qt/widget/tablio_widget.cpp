@@ -15,6 +15,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <array>
 
 namespace tablio::qt {
 
@@ -137,6 +138,15 @@ void TablioWidget::connectNotify(const QMetaMethod &signal) {
     static const QMetaMethod told = QMetaMethod::fromSignal(&TablioWidget::propertyChanged);
     if (d_ != nullptr && signal == told)
         d_->face.listen();
+    static const std::array changes{
+        QMetaMethod::fromSignal(&TablioWidget::cellChanged),
+        QMetaMethod::fromSignal(&TablioWidget::rowsInserted),
+        QMetaMethod::fromSignal(&TablioWidget::rowsRemoved),
+        QMetaMethod::fromSignal(&TablioWidget::tableCleared),
+        QMetaMethod::fromSignal(&TablioWidget::tableReset),
+    };
+    if (d_ != nullptr && std::find(changes.begin(), changes.end(), signal) != changes.end())
+        d_->core.setNotices(&d_->changes);
 }
 
 bool TablioWidget::hostKeyPreview() const { return d_->face.hostKeyPreview(); }

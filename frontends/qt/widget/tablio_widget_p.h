@@ -3,6 +3,7 @@
 /// What a `TablioWidget` is made of: the core, the two partners that the core talks to, and the
 /// native child widgets. The parts know each other through it; it holds no rule of its own.
 
+#include "widget/change_signals.h"
 #include "widget/host_signals.h"
 #include "widget/qt_face.h"
 #include "widget/surroundings.h"
@@ -34,6 +35,8 @@ public:
     TablioWidget &widget;
     QtFace face;
     std::unique_ptr<HostEvents> host;
+    /// Heard since somebody has connected to one of its signals.
+    ChangeSignals changes{widget};
     /// After its partners, so that it is closed before they go.
     Tablio core;
     SettingsText settings{core};

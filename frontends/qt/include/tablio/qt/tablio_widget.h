@@ -274,6 +274,22 @@ public:
     Q_INVOKABLE QVariant cellTag(int row, int col) const;
     Q_INVOKABLE void setCellTag(int row, int col, const QVariant &value);
 
+    // Cells as values with types, whatever the locale and the columns' formats are. Null is an
+    // empty cell; else a QString, a qlonglong, a double, a QDate or a bool by the column's type,
+    // and of a decimal number that no double holds its text with a point (cell_variant.h). What a
+    // column cannot hold throws TypeMismatch, with nothing written.
+    [[nodiscard]] Q_INVOKABLE QVariant value(int row, int col) const;
+    Q_INVOKABLE void setValue(int row, int col, const QVariant &value);
+    [[nodiscard]] Q_INVOKABLE bool isEmpty(int row, int col) const;
+    Q_INVOKABLE void clearCell(int row, int col);
+    /// All columns from the first one that is not fixed, the tick included.
+    [[nodiscard]] Q_INVOKABLE QVariantList rowValues(int row) const;
+    /// The same columns; those behind the last value stay as they are.
+    Q_INVOKABLE void setRowValues(int row, const QVariantList &values);
+    /// Writes rows behind the last one that holds data; what a row has less than the longest is
+    /// empty. Answers the first row written.
+    int appendRows(const QList<QVariantList> &rows);
+
     // Columns.
     Q_INVOKABLE tablio::qt::TablioWidget::ColumnStyle colStyle(int col) const {
         return static_cast<ColumnStyle>(core().ColStyle(col));
@@ -437,6 +453,18 @@ Q_SIGNALS:
     void tableRowChange(int &oldRow, int &newRow);
     /// A cell was double-clicked.
     void doubleClick(int &row, int &col);
+    // What has changed in the table, whoever changed it: the operator, the host, a command. They
+    // come before the next of the signals above, or when the call that made the change is over.
+    /// A data cell holds another text or value, or its tick was set or taken away. Row numbers that
+    /// follow from a row's place are not told.
+    void cellChanged(int row, int col);
+    /// Blank rows have come, the first of which has this number.
+    void rowsInserted(int first, int count);
+    void rowsRemoved(int first, int count);
+    /// All data is wiped.
+    void tableCleared();
+    /// Any cell may hold something else, and the columns may be others.
+    void tableReset();
     /// A property has another value; the name is the control's own, such as "Rows" or "ColStyle".
     /// An empty name, after setSettings() and from the property pages, stands for all of them.
     void propertyChanged(const QString &name);
