@@ -6,12 +6,16 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QStandardPaths>
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -19,6 +23,29 @@ int fail(const QString &message) {
     std::fprintf(stderr, "tablio_demo: %s\n", qUtf8Printable(message));
     return 1;
 }
+
+/// Writes down, a line each, what a label shows once it is painted: what an operator could read.
+class TellingFilter : public QObject {
+public:
+    TellingFilter(const QString &file, QLabel &label) : file_(file), label_(label) {
+        file_.open(QIODevice::Append);
+        label.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*label*/, QEvent *event) override {
+        if (event->type() == QEvent::Paint && label_.text() != told_) {
+            told_ = label_.text();
+            file_.write(told_.toUtf8() + '\n');
+            file_.flush();
+        }
+        return false;
+    }
+
+private:
+    QFile file_;
+    QLabel &label_;
+    QString told_;
+};
 
 QString defaultFile() {
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
@@ -46,8 +73,12 @@ int main(int argc, char **argv) {
     QCommandLineOption slowHost(QStringLiteral("slow-host"),
                                 QStringLiteral("Let every event take so many milliseconds."),
                                 QStringLiteral("MS"), QStringLiteral("0"));
-    slowHost.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({database, sample, screenshot, slowHost});
+    QCommandLineOption told(QStringLiteral("told"),
+                            QStringLiteral("Write down what the form says of its problems."),
+                            QStringLiteral("FILE"));
+    for (QCommandLineOption *forTests : {&slowHost, &told})
+        forTests->setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({database, sample, screenshot, slowHost, told});
     parser.process(application);
 
     const bool interactive = !parser.isSet(screenshot);
@@ -57,6 +88,10 @@ int main(int argc, char **argv) {
             book.addSample();
         OrderWindow window(book);
         window.eventLog().setDelay(std::chrono::milliseconds(parser.value(slowHost).toInt()));
+        std::optional<TellingFilter> telling;
+        if (auto *problem = window.findChild<QLabel *>(QStringLiteral("problem"));
+            problem != nullptr && parser.isSet(told))
+            telling.emplace(parser.value(told), *problem);
         window.show();
         if (interactive)
             return QApplication::exec();
