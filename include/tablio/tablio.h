@@ -22,6 +22,7 @@ namespace tablio {
 
 struct Inside;
 class PropertyBag;
+class Witness;
 
 /// Rows and columns are the grid's own numbers from 0: row 0 is the header, column 0 the fixed
 /// column when there is one. Lengths are twips. Each setter of a property tells the face the
@@ -42,6 +43,8 @@ public:
     void setHost(HostEvents *host);
     /// Hears of every change of the table, the host's own ones, too.
     void setNotices(TableNotices *notices);
+    /// Hears what the user does and what the host is told, for a recorder.
+    void setWitness(Witness *witness);
     /// What a face tells the control.
     [[nodiscard]] Input &input() noexcept { return input_; }
     /// What a face shows.

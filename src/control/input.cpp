@@ -8,6 +8,8 @@
 #include <tablio/pixels.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <utility>
 
 namespace tablio {
@@ -27,10 +29,31 @@ bool exists(const Date &day) {
            day.day >= 1 && day.day <= daysInMonth(day.year, day.month);
 }
 
+/// A day as scenarios write it.
+std::string textOf(const Date &day) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", day.year, day.month, day.day);
+    return text.data();
+}
+
+/// A call in which the user acts.
+class UserCall : public Call {
+public:
+    template <typename... Arguments>
+    UserCall(const std::shared_ptr<Control> &control, std::string_view name,
+             const Arguments &...arguments)
+        : Call(control), acting_((*this)->state.link.acting([&] {
+              return UserAction{name, {Value(arguments)...}};
+          })) {}
+
+private:
+    HostLink::Acting acting_;
+};
+
 } // namespace
 
 Dealt Input::keyDown(KeyCode key, ShiftState shift) {
-    const Call control(control_);
+    const UserCall control(control_, "keyDown", key, shift);
     ControlState &state = control->state;
     decimalKeyIsDown_ = key == Key::Decimal;
     const bool editorWasVisible = state.widgets.txtEdit.Visible();
@@ -47,7 +70,7 @@ Dealt Input::keyDown(KeyCode key, ShiftState shift) {
 }
 
 Dealt Input::keyPress(char32_t character) {
-    const Call control(control_);
+    const UserCall control(control_, "keyPress", static_cast<std::int32_t>(character));
     ControlState &state = control->state;
     if (std::exchange(decimalKeyIsDown_, false))
         character = static_cast<std::uint16_t>(decimalKey(state.link.face().numberFormat()));
@@ -61,7 +84,7 @@ Dealt Input::keyPress(char32_t character) {
 }
 
 void Input::typeText(std::string_view text) {
-    const Call control(control_);
+    const UserCall control(control_, "typeText", text);
     for (const char32_t character : utf16::characters(text)) {
         if (control->state.link.isClosed())
             return;
@@ -71,7 +94,7 @@ void Input::typeText(std::string_view text) {
 }
 
 Dealt Input::beginComposition() {
-    const Call control(control_);
+    const UserCall control(control_, "beginComposition");
     const ControlState &state = control->state;
     if (state.focus.owner() == WidgetId::Grid && state.gridEnabled())
         return control->gridInput.beginComposition();
@@ -79,7 +102,7 @@ Dealt Input::beginComposition() {
 }
 
 void Input::mouseDown(MouseButton button, Twips x, Twips y) {
-    const Call control(control_);
+    const UserCall control(control_, "mouseDown", button, x, y);
     // A click beside the calendar closes it and then counts as any click.
     if (control->dateEditor.dismissCalendar() && control->state.gridEnabled())
         control->gridInput.mouseDown(button, within(x), within(y));
@@ -88,13 +111,13 @@ void Input::mouseDown(MouseButton button, Twips x, Twips y) {
 void Input::mouseMove(Twips x, Twips /*y*/) { Call(control_)->gridInput.mouseMove(within(x)); }
 
 void Input::mouseUp(MouseButton button, Twips x, Twips y) {
-    const Call control(control_);
+    const UserCall control(control_, "mouseUp", button, x, y);
     if (control->state.gridEnabled())
         control->gridInput.mouseUp(button, within(x), within(y));
 }
 
 void Input::doubleClick(Twips x, Twips y) {
-    const Call control(control_);
+    const UserCall control(control_, "doubleClick", x, y);
     if (control->state.gridEnabled())
         control->gridInput.doubleClick(within(x), within(y));
 }
@@ -104,7 +127,7 @@ bool Input::isColumnEdge(Twips x, Twips y) const {
 }
 
 void Input::scrollTo(int topRow, int leftCol) {
-    const Call control(control_);
+    const UserCall control(control_, "scrollTo");
     FlexGrid &grid = control->state.grid;
     if (grid.table.Rows() > 0)
         grid.view.setTopRow(std::clamp(topRow, 0, grid.table.Rows() - 1));
@@ -113,7 +136,7 @@ void Input::scrollTo(int topRow, int leftCol) {
 }
 
 Dealt Input::wheelTurned(WheelUnit unit, int left, int up) {
-    const Call control(control_);
+    const UserCall control(control_, "wheelTurned");
     const FlexGrid &grid = control->state.grid;
     const int topRow = grid.view.TopRow();
     const bool isPixels = unit == WheelUnit::Pixel;
@@ -136,7 +159,7 @@ Dealt Input::wheelTurned(WheelUnit unit, int left, int up) {
 }
 
 void Input::focusEntered() {
-    const Call control(control_);
+    const UserCall control(control_, "focusEntered");
     control->state.link.face().setHostKeyPreview(false);
     if (BoxEditor *editor = control->session.editor())
         control->state.focus.set(editor->box().id());
@@ -144,10 +167,10 @@ void Input::focusEntered() {
         control->state.focus.set(WidgetId::Grid);
 }
 
-void Input::endEdit() { Call(control_)->session.EndCellEdit(); }
+void Input::endEdit() { UserCall(control_, "endEdit")->session.EndCellEdit(); }
 
 void Input::focusLeft() {
-    const Call control(control_);
+    const UserCall control(control_, "focusLeft");
     control->state.link.face().setHostKeyPreview(true);
     if (control->session.isOpen())
         control->session.EndCellEdit(true, std::nullopt);
@@ -195,17 +218,20 @@ bool Input::wantsKey(KeyCode key, ShiftState shift, bool typesText) const noexce
 }
 
 Dealt Input::paste(std::string_view text) {
+    const UserCall control(control_, "paste", text);
     std::optional<std::string> clipboard(text);
     return clipboardKey(Key::V, clipboard);
 }
 
 std::optional<std::string> Input::copy() {
+    const UserCall control(control_, "copy");
     std::optional<std::string> clipboard;
     clipboardKey(Key::C, clipboard);
     return clipboard;
 }
 
 std::optional<std::string> Input::cut() {
+    const UserCall control(control_, "cut");
     std::optional<std::string> clipboard;
     clipboardKey(Key::X, clipboard);
     return clipboard;
@@ -218,7 +244,7 @@ Dealt Input::clipboardKey(KeyCode key, std::optional<std::string> &clipboard) {
 }
 
 void Input::buttonPressed(WidgetId button) {
-    const Call control(control_);
+    const UserCall control(control_, "buttonPressed", button);
     if (button == WidgetId::cmdLookup && control->session.isOpen())
         control->session.pressLookup();
     else if (button == WidgetId::cmdCalender && control->session.editor() == &control->dateEditor)
@@ -226,7 +252,7 @@ void Input::buttonPressed(WidgetId button) {
 }
 
 void Input::textSettled(EditNumber edit, std::string_view text, int anchor, int caret) {
-    const Call control(control_);
+    const UserCall control(control_, "textSettled", text, caret);
     if (control->session.isOpen(edit))
         control->session.editor()->box().settle(std::string(text), anchor, caret);
 }
@@ -238,7 +264,7 @@ void Input::comboDropped(EditNumber edit, bool dropped) {
 }
 
 void Input::comboItemChosen(EditNumber edit, int index) {
-    const Call control(control_);
+    const UserCall control(control_, "comboItemChosen", index);
     if (!control->session.isOpen(edit))
         return;
     control->state.widgets.cboEdit.setDroppedDown(false);
@@ -256,17 +282,22 @@ void Input::calendarMoved(EditNumber edit, const Date &day) {
 }
 
 void Input::calendarPicked(EditNumber edit, const Date &day) {
-    const Call control(control_);
+    const UserCall control(control_, "calendarPicked", textOf(day));
     if (control->session.isOpen(edit) && exists(day))
         control->dateEditor.pick(day);
 }
 
-void Input::menuChosen(MenuEntry entry) { Call(control_)->chooseMenu(entry); }
+void Input::menuChosen(MenuEntry entry) {
+    UserCall(control_, "menuChosen", entry)->chooseMenu(entry);
+}
 
-void Input::questionAnswered(bool yes) { Call(control_)->questionAnswered(yes); }
+void Input::questionAnswered(bool yes) {
+    UserCall(control_, "questionAnswered", yes)->questionAnswered(yes);
+}
 
 void Input::resized(Twips width, Twips height) {
-    Call(control_)->state.grid.view.setSize(length(width), length(height));
+    UserCall(control_, "resized", width, height)
+        ->state.grid.view.setSize(length(width), length(height));
 }
 
 void Input::appeared() { Call(control_)->start.appear(); }

@@ -23,6 +23,8 @@ void Tablio::setHost(HostEvents *host) { control_->state.link.setHost(host); }
 
 void Tablio::setNotices(TableNotices *notices) { control_->state.changes.setNotices(notices); }
 
+void Tablio::setWitness(Witness *witness) { control_->state.link.setWitness(witness); }
+
 void Tablio::InitProperties() { control_->state.settings = Settings{}; }
 
 void Tablio::startThemed() {

@@ -14,6 +14,7 @@ void HostLink::close() noexcept {
     host_ = nullptr;
     notices_ = nullptr;
     notes_.clear();
+    witness_ = nullptr;
     face_ = &noFace_;
 }
 

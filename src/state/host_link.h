@@ -10,11 +10,13 @@
 #include <tablio/face.h>
 #include <tablio/host_events.h>
 #include <tablio/table_notices.h>
+#include <tablio/witness.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -51,6 +53,28 @@ public:
     void setHost(HostEvents *host) noexcept { host_ = host; }
     void setNotices(TableNotices *notices) noexcept { notices_ = notices; }
     [[nodiscard]] bool hasNotices() const noexcept { return notices_ != nullptr; }
+    void setWitness(Witness *witness) noexcept { witness_ = witness; }
+    /// An action of the user, as long as it lasts.
+    class Acting {
+    public:
+        explicit Acting(HostLink &link) : link_(link) { ++link_.actions_; }
+        ~Acting() {
+            if (--link_.actions_ == 0 && link_.witness_ != nullptr)
+                link_.witness_->actionEnds();
+        }
+        Acting(const Acting &) = delete;
+        Acting &operator=(const Acting &) = delete;
+
+    private:
+        HostLink &link_;
+    };
+    /// The witness hears of the action where it is not a part of another; what makes it is asked
+    /// only then.
+    template <typename Make> [[nodiscard]] Acting acting(const Make &make) {
+        if (witness_ != nullptr && actions_ == 0)
+            witness_->actionBegins(make());
+        return Acting(*this);
+    }
     /// The control's owner is gone: nobody is told anything from now on.
     void close() noexcept;
     [[nodiscard]] bool isClosed() const noexcept { return closed_; }
@@ -130,12 +154,16 @@ public:
     /// Raises an event. What the host has made of the arguments is in them afterwards.
     template <typename... Arguments>
     void raise(void (HostEvents::*event)(Arguments &...), Arguments &...arguments) {
-        if (host_ == nullptr || isQuiet_)
+        if ((host_ == nullptr && witness_ == nullptr) || isQuiet_)
             return;
         const auto outermost = outside();
         report();
+        if (witness_ != nullptr)
+            tell(&Witness::raised, event, arguments...);
         if (host_ != nullptr)
             (host_->*event)(arguments...);
+        if (witness_ != nullptr)
+            tell(&Witness::answered, event, arguments...);
     }
     /// The same for one that happens at a cell. A row or column beyond 16 bits throws OverflowError
     /// before the host hears anything.
@@ -185,6 +213,13 @@ public:
     void DoubleClick(CellAddress cell) { raise(&HostEvents::DoubleClick, cell); }
 
 private:
+    /// Copies, which the witness may do with as it likes.
+    template <typename... Arguments>
+    void tell(HostEvents &(Witness::*which)(), void (HostEvents::*event)(Arguments &...),
+              const Arguments &...arguments) {
+        std::tuple<Arguments...> copies(arguments...);
+        std::apply([&](Arguments &...each) { ((witness_->*which)().*event)(each...); }, copies);
+    }
     /// While it lives a host's code may run, with an event loop of its own: its calls count as
     /// outermost ones.
     [[nodiscard]] Temporarily<int> outside() { return {depth_, 0}; }
@@ -206,6 +241,9 @@ private:
     /// In the order in which it happened.
     std::vector<Note> notes_;
     bool isTelling_ = false;
+    Witness *witness_ = nullptr;
+    /// How deep user actions are nested.
+    int actions_ = 0;
     int depth_ = 0;
     bool isChanged_ = false;
     std::optional<std::string> *clipboard_ = nullptr;
