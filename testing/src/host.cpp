@@ -7,6 +7,8 @@
 #include <tablio/errors.h>
 #include <tablio/members.h>
 
+#include <algorithm>
+
 namespace tablio::scenario {
 
 namespace {
@@ -25,6 +27,13 @@ std::optional<std::size_t> placeOf(const Event &event, std::string_view argument
     if (found == nullptr)
         return std::nullopt;
     return static_cast<std::size_t>(found - event.arguments.data());
+}
+
+std::optional<CellAddress> cellOf(const Event &event, std::span<const Value> arguments) {
+    const auto row = placeOf(event, "Row");
+    if (!row)
+        return std::nullopt;
+    return CellAddress{arguments[*row].toLong(), arguments[*placeOf(event, "Col")].toLong()};
 }
 
 std::string characterText(std::int16_t keyAscii) {
@@ -73,20 +82,40 @@ void ScenarioHost::add(HostRule rule) {
     rules_.push_back(std::make_shared<HostRule>(std::move(rule)));
 }
 
+std::string ScenarioHost::lineOf(MemberNumber number, std::span<const Value> arguments) {
+    const Event &event = *findBy(tablio::events(), &Event::number, number);
+    std::string line(event.name);
+    if (const auto cell = cellOf(event, arguments))
+        line += " " + std::to_string(cell->row) + " " + std::to_string(cell->col);
+    return line + detailsOf(event.name, arguments);
+}
+
 void ScenarioHost::event(MemberNumber number, std::span<Value> arguments) {
     const Event &event = *findBy(tablio::events(), &Event::number, number);
-    std::optional<CellAddress> cell;
-    std::string text(event.name);
-    if (const auto row = placeOf(event, "Row")) {
-        cell = {arguments[*row].toLong(), arguments[*placeOf(event, "Col")].toLong()};
-        text += " " + std::to_string(cell->row) + " " + std::to_string(cell->col);
-    }
-    events_.push_back({std::string(event.name), text + detailsOf(event.name, arguments)});
+    const auto note = [&] {
+        events_.push_back({std::string(event.name), lineOf(number, arguments)});
+    };
+    if (!notesAnswered_)
+        note();
+    answer(event, arguments);
+    if (notesAnswered_)
+        note();
+}
+
+void ScenarioHost::answer(const Event &event, std::span<Value> arguments) {
+    const std::optional<CellAddress> cell = cellOf(event, arguments);
+    std::vector<std::string> answered;
     for (std::size_t at = 0; at < rules_.size(); ++at) {
         const std::shared_ptr<HostRule> rule = rules_[at];
         if (rule->event != event.name || (rule->cell && rule->cell != cell) || rule->usedUp ||
             rule->running)
             continue;
+        // Of several answers for one event each, the next one waits for the next event.
+        if (rule->once && rule->answer) {
+            if (std::find(answered.begin(), answered.end(), rule->answer->first) != answered.end())
+                continue;
+            answered.push_back(rule->answer->first);
+        }
         rule->usedUp = rule->once;
         if (rule->answer) {
             const std::size_t place = *placeOf(event, rule->answer->first);

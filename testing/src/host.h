@@ -7,6 +7,7 @@
 #include <tablio/testing/script.h>
 
 #include <tablio/dispatch.h>
+#include <tablio/members.h>
 #include <tablio/types.h>
 
 #include <functional>
@@ -66,7 +67,15 @@ public:
 
     void event(MemberNumber number, std::span<Value> arguments) override;
 
+    /// Events are written down as they are answered instead of as they come.
+    void noteAnswered(bool answered) { notesAnswered_ = answered; }
+    /// The line that scenarios write for an event.
+    [[nodiscard]] static std::string lineOf(MemberNumber number, std::span<const Value> arguments);
+
 private:
+    void answer(const Event &event, std::span<Value> arguments);
+
+    bool notesAnswered_ = false;
     int running_ = 0;
     std::vector<Entry> events_;
     /// Shared, because a rule's steps may add rules or forget them all while it runs.

@@ -150,6 +150,7 @@ void Player::begin(const ScenarioFile &file, const Scenario &scenario) {
     Parts &parts = *parts_;
     parts.stage.failures.clear();
     parts.stage.host.forgetRules();
+    parts.stage.host.noteAnswered(false);
     parts.lines.clear();
     for (const auto *const steps : {&file.background, &scenario.steps}) {
         parts.backgroundEnd = parts.lines.size();
@@ -216,16 +217,19 @@ std::string readFile(const std::string &path) {
 
 int runScenarioFiles(Driver &driver, int argc, char **argv, const FileReader &read) {
     std::string only;
+    bool isReplay = false;
     std::vector<std::string> paths;
     for (int at = 1; at < argc; ++at) {
         const std::string argument = argv[at];
         if (argument == "--only" && at + 1 < argc)
             only = argv[++at];
+        else if (argument == "--replay")
+            isReplay = true;
         else
             paths.push_back(argument);
     }
     if (paths.empty()) {
-        std::fprintf(stderr, "usage: %s [--only TEXT] FILE.scenario…\n", argv[0]);
+        std::fprintf(stderr, "usage: %s [--only TEXT] [--replay] FILE.scenario…\n", argv[0]);
         return 2;
     }
     Player player(driver);
@@ -240,9 +244,12 @@ int runScenarioFiles(Driver &driver, int argc, char **argv, const FileReader &re
                 ++count;
                 const std::vector<Failure> failures = player.play(file, scenario);
                 failed += failures.empty() ? 0 : 1;
-                for (const Failure &failure : failures)
+                for (const Failure &failure : failures) {
                     std::printf("%s:%d: in \"%s\"\n    %s\n", path.c_str(), failure.line,
                                 scenario.name.c_str(), failure.message.c_str());
+                    if (isReplay) // What comes after the first difference follows from it.
+                        break;
+                }
             }
         }
     } catch (const ScriptError &error) {

@@ -64,6 +64,13 @@ private:
     std::size_t at_ = 0;
 };
 
+struct Point {
+    Twips x = 0;
+    Twips y = 0;
+};
+/// The middle of the cell. A user can only point at what is to be seen: else ScriptError.
+[[nodiscard]] Point pointIn(const Screen &screen, CellAddress cell);
+
 /// What a step does: a call of the driver each.
 using Action = std::function<void(Driver &)>;
 using Actions = std::vector<Action>;

@@ -5,6 +5,8 @@
 
 #include "model/text/utf16.h"
 
+#include <tablio/text_bag.h>
+
 #include <optional>
 #include <utility>
 
@@ -63,6 +65,15 @@ Actions columns(Stage &stage, Words & /*words*/, const Line &line) {
     return {};
 }
 
+/// What a control's settings were saved as.
+Actions settings(Stage &stage, Words & /*words*/, const Line &line) {
+    std::string text;
+    for (const Line &stored : line.block)
+        text += stored.text + '\n';
+    stage.core().loadSettings(TextBag::parse(text));
+    return {};
+}
+
 Actions resize(Stage & /*stage*/, Words &words, const Line & /*line*/) {
     words.require("to");
     const int width = words.number("a width");
@@ -116,14 +127,21 @@ Actions type(Stage & /*stage*/, Words &words, const Line & /*line*/) {
 }
 
 Actions press(Stage & /*stage*/, Words &words, const Line & /*line*/) {
-    const KeyStroke stroke = keyStrokeOf(words.next("a key").text);
+    KeyStroke stroke = keyStrokeOf(words.next("a key").text);
     int count = 1;
-    if (!words.atEnd()) {
+    if (words.take("types")) {
+        const std::string typed = words.text();
+        stroke.character = typed.empty() ? 0 : utf16::characters(typed).at(0);
+    } else if (!words.atEnd()) {
         count = words.number("how often");
         words.require("times");
     }
     const Action once = [=](Driver &driver) { driver.strike(stroke); };
     return Actions(static_cast<std::size_t>(count), once);
+}
+
+Actions enter(Stage & /*stage*/, Words &words, const Line & /*line*/) {
+    return {[text = words.text()](Driver &driver) { driver.enterText(text); }};
 }
 
 Actions compose(Stage & /*stage*/, Words &words, const Line & /*line*/) {
@@ -141,11 +159,6 @@ Actions settle(Stage & /*stage*/, Words &words, const Line & /*line*/) {
 
 // ---- the mouse ---------------------------------------------------------------
 
-struct Point {
-    Twips x = 0;
-    Twips y = 0;
-};
-
 /// "cell ROW COL", its middle, or "at X Y". A user can only point at what is to be seen.
 Point pointOf(Stage &stage, Words &words) {
     if (words.take("at")) {
@@ -153,17 +166,7 @@ Point pointOf(Stage &stage, Words &words) {
         return {x, words.number("a position")};
     }
     words.require("cell");
-    const CellAddress cell = words.cell();
-    const Screen &screen = stage.screen();
-    const Rect place = screen.cellRect(cell);
-    const Point middle{place.left + place.width / 2, place.top + place.height / 2};
-    if (screen.cellAt(middle.x, middle.y) != cell ||
-        !screen.widget(WidgetId::Grid).place.contains(middle.x, middle.y))
-        throw ScriptError("the cell is not in view");
-    const std::optional<ScreenEditor> editor = screen.editor();
-    if (editor && editor->frame.contains(middle.x, middle.y))
-        throw ScriptError("the editor lies over the cell");
-    return middle;
+    return pointIn(stage.screen(), words.cell());
 }
 
 Actions clickAt(MouseButton button, Point at) {
@@ -229,6 +232,13 @@ Actions choose(Stage & /*stage*/, Words &words, const Line & /*line*/) {
     return {[=](Driver &driver) { driver.chooseMenuEntry(entry); }};
 }
 
+Actions answer(Stage & /*stage*/, Words &words, const Line & /*line*/) {
+    const bool yes = words.take("yes");
+    if (!yes)
+        words.require("no");
+    return {[yes](Driver &driver) { driver.answerQuestion(yes); }};
+}
+
 Actions pick(Stage &stage, Words &words, const Line & /*line*/) {
     if (!stage.screen().widget(WidgetId::mvCalender).isVisible)
         throw ScriptError("the calendar is not to be seen");
@@ -278,6 +288,13 @@ Actions addRule(Stage &stage, Words &words, const Line &line, bool once) {
     return {};
 }
 
+Actions note(Stage &stage, Words &words, const Line & /*line*/) {
+    for (const char *const word : {"events", "as", "answered"})
+        words.require(word);
+    stage.host.noteAnswered(true);
+    return {};
+}
+
 Actions forget(Stage &stage, Words &words, const Line & /*line*/) {
     if (words.take("answers")) {
         stage.host.forgetRules();
@@ -296,6 +313,7 @@ using Step = Actions (*)(Stage &, Words &, const Line &);
 
 constexpr std::pair<std::string_view, Step> steps[] = {
     {"columns", columns},
+    {"settings", settings},
     {"show",
      [](Stage &, Words &, const Line &) -> Actions { return {[](Driver &d) { d.show(); }}; }},
     {"destroy",
@@ -307,6 +325,7 @@ constexpr std::pair<std::string_view, Step> steps[] = {
     {"clipboard", clipboard},
     {"type", type},
     {"press", press},
+    {"enter", enter},
     {"compose", compose},
     {"settle", settle},
     {"click", click},
@@ -316,11 +335,13 @@ constexpr std::pair<std::string_view, Step> steps[] = {
     {"scroll", scroll},
     {"push", push},
     {"choose", choose},
+    {"answer", answer},
     {"pick", pick},
     {"call", call},
     {"set", set},
     {"when", [](Stage &s, Words &w, const Line &line) { return addRule(s, w, line, false); }},
     {"once", [](Stage &s, Words &w, const Line &line) { return addRule(s, w, line, true); }},
+    {"note", note},
     {"forget", forget},
     {"expect",
      [](Stage &stage, Words &words, const Line &line) -> Actions {
@@ -331,11 +352,23 @@ constexpr std::pair<std::string_view, Step> steps[] = {
 
 /// Blocks belong to steps that say so; elsewhere an indented line is a mistake.
 bool takesBlock(const Line &line, const Token &verb) {
-    return verb.is("columns") || verb.is("expect") || line.text.ends_with(" do") ||
-           line.text.ends_with(" raises");
+    return verb.is("columns") || verb.is("settings") || verb.is("expect") ||
+           line.text.ends_with(" do") || line.text.ends_with(" raises");
 }
 
 } // namespace
+
+Point pointIn(const Screen &screen, CellAddress cell) {
+    const Rect place = screen.cellRect(cell);
+    const Point middle{place.left + place.width / 2, place.top + place.height / 2};
+    if (screen.cellAt(middle.x, middle.y) != cell ||
+        !screen.widget(WidgetId::Grid).place.contains(middle.x, middle.y))
+        throw ScriptError("the cell is not in view");
+    const std::optional<ScreenEditor> editor = screen.editor();
+    if (editor && editor->frame.contains(middle.x, middle.y))
+        throw ScriptError("the editor lies over the cell");
+    return middle;
+}
 
 Actions actionsOf(Stage &stage, Tokens tokens, const Line &line) {
     const Token verb = tokens.front();

@@ -109,6 +109,9 @@ KeyCode keyNamed(std::string_view name) {
         if (key.name == name)
             return key.value;
     }
+    KeyCode code = 0;
+    if (parseWhole(name, code))
+        return code;
     fail("a key's name", name);
 }
 
@@ -279,6 +282,8 @@ std::string shown(MemberType type, const Value &value) {
     std::snprintf(text.data(), text.size(), "&H%06X", value.toColour().value);
     return text.data();
 }
+
+std::string shown(MenuEntry value) { return nameIn(menuNames, value); }
 
 std::string shown(WidgetId value) { return nameIn(widgetNames, value); }
 

@@ -25,7 +25,8 @@ template <typename Table, typename Member, typename Key>
     return nullptr;
 }
 
-/// "Enter", "Ctrl+V", "Shift+Left", "A" as one stroke on an American keyboard.
+/// "Enter", "Ctrl+V", "Shift+Left", "A", or a key's code of two digits or more, as one stroke on an
+/// American keyboard.
 [[nodiscard]] KeyStroke keyStrokeOf(std::string_view name);
 /// The stroke that types the character; its key is 0 where no American keyboard has it.
 [[nodiscard]] KeyStroke keyStrokeFor(char32_t character);
@@ -44,5 +45,6 @@ template <> MenuEntry valueOf<MenuEntry>(const Token &token);
 [[nodiscard]] Value valueFor(MemberType type, const Token &token);
 [[nodiscard]] std::string shown(MemberType type, const Value &value);
 [[nodiscard]] std::string shown(WidgetId value);
+[[nodiscard]] std::string shown(MenuEntry value);
 
 } // namespace tablio::scenario

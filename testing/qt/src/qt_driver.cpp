@@ -111,6 +111,14 @@ Qt::MouseButton qtButtonOf(MouseButton button) {
                                           : Qt::MiddleButton;
 }
 
+/// Where an input method would send its text.
+QObject &keyboardOwner() {
+    QObject *const owner = QGuiApplication::focusObject();
+    if (owner == nullptr)
+        throw ScriptError("no widget has the keyboard; has the form been closed?");
+    return *owner;
+}
+
 /// A scenario starts from the control's own defaults, not from a theme's.
 void makeBare(Tablio &core) {
     Tablio bare;
@@ -331,7 +339,7 @@ void QtDriver::strike(const KeyStroke &stroke) {
 void QtDriver::compose(std::string_view text) {
     putAside(*window_);
     deliver([&] {
-        QPointer<QObject> box = QGuiApplication::focusObject();
+        QPointer<QObject> box = &keyboardOwner();
         QInputMethodEvent preedit(asQString(text), {});
         QCoreApplication::sendEvent(box, &preedit);
         if (!box || core() == nullptr || !core()->screen().editor())
@@ -347,7 +355,7 @@ void QtDriver::enterText(std::string_view text) {
     deliver([&] {
         QInputMethodEvent commit;
         commit.setCommitString(asQString(text));
-        QCoreApplication::sendEvent(QGuiApplication::focusObject(), &commit);
+        QCoreApplication::sendEvent(&keyboardOwner(), &commit);
     });
 }
 

@@ -104,6 +104,8 @@ public:
         if (core() != nullptr)
             input().comboItemChosen(edit, index);
     }
+    /// The control has asked whether to go on.
+    virtual void answerQuestion(bool yes) { input().questionAnswered(yes); }
     virtual void pickDay(const Date &day) { input().calendarPicked(openEdit(), day); }
 
 private:

@@ -55,7 +55,8 @@ using FileReader = std::function<std::string(const std::string &path)>;
 [[nodiscard]] std::string readFile(const std::string &path);
 
 /// What a runner's `main` does: plays the files named on the command line, prints each failure and
-/// the sum, and answers the exit code. `--only TEXT` plays those whose names contain the text.
+/// the sum, and answers the exit code. `--only TEXT` plays those whose names contain the text;
+/// `--replay` prints the first failure of each alone, for recorded sessions.
 [[nodiscard]] int runScenarioFiles(Driver &driver, int argc, char **argv,
                                    const FileReader &read = readFile);
 

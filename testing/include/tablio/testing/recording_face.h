@@ -65,7 +65,7 @@ public:
     void letPendingEventsRun() override { inner().letPendingEventsRun(); }
     void propertyChanged(MemberNumber number) override {
         if (writesNotices)
-            notices.emplace_back(findMember(number).name);
+            notices.emplace_back(number == Number::All ? "All" : findMember(number).name);
         inner().propertyChanged(number);
     }
     void setHostKeyPreview(bool preview) override {
