@@ -32,6 +32,10 @@ enum class MenuEntry {
     mnuTableClear,
 };
 
+/// What somebody who reaches cells by neither key nor mouse asks of one, such as a screen reader;
+/// `Screen::offers` says what a cell has. All put the cursor there first.
+enum class CellAction { Reach, Edit, Tick, OpenList, OpenCalendar, LookUp };
+
 /// How far a wheel was turned: in logical pixels, or in parts of a row or column, 120 to each.
 enum class WheelUnit { Pixel, Part };
 
@@ -55,6 +59,9 @@ public:
     void mouseMove(Twips x, Twips y);
     void mouseUp(MouseButton button, Twips x, Twips y);
     void doubleClick(Twips x, Twips y);
+    /// Does to a cell what it offers, as the keys for it would; No where it does not offer that. An
+    /// edit that is open elsewhere ends first.
+    Dealt act(CellAddress cell, CellAction action);
     /// Whether a press here would drag a column's border.
     [[nodiscard]] bool isColumnEdge(Twips x, Twips y) const;
     /// Scrolls to a row and a column, as far as there are any.

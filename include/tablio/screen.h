@@ -146,6 +146,8 @@ public:
     [[nodiscard]] Rect cellRect(CellAddress cell) const;
     [[nodiscard]] std::optional<CellAddress> cellAt(Twips x, Twips y) const;
     [[nodiscard]] CellFacts facts(CellAddress cell) const;
+    /// Whether the cell, if there is such a one, can be asked for this by Input::act().
+    [[nodiscard]] bool offers(CellAddress cell, CellAction action) const;
     /// Where the cursor is; nothing in a grid without such a cell.
     [[nodiscard]] std::optional<CellAddress> currentCell() const;
 

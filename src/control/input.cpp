@@ -122,6 +122,13 @@ void Input::doubleClick(Twips x, Twips y) {
         control->gridInput.doubleClick(within(x), within(y));
 }
 
+Dealt Input::act(CellAddress cell, CellAction action) {
+    const Call control(control_);
+    if (!control->dateEditor.dismissCalendar() || !control->state.gridEnabled())
+        return Dealt::No;
+    return control->gridInput.act(cell, action);
+}
+
 bool Input::isColumnEdge(Twips x, Twips y) const {
     return control_->gridInput.isColumnEdge(within(x), within(y));
 }

@@ -20,6 +20,10 @@ std::optional<CellAddress> Screen::currentCell() const {
     return grid.table.hasCell(cell.row, cell.col) ? std::optional(cell) : std::nullopt;
 }
 
+bool Screen::offers(CellAddress cell, CellAction action) const {
+    return control_.state.settings.Enabled && control_.gridInput.offers(cell, action);
+}
+
 CellFacts Screen::facts(CellAddress cell) const {
     const ControlState &state = control_.state;
     const GridTable &table = state.grid.table;

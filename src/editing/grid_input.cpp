@@ -21,11 +21,11 @@ Dealt GridInput::keyDown(KeyCode key, ShiftState shift) {
     const KeyCode answered = state_.link.TableKeyDown(key, shift, state_.grid.current());
     if (state_.link.isClosed())
         return Dealt::Yes;
-    dropsNextKeyPress_ = answered == 0 || act(answered, shift);
+    dropsNextKeyPress_ = answered == 0 || actOn(answered, shift);
     return dropsNextKeyPress_ ? Dealt::Yes : Dealt::No;
 }
 
-bool GridInput::act(KeyCode key, ShiftState shift) {
+bool GridInput::actOn(KeyCode key, ShiftState shift) {
     const bool plain = shift == Shift::None;
     const bool ctrl = shift == Shift::Ctrl;
     if (plain && (key == Key::F2 || key == Key::F10))
@@ -123,6 +123,53 @@ void GridInput::paste() {
     startEdit(false, static_cast<char32_t>(Key::F2));
     if (session_.isOpen())
         session_.editor()->paste(text);
+}
+
+bool GridInput::offers(CellAddress cell, CellAction action) const {
+    if (action == CellAction::Reach || action == CellAction::Tick)
+        return isDataCell(cell) && (action == CellAction::Reach || state_.isCheckCell(cell));
+    if (!isEditable(cell))
+        return false;
+    const TColumnType type = state_.columns.ColEditType(cell.col);
+    switch (action) {
+    case CellAction::OpenList:
+        return type == TColumnType::ColumnCombo;
+    case CellAction::OpenCalendar:
+        return type == TColumnType::ColumnDate;
+    case CellAction::LookUp:
+        return type != TColumnType::ColumnDate &&
+               state_.columns.ColStyle(cell.col) == TColumnStyle::ColumnInputWithLookup;
+    default:
+        return true;
+    }
+}
+
+Dealt GridInput::act(CellAddress cell, CellAction action) {
+    if (!offers(cell, action))
+        return Dealt::No;
+    const auto isEdited = [&] { return session_.isOpen() && session_.cell() == cell; };
+    if (!isEdited()) {
+        // As with a click: who hears of the end may have begun another edit, or gone elsewhere.
+        if (session_.isOpen() && !session_.EndCellEdit())
+            return Dealt::Yes;
+        session_.giveFocusToGrid();
+        if (state_.link.isClosed())
+            return Dealt::Yes;
+        navigator_.jumpTo(cell);
+        if (state_.link.isClosed() || cell != state_.grid.current() || !offers(cell, action))
+            return Dealt::Yes;
+        if (action == CellAction::Tick)
+            checks_.toggleCurrent();
+        else if (action != CellAction::Reach)
+            startEdit(false, static_cast<char32_t>(Key::F2));
+    }
+    if (!isEdited())
+        return Dealt::Yes;
+    if (action == CellAction::OpenList)
+        state_.widgets.cboEdit.setDroppedDown(true);
+    else if (action == CellAction::OpenCalendar || action == CellAction::LookUp)
+        session_.editor()->pressButton();
+    return Dealt::Yes;
 }
 
 void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {

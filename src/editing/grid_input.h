@@ -25,6 +25,9 @@ public:
     /// A character comes that no key went down for.
     void expectNewKey() noexcept { dropsNextKeyPress_ = false; }
 
+    [[nodiscard]] bool offers(CellAddress cell, CellAction action) const;
+    Dealt act(CellAddress cell, CellAction action);
+
     void mouseDown(MouseButton button, Twips x, Twips y);
     void mouseMove(Twips x);
     void mouseUp(MouseButton button, Twips x, Twips y);
@@ -38,7 +41,7 @@ private:
         Twips left = 0;
     };
 
-    [[nodiscard]] bool act(KeyCode key, ShiftState shift);
+    [[nodiscard]] bool actOn(KeyCode key, ShiftState shift);
     bool startEdit(bool typed, char32_t key);
     void clearCell();
     void paste();

@@ -42,6 +42,36 @@ protected:
     Input &input = table.input();
 };
 
+TEST_F(InputTest, ACellDoesWhatItOffers) {
+    table.setCheckBoxes(1);
+    table.setCols(4);
+    table.setColStyle(0, TColumnStyle::ColumnInputWithLookup);
+    const auto offered = [this](CellAddress cell) {
+        std::string text;
+        for (const auto &[action, letter] :
+             {std::pair(CellAction::Reach, 'r'), std::pair(CellAction::Edit, 'e'),
+              std::pair(CellAction::Tick, 't'), std::pair(CellAction::OpenList, 'l'),
+              std::pair(CellAction::OpenCalendar, 'c'), std::pair(CellAction::LookUp, '?')})
+            text += table.screen().offers(cell, action) ? std::string(1, letter) : std::string();
+        return text;
+    };
+    EXPECT_EQ(offered({2, 0}) + offered({2, 1}) + offered({2, 2}) + offered({2, 3}), "re?relrecrt");
+    EXPECT_EQ(offered({0, 0}) + offered({9, 0}), "") << "a header, and no cell at all";
+    EXPECT_EQ(input.act({0, 0}, CellAction::Edit), Dealt::No);
+    input.act({2, 3}, CellAction::Tick);
+    EXPECT_TRUE(table.Checked(2));
+    input.act({3, 1}, CellAction::OpenList);
+    EXPECT_TRUE(table.screen().list().isDropped);
+    input.act({3, 2}, CellAction::OpenCalendar);
+    EXPECT_EQ(table.screen().focusOwner(), WidgetId::mvCalender);
+    input.act({1, 0}, CellAction::Reach);
+    EXPECT_EQ(table.screen().focusOwner(), WidgetId::Grid);
+    EXPECT_EQ(table.CurrentRow(), 1);
+    EXPECT_FALSE(table.IsEditing());
+    table.setEnabled(false);
+    EXPECT_EQ(offered({2, 0}), "");
+}
+
 TEST_F(InputTest, AReportForAnotherThanTheOpenEditIsDropped) {
     const EditNumber text = open(0);
     input.textSettled(text, "kept", 4, 4);
