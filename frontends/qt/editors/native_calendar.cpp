@@ -6,6 +6,7 @@
 #include <QCalendarWidget>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QTableView>
 #include <QTextCharFormat>
 
 #include <optional>
@@ -72,6 +73,19 @@ void NativeCalendar::mirror() {
     calendar_->setGeometry(rect().adjusted(border, border, -border, -border));
     raise();
     show();
+}
+
+QRect NativeCalendar::placeOfDay(int index) const {
+    constexpr int weeks = 6;
+    constexpr int days = 7;
+    const auto *view = calendar_->findChild<QTableView *>();
+    if (view == nullptr || isHidden())
+        return {};
+    // Headers are the first row, and might be the first column.
+    const QAbstractItemModel *model = view->model();
+    const QRect place = view->visualRect(model->index(model->rowCount() - weeks + index / days,
+                                                      model->columnCount() - days + index % days));
+    return {view->viewport()->mapToGlobal(place.topLeft()), place.size()};
 }
 
 /// A turned page takes the chosen day along, as the core's own page keys do.

@@ -21,6 +21,8 @@ public:
 
     /// Shows the core's calendar and its container.
     void mirror();
+    /// Where one of the six weeks' days is on the platform's screen.
+    [[nodiscard]] QRect placeOfDay(int index) const;
 
 private:
     void turnedTo(int year, int month);

@@ -58,6 +58,9 @@ void NativeCombo::mirror() {
     setFont(completedFont(editor->Font, around_.owner));
     view()->setFont(font());
     const ScreenList list = screen.list();
+    if (const QString name = toQString(screen.facts(editor->cell).header);
+        view()->accessibleName() != name)
+        view()->setAccessibleName(name);
     mirrorItems(list);
     frame->show();
     if (list.isDropped && !isDown())

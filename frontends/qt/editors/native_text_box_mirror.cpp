@@ -75,8 +75,21 @@ void NativeTextBox::setLook(const ScreenEditor &editor) {
 
 void NativeTextBox::setContent(const ScreenEditor &editor) {
     const QString wanted = toQString(editor.text);
-    if (text() != wanted)
-        setText(wanted);
+    if (const QString shown = text(); shown != wanted) {
+        // Only what is another is replaced: screen readers speak what comes and goes. A text that
+        // was chosen is all selected, and comes as a whole.
+        const bool isChosen = std::abs(editor.caret - editor.anchor) == wanted.size();
+        const auto shorter = isChosen ? 0 : std::min(shown.size(), wanted.size());
+        qsizetype alike = 0;
+        while (alike < shorter && shown[alike] == wanted[alike])
+            ++alike;
+        qsizetype alikeAtEnd = 0;
+        while (alikeAtEnd < shorter - alike &&
+               shown[shown.size() - 1 - alikeAtEnd] == wanted[wanted.size() - 1 - alikeAtEnd])
+            ++alikeAtEnd;
+        setSelection(static_cast<int>(alike), static_cast<int>(shown.size() - alikeAtEnd - alike));
+        insert(wanted.mid(alike, wanted.size() - alikeAtEnd - alike));
+    }
     const int length = std::abs(editor.caret - editor.anchor);
     const bool isSelected =
         selectionLength() == length &&

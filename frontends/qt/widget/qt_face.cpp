@@ -46,15 +46,22 @@ std::pair<int, int> groupSizes(const QLocale &locale) {
 
 } // namespace
 
-void QtFace::shown() { parts_.mirror(); }
+void QtFace::shown() {
+    parts_.news.look();
+    parts_.mirror();
+}
 
 bool QtFace::canTakeFocus() const { return parts_.widget.isVisible(); }
 
 void QtFace::takeFocus() { parts_.takeKeyboard(); }
 
-void QtFace::areaChanged(const Rect &area) { parts_.canvas->showArea(area); }
+void QtFace::areaChanged(const Rect &area) {
+    parts_.news.look();
+    parts_.canvas->showArea(area);
+}
 
 void QtFace::scrolled() {
+    parts_.news.look();
     parts_.arrange();
     parts_.showScrollPosition();
     parts_.canvas->showScrolled();

@@ -1,7 +1,7 @@
 #include <tablio/qt/tablio_widget.h>
 
+#include "accessible/accessible_grid.h"
 #include "editors/native_text_box.h"
-#include "widget/accessible_grid.h"
 #include "widget/guarded.h"
 #include "widget/qt_text.h"
 #include "widget/tablio_widget_p.h"

@@ -35,10 +35,21 @@ TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &itself)
 }
 
 TablioWidgetPrivate::~TablioWidgetPrivate() {
+    isClosing_ = true;
     core.setFace(nullptr);
     // The children speak to the core until they are gone; the box first, which hears most.
     delete textBox;
     delete canvas;
+}
+
+TablioWidgetPrivate *TablioWidgetPrivate::around(QObject *part) noexcept {
+    for (QObject *each = part; each != nullptr; each = each->parent()) {
+        if (const auto *grid = qobject_cast<TablioWidget *>(each)) {
+            TablioWidgetPrivate *parts = grid->d_.get();
+            return parts != nullptr && !parts->isClosing_ ? parts : nullptr;
+        }
+    }
+    return nullptr;
 }
 
 void TablioWidgetPrivate::makeChildren() {
@@ -93,6 +104,7 @@ void TablioWidgetPrivate::takeKeyboard() { textBox->takeFocus(); }
 void TablioWidgetPrivate::commitComposition() { textBox->commitComposition(); }
 
 void TablioWidgetPrivate::showCurrentCell() {
+    news.keyboardMoved();
     if (const std::optional<CellAddress> cell = screen().currentCell())
         canvas->showArea(screen().cellRect(*cell));
 }

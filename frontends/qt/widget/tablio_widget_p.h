@@ -3,6 +3,8 @@
 /// What a `TablioWidget` is made of: the core, the two partners that the core talks to, and the
 /// native child widgets. The parts know each other through it; it holds no rule of its own.
 
+#include "accessible/accessible_cells.h"
+#include "accessible/accessible_news.h"
 #include "widget/change_signals.h"
 #include "widget/host_signals.h"
 #include "widget/qt_face.h"
@@ -32,6 +34,9 @@ public:
     TablioWidgetPrivate(const TablioWidgetPrivate &) = delete;
     TablioWidgetPrivate &operator=(const TablioWidgetPrivate &) = delete;
 
+    /// Of the widget that this is or stands in; null while that is being made or taken apart.
+    [[nodiscard]] static TablioWidgetPrivate *around(QObject *part) noexcept;
+
     TablioWidget &widget;
     QtFace face;
     std::unique_ptr<HostEvents> host;
@@ -51,6 +56,9 @@ public:
     QScrollBar *vertical = nullptr;
     QScrollBar *horizontal = nullptr;
     QWidget *corner = nullptr;
+    // What screen readers know.
+    AccessibleCells accessibleCells{*this};
+    AccessibleNews news{*this};
     /// Over the table while its settings cannot be read.
     QPointer<QLabel> notice;
 
@@ -84,6 +92,7 @@ private:
     [[nodiscard]] QToolButton *makeButton(WidgetId id, const char *name, const QString &tip);
 
     bool arranging_ = false;
+    bool isClosing_ = false;
 };
 
 } // namespace tablio::qt

@@ -481,6 +481,7 @@ protected:
 
 private:
     friend class HostSignals;
+    friend class TablioWidgetPrivate;
 
     /// Of the member with this name. An invalid colour stands for a new widget's.
     [[nodiscard]] QColor colour(std::string_view name) const;
