@@ -47,7 +47,8 @@ public:
     /// The grid has scrolled, or its scroll range is another. After a scroll all of the grid has to
     /// be shown anew, for which no area is reported: a face may move what stays in sight.
     virtual void scrolled() {}
-    /// Show the pop-up menu with its corner at this point of the control.
+    /// Show the pop-up menu with its corner, where its captions begin, at this point of the
+    /// control.
     virtual void popUpMenu(Twips /*x*/, Twips /*y*/) {}
     /// Show a warning that the user confirms; the core goes on meanwhile.
     virtual void showWarning(std::string_view /*title*/, std::string_view /*text*/) {}

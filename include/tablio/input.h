@@ -110,6 +110,9 @@ public:
     /// The control comes into sight. The first time, a cursor that nobody has moved goes to the
     /// first data row in PrimaryColumn.
     void appeared();
+    /// Whether the face's user reads from the right to the left: columns, arrow keys, editors and
+    /// buttons follow.
+    void setRightToLeft(bool rightToLeft);
     /// How high a line of the face's own text is. While nobody sets RowMinHeight, rows follow it.
     void textHeight(Twips height);
 

@@ -33,8 +33,10 @@ struct PixelRect {
 
 class DevicePixels {
 public:
-    /// Device pixels to a logical one, which is 1/96 inch.
-    explicit DevicePixels(double scale) noexcept : scale_(scale) {}
+    /// Device pixels to a logical one, which is 1/96 inch, of a grid that may go from the right to
+    /// the left (see Screen::isRightToLeft()).
+    explicit DevicePixels(double scale, bool rightToLeft = false) noexcept
+        : scale_(scale), rightToLeft_(rightToLeft) {}
 
     [[nodiscard]] double scale() const noexcept { return scale_; }
     /// A logical length in whole device pixels, at least 1.
@@ -52,10 +54,13 @@ public:
         const int top = edge(area.top);
         return {left, top, edge(area.right()) - left, edge(area.bottom()) - top};
     }
-    /// A cell without the lines at its right and its bottom.
+    /// A cell without the lines at its end and its bottom.
     [[nodiscard]] PixelRect withoutLines(const Rect &cell) const noexcept {
-        const PixelRect whole = rect(cell);
-        return {whole.left, whole.top, whole.width - lineWidth(), whole.height - lineWidth()};
+        return withoutLines(rect(cell));
+    }
+    [[nodiscard]] PixelRect withoutLines(const PixelRect &whole) const noexcept {
+        return {whole.left + (rightToLeft_ ? lineWidth() : 0), whole.top, whole.width - lineWidth(),
+                whole.height - lineWidth()};
     }
 
     /// The logical pixels that touch these device pixels.
@@ -82,6 +87,7 @@ private:
     }
 
     double scale_;
+    bool rightToLeft_;
 };
 
 } // namespace tablio

@@ -49,7 +49,8 @@ struct ScreenEditor {
 };
 
 /// The open editor in pixels: its frame inside the lines of the cell, the width of the box
-/// in it, and how much of the box's end the buttons of the cell cover.
+/// in it, and how much of the box's end the buttons of the cell cover: its left end in a control
+/// that goes from the right to the left.
 struct EditorPlace {
     PixelRect frame;
     int width = 0;
@@ -86,8 +87,10 @@ struct ScreenMenuEntry {
     bool isChecked = false;
 };
 
-/// The room that the grid has beside its scroll bars, and which of them are shown.
+/// The room that the grid has beside its scroll bars, and which of them are shown. The bar for the
+/// rows is at the grid's right, or before its left.
 struct Arrangement {
+    Twips left = 0;
     Twips width = 0;
     Twips height = 0;
     bool hasRowBar = false;
@@ -151,6 +154,9 @@ public:
     /// Where the cursor is; nothing in a grid without such a cell.
     [[nodiscard]] std::optional<CellAddress> currentCell() const;
 
+    /// As Input::setRightToLeft() has it. A face lets its own parts follow: scroll bars, the list,
+    /// the calendar and the menu, whose place is that of its right corner then.
+    [[nodiscard]] bool isRightToLeft() const noexcept;
     /// Nothing while the keyboard is outside the control.
     [[nodiscard]] std::optional<WidgetId> focusOwner() const noexcept;
     [[nodiscard]] ScreenWidget widget(WidgetId widget) const;

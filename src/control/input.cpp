@@ -62,8 +62,9 @@ Dealt Input::keyDown(KeyCode key, ShiftState shift) {
         dealt = state.gridEnabled() && control->gridInput.keyDown(key, shift) == Dealt::Yes;
     } else if (BoxEditor *editor = control->session.editor()) {
         control->session.setLastKey(key);
-        dealt = state.isCalendarOpen() ? control->dateEditor.calendarKeyDown(key, shift)
-                                       : editor->keyDown(key, shift);
+        dealt = state.isCalendarOpen()
+                    ? control->dateEditor.calendarKeyDown(state.inOrder(key), shift)
+                    : editor->keyDown(key, shift);
     }
     // F10 would open the menu bar of the host's window under the operator's hands.
     return dealt || (key == Key::F10 && editorWasVisible) ? Dealt::Yes : Dealt::No;
@@ -161,7 +162,7 @@ Dealt Input::wheelTurned(WheelUnit unit, int left, int up) {
     const int rows = whole(restUp, up, isPixels ? std::max(1, rowHeight / twipsPerPixel) : parts);
     const bool canScroll = grid.view.maxTopRow() > grid.table.FixedRows() ||
                            grid.view.maxLeftCol() > grid.table.FixedCols();
-    scrollTo(topRow - rows, grid.view.LeftCol() - cols);
+    scrollTo(topRow - rows, grid.view.LeftCol() - (grid.view.isRightToLeft() ? -cols : cols));
     return canScroll ? Dealt::Yes : Dealt::No;
 }
 
@@ -305,6 +306,11 @@ void Input::questionAnswered(bool yes) {
 void Input::resized(Twips width, Twips height) {
     UserCall(control_, "resized", width, height)
         ->state.grid.view.setSize(length(width), length(height));
+}
+
+void Input::setRightToLeft(bool rightToLeft) {
+    const Call control(control_);
+    control->state.grid.view.setRightToLeft(rightToLeft);
 }
 
 void Input::appeared() { Call(control_)->start.appear(); }

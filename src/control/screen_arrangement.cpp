@@ -27,7 +27,9 @@ Arrangement Screen::arranged(Twips width, Twips height, Twips barWidth, Twips ba
     result.hasRowBar = !fits(rows, table.heightOfRows(0, table.Rows()), rest);
     if (result.hasRowBar && !result.hasColBar)
         result.hasColBar = !fits(cols, allCols, width - barWidth);
-    result.width = std::max(0, width - (result.hasRowBar ? barWidth : 0));
+    const Twips beside = result.hasRowBar ? barWidth : 0;
+    result.left = isRightToLeft() ? beside : 0;
+    result.width = std::max(0, width - beside);
     result.height = std::max(0, height - (result.hasColBar ? barHeight : 0));
     return result;
 }

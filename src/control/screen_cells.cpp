@@ -20,6 +20,8 @@ std::optional<CellAddress> Screen::currentCell() const {
     return grid.table.hasCell(cell.row, cell.col) ? std::optional(cell) : std::nullopt;
 }
 
+bool Screen::isRightToLeft() const noexcept { return control_.state.grid.view.isRightToLeft(); }
+
 bool Screen::offers(CellAddress cell, CellAction action) const {
     return control_.state.settings.Enabled && control_.gridInput.offers(cell, action);
 }

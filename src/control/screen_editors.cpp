@@ -11,18 +11,26 @@ namespace tablio {
 namespace {
 
 template <typename ToPixels>
-EditorPlace placed(const Widgets &widgets, const ScreenEditor &editor, int width,
+EditorPlace placed(const ControlState &state, const ScreenEditor &editor, int width,
                    ToPixels toPixels) {
+    const Widgets &widgets = state.widgets;
+    const bool rightToLeft = state.grid.view.isRightToLeft();
+    const bool hasArrow = widgets.cboEdit.Visible();
     EditorPlace place{toPixels(editor.frame)};
     // A right-aligned text ends where the grid paints it, which the frame's end alone decides.
-    place.width = editor.alignsRight ? place.frame.width : std::min(place.frame.width, width);
+    place.width =
+        editor.alignsRight && !hasArrow ? place.frame.width : std::min(place.frame.width, width);
     for (const PlainWidget *button : {&widgets.cmdLookup, &widgets.cmdCalender}) {
+        const PixelRect area = toPixels(button->place());
         if (button->Visible())
-            place.covered = std::max(place.covered, place.frame.left + place.width -
-                                                        toPixels(button->place()).left);
+            place.covered =
+                std::max(place.covered, rightToLeft ? area.right() - place.frame.left
+                                                    : place.frame.left + place.width - area.left);
     }
     // Whatever lay over a combo's arrow would take the presses that are meant for it.
-    if (widgets.cboEdit.Visible())
+    if (hasArrow && rightToLeft)
+        place.frame.left += place.frame.width - place.width;
+    if (hasArrow)
         place.frame.width = place.width;
     return place;
 }
@@ -46,18 +54,19 @@ ScreenWidget Screen::widget(WidgetId widget) const {
 std::optional<ScreenEditor> Screen::editor() const {
     const Widgets &widgets = control_.state.widgets;
     const EditSession &session = control_.session;
+    const bool rightToLeft = isRightToLeft();
     const auto shown = [&](const TextField &box, const Rect &frame, Twips width) {
         const EditorLook &look = box.look();
         return ScreenEditor{
-            session.openEdit(), session.cell(), box.Text(), box.anchor(), box.caret(), 0, false,
-            look.BackColor,     look.ForeColor, look.Font,  frame,        width};
+            session.openEdit(), session.cell(), box.Text(),     box.anchor(), box.caret(), 0,
+            rightToLeft,        look.BackColor, look.ForeColor, look.Font,    frame,       width};
     };
     if (!session.isOpen())
         return std::nullopt;
     if (const TextBox &box = widgets.txtEdit; box.Visible()) {
         ScreenEditor editor = shown(box, widgets.picText.place(), box.Width());
         editor.maxLength = box.MaxLength();
-        editor.alignsRight = box.Alignment() == TextAlignment::Right;
+        editor.alignsRight = rightToLeft || box.Alignment() == TextAlignment::Right;
         return editor;
     }
     if (widgets.cboEdit.Visible()) {
@@ -70,12 +79,12 @@ std::optional<ScreenEditor> Screen::editor() const {
 }
 
 EditorPlace Screen::placeOf(const ScreenEditor &editor, const DevicePixels &pixels) const {
-    return placed(control_.state.widgets, editor, editor.width / twipsPerPixel,
+    return placed(control_.state, editor, editor.width / twipsPerPixel,
                   [&](const Rect &area) { return pixels.inside(pixels.withoutLines(area)); });
 }
 
 EditorPlace Screen::devicePlaceOf(const ScreenEditor &editor, const DevicePixels &pixels) const {
-    return placed(control_.state.widgets, editor, pixels.edge(editor.width),
+    return placed(control_.state, editor, pixels.edge(editor.width),
                   [&](const Rect &area) { return pixels.withoutLines(area); });
 }
 

@@ -104,7 +104,7 @@ class Scene {
 public:
     Scene(const Control &control, const SceneLook &look, ScenePainter &painter)
         : state_(control.state), grid_(state_.grid), look_(grid_.table.look()),
-          colours_(look.palette, look.isEnabled), pixels_(look.scale),
+          colours_(look.palette, look.isEnabled), pixels_(look.scale, grid_.view.isRightToLeft()),
           hasKeyboard_(look.hasKeyboard), painter_(painter) {
         if (control.session.isOpen())
             edited_ = control.session.cell();
@@ -131,10 +131,7 @@ private:
         return cell == grid_.current() && !grid_.isFixed(cell.row, cell.col) &&
                colours_.isEnabled();
     }
-    [[nodiscard]] PixelRect roomOf(const PixelRect &place) const {
-        const int line = pixels_.lineWidth();
-        return {place.left, place.top, place.width - line, place.height - line};
-    }
+    [[nodiscard]] bool isRightToLeft() const { return grid_.view.isRightToLeft(); }
     void paintText(CellAddress cell, const PixelRect &room, Colour colour);
     void paintTick(const PixelRect &room, Colour colour);
     void paintFocus(const PixelRect &room, Colour fill, Colour text);
@@ -162,7 +159,9 @@ private:
 void Scene::paint(std::span<const PixelRect> areas) {
     const GridView &view = grid_.view;
     const Spans rows = view.visibleRows();
-    const Spans cols = view.visibleCols();
+    Spans cols = view.visibleCols();
+    if (isRightToLeft())
+        std::reverse(cols.begin(), cols.end());
     const auto isTouched = [areas](const PixelRect &place) {
         return std::any_of(areas.begin(), areas.end(),
                            [&](const PixelRect &area) { return area.touches(place); });
@@ -193,11 +192,12 @@ void Scene::paint(std::span<const PixelRect> areas) {
     // The open editor's frame lies on the lines around its cell.
     const int line = pixels_.lineWidth();
     if (!edited.isEmpty())
-        frame({edited.left - line, edited.top - line, edited.width + line, edited.height + line},
+        frame({edited.left - (isRightToLeft() ? 0 : line), edited.top - line, edited.width + line,
+               edited.height + line},
               line, colours_.highlight());
 }
 
-/// What no cell covers: the strips right of the last column and below the last row. Cells paint
+/// What no cell covers: the strips beside the last column and below the last row. Cells paint
 /// their own ground, and a window full of pixels that is filled twice is felt.
 void Scene::paintGround(std::span<const PixelRect> areas, const Spans &rows, const Spans &cols) {
     const Colour colour = colours_.of(look_.BackColorBkg);
@@ -205,9 +205,15 @@ void Scene::paintGround(std::span<const PixelRect> areas, const Spans &rows, con
         return spans.empty() ? 0 : pixels_.edge(spans.back().start + spans.back().size);
     };
     for (const PixelRect &area : areas) {
-        const int left = std::max(area.left, end(cols));
         const int top = std::max(area.top, end(rows));
-        fill({left, area.top, area.right() - left, area.height}, colour);
+        if (isRightToLeft()) {
+            const int begin = cols.empty() ? area.right() : pixels_.edge(cols.front().start);
+            fill({area.left, area.top, std::min(begin, area.right()) - area.left, area.height},
+                 colour);
+        } else {
+            const int left = std::max(area.left, end(cols));
+            fill({left, area.top, area.right() - left, area.height}, colour);
+        }
         fill({area.left, top, area.width, area.bottom() - top}, colour);
     }
 }
@@ -216,7 +222,7 @@ void Scene::paintRow(std::span<const PlacedCell> cells) {
     const int line = pixels_.lineWidth();
     FillRun grounds;
     for (const PlacedCell &placed : cells)
-        grounds.add(roomOf(placed.place), groundOf(placed.cell), painter_, line);
+        grounds.add(pixels_.withoutLines(placed.place), groundOf(placed.cell), painter_, line);
     grounds.flush(painter_);
     for (const PlacedCell &placed : cells)
         paintContent(placed.cell, placed.place);
@@ -224,8 +230,8 @@ void Scene::paintRow(std::span<const PlacedCell> cells) {
     for (const auto &[cell, place, col] : cells) {
         const Colour colour =
             colours_.of(grid_.isFixed(cell.row, cell.col) ? look_.GridColorFixed : look_.GridColor);
-        linesDown_[col].add({place.right() - line, place.top, line, place.height}, colour,
-                            painter_);
+        const int left = isRightToLeft() ? place.left : place.right() - line;
+        linesDown_[col].add({left, place.top, line, place.height}, colour, painter_);
         lineAcross.add({place.left, place.bottom() - line, place.width, line}, colour, painter_);
     }
     lineAcross.flush(painter_);
@@ -243,7 +249,7 @@ Colour Scene::groundOf(CellAddress cell) const {
 void Scene::paintContent(CellAddress cell, const PixelRect &place) {
     if (edited_ == cell)
         return;
-    const PixelRect room = roomOf(place);
+    const PixelRect room = pixels_.withoutLines(place);
     const Colour text =
         colours_.text(grid_.foreColorOf(cell.row, cell.col), grid_.backColorOf(cell.row, cell.col));
     paintText(cell, room, text);
@@ -305,6 +311,10 @@ void Scene::paintText(CellAddress cell, const PixelRect &room, Colour colour) {
     } else if (isNumber) {
         text.across = Third::Far;
     }
+    // Numbers stand with their units one below the other, also where texts begin at the right.
+    const bool isAmount = isNumber || state_.columns.isNumeric(cell.col);
+    if (isRightToLeft() && !(isAmount && text.across == Third::Far))
+        text.across = static_cast<Third>(2 - static_cast<int>(text.across));
     text.hasLineEnds = shown.find('\n') != std::string_view::npos;
     text.mayWrap = look_.WordWrap && !isNumber;
     if (isNumber && state_.columns.isNumeric(cell.col))

@@ -45,7 +45,8 @@ void BoxEditor::follow(const Rect &cell) {
         frame_->setPlace(cell);
     if (button_ != nullptr)
         button_->setPlace(
-            {cell.right() - button_->Width(), cell.top, button_->Width(), cell.height});
+            {state_.grid.view.isRightToLeft() ? cell.left : cell.right() - button_->Width(),
+             cell.top, button_->Width(), cell.height});
 }
 
 void BoxEditor::hide() {
@@ -67,6 +68,7 @@ bool BoxEditor::keyDown(KeyCode key, ShiftState shift) {
     const bool isCommand = (shift & (Shift::Ctrl | Shift::Alt)) != 0;
     const bool walks = key == Key::Tab && state_.walksByTab(shift);
     const bool back = shift == Shift::Shift;
+    const KeyCode inText = state_.inText(key, box_.Text());
     if (walks && !navigator_.canWalk(back))
         return false;
     if (walks && mayLeave()) {
@@ -77,11 +79,11 @@ bool BoxEditor::keyDown(KeyCode key, ShiftState shift) {
         session_.cancel();
     } else if (key == Key::F10 && !isCommand) {
         pressButton();
-    } else if (!isCommand && leavesBy(key, shift)) {
+    } else if (!isCommand && leavesBy(inText, shift)) {
         if (mayLeave())
-            session_.leave([this, key] { moveOn(key); });
+            session_.leave([this, to = state_.inOrder(key)] { moveOn(to); });
     } else {
-        return box_.keyDown(key, shift);
+        return box_.keyDown(inText, shift);
     }
     return true;
 }

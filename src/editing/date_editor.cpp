@@ -151,7 +151,8 @@ void DateEditor::placeCalendar() {
     const Twips lowest = std::max(0, view.Height() - frame.Height());
     const Twips top = fitsBelow || above < 0 ? below : above;
     const Twips rightmost = std::max(0, view.Width() - frame.Width());
-    frame.moveTo(std::clamp(cell.left, 0, rightmost), std::clamp(top, 0, lowest));
+    const Twips left = view.isRightToLeft() ? cell.right() - frame.Width() : cell.left;
+    frame.moveTo(std::clamp(left, 0, rightmost), std::clamp(top, 0, lowest));
 }
 
 void DateEditor::setCalendarSize(Twips width, Twips height) {

@@ -21,7 +21,7 @@ Dealt GridInput::keyDown(KeyCode key, ShiftState shift) {
     const KeyCode answered = state_.link.TableKeyDown(key, shift, state_.grid.current());
     if (state_.link.isClosed())
         return Dealt::Yes;
-    dropsNextKeyPress_ = answered == 0 || actOn(answered, shift);
+    dropsNextKeyPress_ = answered == 0 || actOn(state_.inOrder(answered), shift);
     return dropsNextKeyPress_ ? Dealt::Yes : Dealt::No;
 }
 
@@ -183,7 +183,8 @@ void GridInput::mouseDown(MouseButton button, Twips x, Twips y) {
     const GridView &view = state_.grid.view;
     if (const std::optional<int> edge = view.columnEdgeAt(x, y, edgeTolerance);
         edge && button == MouseButton::Left) {
-        drag_ = ColumnDrag{*edge, view.cellRect(0, *edge).left};
+        const Rect column = view.cellRect(0, *edge);
+        drag_ = ColumnDrag{*edge, view.isRightToLeft() ? column.right() : column.left};
         return;
     }
     const std::optional<CellAddress> cell = view.hitTest(x, y);
@@ -195,7 +196,8 @@ void GridInput::mouseMove(Twips x) {
     GridTable &table = state_.grid.table;
     if (!drag_ || drag_->col >= table.Cols())
         return;
-    table.setColWidth(drag_->col, std::max(x - drag_->left, narrowestColumn));
+    const Twips width = state_.grid.view.isRightToLeft() ? drag_->start - x : x - drag_->start;
+    table.setColWidth(drag_->col, std::max(width, narrowestColumn));
 }
 
 void GridInput::mouseUp(MouseButton button, Twips x, Twips y) {
@@ -216,7 +218,8 @@ void GridInput::popUpMenuAtCell() {
         return;
     state_.grid.view.ensureVisible(cell.row, cell.col);
     const Rect place = state_.grid.view.cellRect(cell.row, cell.col);
-    state_.link.face().popUpMenu(place.left, place.bottom());
+    state_.link.face().popUpMenu(state_.grid.view.isRightToLeft() ? place.right() : place.left,
+                                 place.bottom());
 }
 
 void GridInput::doubleClick(Twips x, Twips y) {

@@ -37,8 +37,8 @@ public:
 private:
     struct ColumnDrag {
         int col = 0;
-        /// The column's left border stays where it is.
-        Twips left = 0;
+        /// Where the column begins, which stays where it is.
+        Twips start = 0;
     };
 
     [[nodiscard]] bool actOn(KeyCode key, ShiftState shift);

@@ -28,7 +28,10 @@ TextEditor::TextEditor(ControlState &state, EditSession &session, Navigator &nav
 
 Rect TextEditor::placeOver(const Rect &cell) const {
     const Twips margin = button() != nullptr ? button()->Width() + buttonGap : numberMargin;
-    return {0, 0, cell.width - (isNumeric() ? margin : 0), cell.height};
+    const Twips kept = isNumeric() ? margin : 0;
+    // The button stands where the text would begin.
+    const bool isPushed = button() != nullptr && state_.grid.view.isRightToLeft();
+    return {isPushed ? kept : 0, 0, cell.width - kept, cell.height};
 }
 
 void TextEditor::load(const EditStart &start, const std::string &text) {

@@ -5,6 +5,7 @@
 /// rules that keep it consistent; what the control does with it stands in editing/ and rows/.
 
 #include "model/grid/flex_grid.h"
+#include "model/text/direction.h"
 #include "state/change_hub.h"
 #include "state/column_settings.h"
 #include "state/entry_rules.h"
@@ -79,6 +80,11 @@ private:
     int CurrentCol_ = 0;
 };
 
+/// Left for Right and Right for Left.
+[[nodiscard]] constexpr KeyCode turned(KeyCode key) noexcept {
+    return key == Key::Left ? Key::Right : key == Key::Right ? Key::Left : key;
+}
+
 struct ControlState {
     ControlState(FlexGridEvents &gridEvents, WidgetListener &widgetListener)
         : grid(gridEvents), columns(grid.table), widgets(widgetListener) {}
@@ -97,6 +103,14 @@ struct ControlState {
     void setStatusCell(bool status) {
         settings.SetStatusCell = status;
         grid.view.setRedraw(status);
+    }
+    /// What an arrow key means to the order of columns and days, which may go to the left.
+    [[nodiscard]] KeyCode inOrder(KeyCode key) const noexcept {
+        return grid.view.isRightToLeft() ? turned(key) : key;
+    }
+    /// The same in the editor's text, which has a direction of its own.
+    [[nodiscard]] KeyCode inText(KeyCode key, std::string_view text) const noexcept {
+        return grid.view.isRightToLeft() && runsRightToLeft(text) ? turned(key) : key;
     }
     [[nodiscard]] bool isCursorOnCell() const noexcept {
         return grid.table.hasCell(cursor.CurrentRow(), cursor.CurrentCol());

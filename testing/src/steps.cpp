@@ -98,6 +98,16 @@ Actions locale(Stage &stage, Words &words, const Line & /*line*/) {
     return {};
 }
 
+Actions read(Stage &stage, Words &words, const Line & /*line*/) {
+    words.require("from");
+    words.require("the");
+    const bool rightToLeft = words.take("right");
+    if (!rightToLeft)
+        words.require("left");
+    stage.driver.setRightToLeft(rightToLeft);
+    return {};
+}
+
 Actions today(Stage &stage, Words &words, const Line & /*line*/) {
     words.require("is");
     stage.driver.face.date = words.next<Date>("a date");
@@ -197,7 +207,8 @@ Actions drag(Stage &stage, Words &words, const Line & /*line*/) {
     const Rect header = stage.screen().cellRect({0, words.number("a column")});
     words.require("by");
     const Twips distance = words.number("a distance");
-    const Point from{header.right(), header.top + header.height / 2};
+    const bool rightToLeft = stage.screen().isRightToLeft();
+    const Point from{rightToLeft ? header.left : header.right(), header.top + header.height / 2};
     const Twips to = from.x + distance;
     return {[=](Driver &driver) { driver.pressMouse(MouseButton::Left, from.x, from.y); },
             [=](Driver &driver) { driver.moveMouse(from.x + distance / 2, from.y); },
@@ -321,6 +332,7 @@ constexpr std::pair<std::string_view, Step> steps[] = {
     {"resize", resize},
     {"focus", focus},
     {"locale", locale},
+    {"read", read},
     {"today", today},
     {"clipboard", clipboard},
     {"type", type},

@@ -54,7 +54,9 @@ void NativeCombo::mirror() {
     frame->setGeometry(toQRect(pixels.inside(pixels.withoutLines(editor->frame))));
     setGeometry(toQRect(pixels.around(pixels.rect(box.place))));
     const int textWidth = screen.placeOf(*editor, pixels).width;
-    arrow_ = frame->rect().adjusted(textWidth, 0, 0, 0).translated(-pos());
+    arrow_ = (screen.isRightToLeft() ? frame->rect().adjusted(0, 0, -textWidth, 0)
+                                     : frame->rect().adjusted(textWidth, 0, 0, 0))
+                 .translated(-pos());
     setFont(completedFont(editor->Font, around_.owner));
     view()->setFont(font());
     const ScreenList list = screen.list();

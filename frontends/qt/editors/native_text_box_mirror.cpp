@@ -49,11 +49,15 @@ void NativeTextBox::place(const ScreenEditor &editor) {
     frame->setGeometry(inner);
     setGeometry(0, 0, where.width, inner.height());
     const int side = textMargin - ownMargin;
-    const QMargins margins(side, 0, side - (editor.alignsRight ? caretRoom : 0) + where.covered, 0);
+    const bool rightToLeft = around_.screen().isRightToLeft();
+    const int end = side - (editor.alignsRight ? caretRoom : 0);
+    const QMargins margins(side + (rightToLeft ? where.covered : 0), 0,
+                           end + (rightToLeft ? 0 : where.covered), 0);
     if (textMargins() != margins)
         setTextMargins(margins);
-    const Qt::Alignment alignment =
-        (editor.alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    // Absolutely: else a text that is written to the left would turn it round.
+    const Qt::Alignment alignment = (editor.alignsRight ? Qt::AlignRight : Qt::AlignLeft) |
+                                    Qt::AlignAbsolute | Qt::AlignVCenter;
     if (this->alignment() != alignment)
         setAlignment(alignment);
     if (moved)

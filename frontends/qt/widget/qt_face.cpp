@@ -85,7 +85,10 @@ void QtFace::popUpMenu(Twips x, Twips y) {
                              guarded([&] { parts.input().menuChosen(name); });
                          });
     }
-    menu->popup(parts_.canvas->mapToGlobal(QPoint(x / twipsPerPixel, y / twipsPerPixel)));
+    const bool rightToLeft = parts_.screen().isRightToLeft();
+    menu->setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    const int back = rightToLeft ? menu->sizeHint().width() : 0;
+    menu->popup(parts_.canvas->mapToGlobal(QPoint(x / twipsPerPixel - back, y / twipsPerPixel)));
 }
 
 void QtFace::showWarning(std::string_view title, std::string_view text) {

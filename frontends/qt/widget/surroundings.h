@@ -24,7 +24,9 @@ public:
     [[nodiscard]] const Screen &screen() const noexcept { return control_.screen(); }
     [[nodiscard]] Input &input() const noexcept { return control_.input(); }
     /// The screen's pixels, for placing native children.
-    [[nodiscard]] DevicePixels pixels() const { return DevicePixels(owner.devicePixelRatioF()); }
+    [[nodiscard]] DevicePixels pixels() const {
+        return DevicePixels(owner.devicePixelRatioF(), screen().isRightToLeft());
+    }
     /// The owner's colours as they are shown now: disabled, inactive or active.
     [[nodiscard]] Palette palette() const {
         return toPalette(owner.palette(), !owner.isEnabled()       ? QPalette::Disabled

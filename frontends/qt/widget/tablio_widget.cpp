@@ -76,6 +76,9 @@ void TablioWidget::changeEvent(QEvent *event) {
     case QEvent::ActivationChange:
         d_->showAnew();
         break;
+    case QEvent::LayoutDirectionChange:
+        guarded([&] { d_->followDirection(); });
+        break;
     case QEvent::LocaleChange:
         d_->face.forgetNumberFormat();
         break;

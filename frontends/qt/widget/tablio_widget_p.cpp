@@ -6,6 +6,7 @@
 #include "grid/grid_canvas.h"
 #include "widget/guarded.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
@@ -21,6 +22,7 @@ TablioWidgetPrivate::TablioWidgetPrivate(TablioWidget &itself)
     : Surroundings(itself, core), widget(itself), face(*this), host(makeHostSignals(itself)) {
     makeChildren();
     fitRowsToFont();
+    followDirection();
     core.startThemed();
     core.setFace(&face);
     core.setHost(host.get());
@@ -137,12 +139,14 @@ void TablioWidgetPrivate::arrange() {
         screen().arranged(room.width() * twipsPerPixel, room.height() * twipsPerPixel,
                           breadth * twipsPerPixel, depth * twipsPerPixel);
     const QSize inner(grid.width / twipsPerPixel, grid.height / twipsPerPixel);
-    canvas->setGeometry(QRect(room.topLeft(), inner));
+    const int left = room.x() + grid.left / twipsPerPixel;
+    const int beside = screen().isRightToLeft() ? room.x() : left + inner.width();
+    canvas->setGeometry(QRect(QPoint(left, room.y()), inner));
     if (notice != nullptr)
         notice->setGeometry(canvas->rect());
-    vertical->setGeometry(room.x() + inner.width(), room.y(), breadth, inner.height());
-    horizontal->setGeometry(room.x(), room.y() + inner.height(), inner.width(), depth);
-    corner->setGeometry(room.x() + inner.width(), room.y() + inner.height(), breadth, depth);
+    vertical->setGeometry(beside, room.y(), breadth, inner.height());
+    horizontal->setGeometry(left, room.y() + inner.height(), inner.width(), depth);
+    corner->setGeometry(beside, room.y() + inner.height(), breadth, depth);
     vertical->setVisible(grid.hasRowBar);
     horizontal->setVisible(grid.hasColBar);
     corner->setVisible(grid.hasRowBar && grid.hasColBar);
@@ -193,6 +197,19 @@ void TablioWidgetPrivate::showAnew() {
     arrange();
     mirror();
     canvas->update();
+}
+
+void TablioWidgetPrivate::followDirection() {
+    const Qt::LayoutDirection direction = widget.layoutDirection();
+    const QPointer<TablioWidget> alive(&widget);
+    input().setRightToLeft(direction == Qt::RightToLeft);
+    if (!alive)
+        return;
+    // The canvas, on which positions are counted from the left, keeps the direction from these.
+    calendar->setLayoutDirection(direction);
+    combo->setLayoutDirection(direction);
+    combo->view()->setLayoutDirection(direction);
+    showAnew();
 }
 
 void TablioWidgetPrivate::fitRowsToFont() {

@@ -83,6 +83,8 @@ public:
     void showAnew();
     /// Shows or takes away what stands in the table's place when its settings cannot be read.
     void showProblem();
+    /// Tells the core from which side the widget is read.
+    void followDirection();
     /// Tells the core how high the widget's font is.
     void fitRowsToFont();
 

@@ -94,6 +94,13 @@ void GridView::setSize(Twips width, Twips height) {
     tableChanged();
 }
 
+void GridView::setRightToLeft(bool rightToLeft) {
+    if (rightToLeft == rightToLeft_)
+        return;
+    rightToLeft_ = rightToLeft;
+    tableChanged();
+}
+
 void GridView::setTopRow(int row) {
     table_.checkRow(row, "TopRow");
     scrollTo(Axis{table_, true}.clamped(row, height_), leftCol_);
@@ -141,8 +148,9 @@ void GridView::setRedraw(bool redraw) {
 
 Rect GridView::cellRect(int row, int col) const {
     table_.checkCell({row, col}, "cell rectangle");
-    return {Axis{table_, false}.position(col, leftCol_), Axis{table_, true}.position(row, topRow_),
-            table_.ColWidth(col), table_.RowHeight(row)};
+    const Twips width = table_.ColWidth(col);
+    return {leftOf(Axis{table_, false}.position(col, leftCol_), width),
+            Axis{table_, true}.position(row, topRow_), width, table_.RowHeight(row)};
 }
 
 std::vector<GridView::Span> GridView::visibleRows() const {
@@ -150,7 +158,10 @@ std::vector<GridView::Span> GridView::visibleRows() const {
 }
 
 std::vector<GridView::Span> GridView::visibleCols() const {
-    return Axis{table_, false}.visible(leftCol_, width_);
+    std::vector<Span> cols = Axis{table_, false}.visible(leftCol_, width_);
+    for (Span &col : cols)
+        col.start = leftOf(col.start, col.size);
+    return cols;
 }
 
 std::optional<CellAddress> GridView::hitTest(Twips x, Twips y) const {
@@ -165,7 +176,7 @@ std::optional<int> GridView::columnEdgeAt(Twips x, Twips y, Twips tolerance) con
     if (y < 0 || y >= fixedHeight())
         return std::nullopt;
     for (const Span &span : visibleCols()) {
-        if (std::abs(span.start + span.size - x) <= tolerance)
+        if (std::abs(span.start + (rightToLeft_ ? 0 : span.size) - x) <= tolerance)
             return span.index;
     }
     return std::nullopt;
@@ -179,7 +190,7 @@ void GridView::invalidateCell(int row, int col) {
     if (!rowMayBeVisible(row) || (col >= table_.FixedCols() && col < leftCol_))
         return;
     const Rect cell = cellRect(row, col);
-    if (cell.left < width_)
+    if (cell.left < width_ && cell.right() > 0)
         report(cell);
 }
 

@@ -37,6 +37,10 @@ public:
     [[nodiscard]] Twips Width() const noexcept { return width_; }
     [[nodiscard]] Twips Height() const noexcept { return height_; }
     void setSize(Twips width, Twips height);
+    /// Whether the columns go from the right to the left; positions are counted from the left in
+    /// any case.
+    [[nodiscard]] bool isRightToLeft() const noexcept { return rightToLeft_; }
+    void setRightToLeft(bool rightToLeft);
 
     /// The first row below the fixed ones; a row too far down to fill the view is corrected.
     [[nodiscard]] int TopRow() const noexcept { return topRow_; }
@@ -60,7 +64,7 @@ public:
     [[nodiscard]] std::vector<Span> visibleRows() const;
     [[nodiscard]] std::vector<Span> visibleCols() const;
     [[nodiscard]] std::optional<CellAddress> hitTest(Twips x, Twips y) const;
-    /// The column whose right border in the header is at most this far from the point.
+    /// The column whose border in the header, at its end, is at most this far from the point.
     [[nodiscard]] std::optional<int> columnEdgeAt(Twips x, Twips y, Twips tolerance) const;
 
     void invalidateCell(int row, int col);
@@ -72,6 +76,10 @@ public:
 
 private:
     [[nodiscard]] Twips fixedHeight() const;
+    /// Where a column begins that the first one is so far before.
+    [[nodiscard]] Twips leftOf(Twips position, Twips width) const noexcept {
+        return rightToLeft_ ? width_ - position - width : position;
+    }
     [[nodiscard]] bool rowMayBeVisible(int row) const;
     void scrollTo(int top, int left);
     void report(const Rect &area);
@@ -82,6 +90,7 @@ private:
     Twips height_ = 0;
     int topRow_ = 1;
     int leftCol_ = 0;
+    bool rightToLeft_ = false;
     bool redraw_ = true;
     bool dirty_ = false;
     bool scrolled_ = false;

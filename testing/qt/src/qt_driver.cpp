@@ -316,6 +316,10 @@ void QtDriver::setLocale(const NumberFormat &locale) {
     throw Error("no locale has these signs");
 }
 
+void QtDriver::setRightToLeft(bool rightToLeft) {
+    grid_->setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
 void QtDriver::setClipboard(std::string_view text) {
     QGuiApplication::clipboard()->setText(asQString(text));
 }

@@ -60,6 +60,7 @@ public:
 
     // The platform. Whoever overrides these makes the front end's own face answer (`face`).
     virtual void setLocale(const NumberFormat &locale) { face.locale = locale; }
+    virtual void setRightToLeft(bool rightToLeft) { input().setRightToLeft(rightToLeft); }
     virtual void setClipboard(std::string_view text) { face.clipboard = text; }
 
     // Keyboard. Here and below a handler may destroy the control between one call and the next.

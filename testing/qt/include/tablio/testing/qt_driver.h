@@ -57,6 +57,7 @@ public:
     [[nodiscard]] Value readMember(std::string_view name, const Values &index) override;
     /// The grid gets a locale with these signs; throws Error where Qt knows none.
     void setLocale(const NumberFormat &locale) override;
+    void setRightToLeft(bool rightToLeft) override;
     void setClipboard(std::string_view text) override;
 
     void strike(const KeyStroke &stroke) override;
