@@ -1,13 +1,16 @@
 #include "grid/grid_canvas.h"
 
+#include "grid/cell_tip.h"
 #include "grid/grid_painter.h"
 #include "widget/guarded.h"
 #include "widget/surroundings.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -58,6 +61,17 @@ void GridCanvas::showScrolled() {
         update();
     else
         scroll(0, move.distance, QRect(0, move.top, width(), height() - move.top));
+}
+
+bool GridCanvas::event(QEvent *event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto &help = static_cast<QHelpEvent &>(*event);
+    const QString tip = tipAt(help.pos(), around_, fonts_);
+    // A cell's text is no markup.
+    QToolTip::showText(help.globalPos(), tip.toHtmlEscaped(), this);
+    event->setAccepted(!tip.isEmpty());
+    return true;
 }
 
 void GridCanvas::paintEvent(QPaintEvent *event) {
