@@ -162,6 +162,11 @@ export interface TablioMembers {
     entryRules: TEntryRules;
     tabWalks: boolean;
     undoTableClear(): boolean;
+    resizeColumn(index: number): void;
+    resizeColumns(): void;
+    stretchColumn: number;
+    layout: string;
+    checkBoxFrame: boolean;
 }
 
 /** A handler may write into what is not readonly; preventDefault() refuses. */

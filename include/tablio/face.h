@@ -72,6 +72,10 @@ public:
     /// What text without a font of its own is shown in.
     [[nodiscard]] virtual Font defaultFont() const { return {}; }
 
+    /// How wide a text is in one line of such a font, in which what is empty is the face's own. A
+    /// face that cannot measure answers what is usual.
+    [[nodiscard]] virtual Twips textWidth(std::string_view text, const Font &font) const;
+
     /// Lets the user interface breathe during a long scan. It may come very often; the face
     /// decides how seldom it really does something.
     virtual void letPendingEventsRun() {}

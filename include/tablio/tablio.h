@@ -150,6 +150,16 @@ public:
                         int NewColMaxlength = 64, std::string_view NewColFormat = {});
 
     // Sizes and painting.
+    /// Makes the column as wide as its longest texts and its header, or all columns.
+    void ResizeColumn(int Index);
+    void ResizeColumns();
+    /// The column that takes the room which the others leave; -1 for none.
+    [[nodiscard]] int StretchColumn() const;
+    void setStretchColumn(int col);
+    /// The widths of all columns as a text, for the next time that the form is opened. A text that
+    /// is none of these, or of another number of columns, changes nothing when it is set.
+    [[nodiscard]] std::string Layout() const;
+    void setLayout(std::string_view layout);
     [[nodiscard]] Twips RowMinHeight() const;
     void setRowMinHeight(Twips height);
     [[nodiscard]] Twips RowHeight(int Row) const;
@@ -184,6 +194,9 @@ public:
     void setStripeColor(Colour colour);
     [[nodiscard]] Colour CheckBoxColor() const;
     void setCheckBoxColor(Colour colour);
+    /// Whether tick cells show a box around their tick, also where it is not set.
+    [[nodiscard]] bool CheckBoxFrame() const;
+    void setCheckBoxFrame(bool framed);
     [[nodiscard]] bool HeaderFontBold() const;
     void setHeaderFontBold(bool bold);
     [[nodiscard]] bool WordWrap() const;

@@ -139,6 +139,11 @@ constexpr std::array memberTable{
     stored(property<&Tablio::EntryRules, &Tablio::setEntryRules>("EntryRules", 0x68040010, Type::EntryRules), {26, 26, Kept::Long, 0}),
     stored(property<&Tablio::TabWalks, &Tablio::setTabWalks>("TabWalks", 0x68040011, Type::Boolean), {27, 27, Kept::Boolean, -1}),
     method<&Tablio::UndoTableClear>("UndoTableClear", 0x60040010, {}, Type::Boolean),
+    method<&Tablio::ResizeColumn>("ResizeColumn", 0x60040020, index32),
+    method<&Tablio::ResizeColumns>("ResizeColumns", 0x60040021),
+    stored(property<&Tablio::StretchColumn, &Tablio::setStretchColumn>("StretchColumn", 0x68040020, Type::Long), {28, 28, Kept::Long, -1}),
+    property<&Tablio::Layout, &Tablio::setLayout>("Layout", 0x68040021, Type::String),
+    stored(property<&Tablio::CheckBoxFrame, &Tablio::setCheckBoxFrame>("CheckBoxFrame", 0x68040022, Type::Boolean), {29, 29, Kept::Boolean, 0}),
 };
 // clang-format on
 

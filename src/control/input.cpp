@@ -4,6 +4,7 @@
 
 #include "model/text/number_text.h"
 #include "model/text/utf16.h"
+#include "state/column_fit.h"
 
 #include <tablio/pixels.h>
 
@@ -304,8 +305,9 @@ void Input::questionAnswered(bool yes) {
 }
 
 void Input::resized(Twips width, Twips height) {
-    UserCall(control_, "resized", width, height)
-        ->state.grid.view.setSize(length(width), length(height));
+    const UserCall control(control_, "resized", width, height);
+    control->state.grid.view.setSize(length(width), length(height));
+    stretchColumn(control->state);
 }
 
 void Input::setRightToLeft(bool rightToLeft) {

@@ -3,6 +3,7 @@
 #include <tablio/screen.h>
 
 #include "control/control.h"
+#include "state/column_fit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,7 +21,11 @@ Arrangement Screen::arranged(Twips width, Twips height, Twips barWidth, Twips ba
     const GridTable &table = control_.state.grid.table;
     const int rows = table.Rows() - table.FixedRows();
     const int cols = table.Cols() - table.FixedCols();
-    const Twips allCols = table.widthOfCols(0, table.Cols());
+    Twips allCols = table.widthOfCols(0, table.Cols());
+    // A column that takes what is left never is what makes the table too wide.
+    const int stretched = control_.state.settings.StretchColumn;
+    if (stretched >= 0 && stretched < table.Cols())
+        allCols -= std::max(0, table.ColWidth(stretched) - narrowestStretched);
     Arrangement result;
     result.hasColBar = !fits(cols, allCols, width);
     const Twips rest = height - (result.hasColBar ? barHeight : 0);

@@ -64,6 +64,13 @@ bool readsAsNumber(std::string_view text) {
     return hasDigit;
 }
 
+/// A red that is seen on the ground.
+Colour refusedColour(Colour ground) {
+    constexpr Colour onLight{0x001414C8};
+    constexpr Colour onDark{0x006E6EFF};
+    return grey(ground) < 128 ? onDark : onLight;
+}
+
 PixelRect shrunk(const PixelRect &rect, int across, int down) {
     return {rect.left + across, rect.top + down, rect.width - 2 * across, rect.height - 2 * down};
 }
@@ -105,7 +112,8 @@ public:
     Scene(const Control &control, const SceneLook &look, ScenePainter &painter)
         : state_(control.state), grid_(state_.grid), look_(grid_.table.look()),
           colours_(look.palette, look.isEnabled), pixels_(look.scale, grid_.view.isRightToLeft()),
-          hasKeyboard_(look.hasKeyboard), painter_(painter) {
+          hasKeyboard_(look.hasKeyboard), textHeight_(control.start.textHeight()),
+          session_(control.session), painter_(painter) {
         if (control.session.isOpen())
             edited_ = control.session.cell();
     }
@@ -134,6 +142,9 @@ private:
     [[nodiscard]] bool isRightToLeft() const { return grid_.view.isRightToLeft(); }
     void paintText(CellAddress cell, const PixelRect &room, Colour colour);
     void paintTick(const PixelRect &room, Colour colour);
+    void paintBox(const PixelRect &room, Colour colour);
+    /// As wide and high as a tick, with its box.
+    [[nodiscard]] double tickSize(const PixelRect &room) const;
     void paintFocus(const PixelRect &room, Colour fill, Colour text);
     void frame(const PixelRect &outer, int width, Colour colour);
     void fill(const PixelRect &area, Colour colour) {
@@ -147,6 +158,8 @@ private:
     PaletteColours colours_;
     DevicePixels pixels_;
     bool hasKeyboard_;
+    Twips textHeight_;
+    const EditSession &session_;
     ScenePainter &painter_;
     /// The cell under the open editor: it is painted without its text.
     std::optional<CellAddress> edited_;
@@ -252,7 +265,12 @@ void Scene::paintContent(CellAddress cell, const PixelRect &place) {
     const PixelRect room = pixels_.withoutLines(place);
     const Colour text =
         colours_.text(grid_.foreColorOf(cell.row, cell.col), grid_.backColorOf(cell.row, cell.col));
+    if (state_.settings.CheckBoxFrame && state_.isCheckCell(cell) &&
+        !grid_.isFixed(cell.row, cell.col))
+        paintBox(room, text);
     paintText(cell, room, text);
+    if (session_.isRefused(cell))
+        frame(room, pixels_.lineWidth(), refusedColour(groundOf(cell)));
     if (isCurrent(cell))
         paintFocus(room, groundOf(cell), text);
 }
@@ -278,8 +296,15 @@ void Scene::frame(const PixelRect &outer, int width, Colour colour) {
     fill({inner.right(), inner.top, width, inner.height}, colour);
 }
 
+double Scene::tickSize(const PixelRect &room) const {
+    const double text = textHeight_ * pixels_.scale() / twipsPerPixel;
+    return std::min(
+        {room.height * 0.62, room.width * 0.8, std::max(12.0 * pixels_.scale(), text * 0.75)});
+}
+
 void Scene::paintTick(const PixelRect &room, Colour colour) {
-    const double side = std::min({room.height * 0.62, room.width * 0.8, 12.0 * pixels_.scale()});
+    // In its box it leaves some room.
+    const double side = tickSize(room) * (state_.settings.CheckBoxFrame ? 0.8 : 1);
     const double left = room.left + room.width / 2.0 - side / 2;
     const double top = room.top + room.height / 2.0 - side / 2;
     painter_.tick({{{{left + side * 0.10, top + side * 0.55},
@@ -287,6 +312,12 @@ void Scene::paintTick(const PixelRect &room, Colour colour) {
                      {left + side * 0.90, top + side * 0.15}}},
                    std::max(1.5 * pixels_.scale(), side / 6),
                    colour});
+}
+
+void Scene::paintBox(const PixelRect &room, Colour colour) {
+    const int side = static_cast<int>(tickSize(room) * 1.15);
+    frame({room.left + (room.width - side) / 2, room.top + (room.height - side) / 2, side, side},
+          pixels_.lineWidth(), colour);
 }
 
 void Scene::paintText(CellAddress cell, const PixelRect &room, Colour colour) {

@@ -25,6 +25,7 @@ public:
     [[nodiscard]] bool rowsFollowText() const {
         return textHeight_ > 0 && state_.grid.table.RowHeightMin() == fittedHeight_;
     }
+    [[nodiscard]] Twips textHeight() const noexcept { return textHeight_; }
     /// From now on, until somebody sets another height.
     void letRowsFollowText();
 

@@ -107,6 +107,15 @@ void Tablio::setCheckBoxColor(Colour colour) {
     setSetting(control_, "CheckBoxColor", &Settings::CheckBoxColor, colour);
 }
 
+bool Tablio::CheckBoxFrame() const { return control_->state.settings.CheckBoxFrame; }
+
+void Tablio::setCheckBoxFrame(bool framed) {
+    setProperty(control_, "CheckBoxFrame", [&](Control &control) {
+        control.state.settings.CheckBoxFrame = framed;
+        control.state.grid.view.invalidateAll();
+    });
+}
+
 bool Tablio::HeaderFontBold() const { return control_->state.settings.HeaderFontBold; }
 
 void Tablio::setHeaderFontBold(bool bold) {

@@ -95,6 +95,8 @@ bool EditSession::EndCellEdit(bool Accept, std::optional<WidgetId> keyboardTo) {
         refused_ = ended;
     else if (refused_ && refused_->cell() == cell)
         refused_.reset();
+    if (isRefused)
+        state_.grid.view.invalidateCell(cell.row, cell.col);
     if (keyboardTo)
         state_.focus.arrive(*keyboardTo);
     return ended.isSameCell() && ended.isSameEdit() && ended.isSameCursor();

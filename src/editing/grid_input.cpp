@@ -1,6 +1,7 @@
 #include "editing/grid_input.h"
 
 #include "editing/box_editor.h"
+#include "state/column_fit.h"
 
 #include <tablio/members.h>
 
@@ -203,6 +204,7 @@ void GridInput::mouseMove(Twips x) {
 void GridInput::mouseUp(MouseButton button, Twips x, Twips y) {
     if (drag_) {
         drag_.reset();
+        stretchColumn(state_);
         state_.link.propertyChanged(Number::ColWidth);
         return;
     }
@@ -223,8 +225,15 @@ void GridInput::popUpMenuAtCell() {
 }
 
 void GridInput::doubleClick(Twips x, Twips y) {
+    if (const auto edge = state_.grid.view.columnEdgeAt(x, y, edgeTolerance)) {
+        drag_.reset();
+        state_.grid.table.setColWidth(*edge, widthForContents(state_, *edge));
+        stretchColumn(state_);
+        state_.link.propertyChanged(Number::ColWidth);
+        return;
+    }
     const std::optional<CellAddress> hit = state_.grid.view.hitTest(x, y);
-    if (!hit || isColumnEdge(x, y))
+    if (!hit)
         return;
     dropsNextClick_ = true;
     const Standing clicked(state_, session_, *hit);

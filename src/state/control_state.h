@@ -35,6 +35,10 @@ struct Settings {
     TEntryRules EntryRules = TEntryRules::Classic;
     /// Whether Tab walks the cells where the rules let it.
     bool TabWalks = true;
+    /// The column that takes what the others leave; -1 for none.
+    int StretchColumn = -1;
+    /// Whether a tick cell shows a box, ticked or not.
+    bool CheckBoxFrame = false;
     /// The control's redraw switch and loaded flag.
     bool SetStatusCell = false;
 };

@@ -236,7 +236,7 @@ TEST(Persistence, KeysAreReadInTheirOrder) {
               "WithFixedColumn PrimaryColumn HeaderFontBold CheckBoxes RowMinHeight StripeColor "
               "CheckBoxColor ColStyle0 ColEditType0 ColFormat0 ColMaxlength0 ColDataType0 "
               "ColCalcStyle0 ColTextHeader0 ColDataAlignment0 ColHeaderAlignment0 ColWidth0 "
-              "EntryRules TabWalks ");
+              "EntryRules TabWalks StretchColumn CheckBoxFrame ");
 }
 
 TEST(Persistence, AHostThatHearsOfTheLoadMayDoAnything) {

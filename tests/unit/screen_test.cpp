@@ -113,6 +113,23 @@ TEST(ScreenTest, ACellSaysThatItsLastEditWasRefused) {
     table.setHost(nullptr);
 }
 
+TEST(ScreenTest, AColumnIsAsWideAsItsLongestText) {
+    Tablio table;
+    table.setRows(5001);
+    table.setCols(2);
+    for (int row = 1; row <= 5000; ++row)
+        table.setTextMatrix(row, 0, "some text");
+    table.setTextMatrix(4000, 0, "the longest one of all of them");
+    table.setColTextHeader(1, "A header above nothing");
+    table.setColWidth(1, 0);
+    // A face that cannot measure takes 90 twips a letter; 105 lie beside the text.
+    table.ResizeColumns();
+    EXPECT_EQ(table.Layout(), "columns 2805 0") << "one that was hidden stays so";
+    table.ResizeColumn(1);
+    EXPECT_EQ(table.ColWidth(1), 2085);
+    EXPECT_THROW(table.ResizeColumn(2), GridError);
+}
+
 TEST(ScreenTest, AWheelKeepsWhatIsLessThanARow) {
     Tablio table;
     table.setRows(50);

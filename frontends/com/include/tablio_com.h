@@ -142,6 +142,11 @@ inline constexpr long CurrentCol = 1745092610;
 inline constexpr long EntryRules = 1745092624;
 inline constexpr long TabWalks = 1745092625;
 inline constexpr long UndoTableClear = 1610874896;
+inline constexpr long ResizeColumn = 1610874912;
+inline constexpr long ResizeColumns = 1610874913;
+inline constexpr long StretchColumn = 1745092640;
+inline constexpr long Layout = 1745092641;
+inline constexpr long CheckBoxFrame = 1745092642;
 } // namespace member
 
 namespace matrixMember {

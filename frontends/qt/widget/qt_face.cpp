@@ -1,5 +1,6 @@
 #include "widget/qt_face.h"
 
+#include "grid/cell_fonts.h"
 #include "grid/grid_canvas.h"
 #include "widget/guarded.h"
 #include "widget/qt_text.h"
@@ -14,6 +15,7 @@
 #include <QMenu>
 #include <QMessageBox>
 
+#include <cmath>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -149,6 +151,12 @@ tablio::Font QtFace::defaultFont() const {
     own.bold = font.bold();
     own.italic = font.italic();
     return own;
+}
+
+Twips QtFace::textWidth(std::string_view text, const tablio::Font &font) const {
+    const QFontMetricsF metrics(completedFont(font, parts_.widget), &parts_.widget);
+    return static_cast<Twips>(
+        std::ceil(metrics.horizontalAdvance(toQString(text)) * twipsPerPixel));
 }
 
 void QtFace::letPendingEventsRun() {

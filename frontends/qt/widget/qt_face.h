@@ -41,6 +41,8 @@ public:
     [[nodiscard]] DateOrder dateOrder() const override;
     [[nodiscard]] tablio::Font defaultFont() const override;
 
+    [[nodiscard]] Twips textWidth(std::string_view text, const tablio::Font &font) const override;
+
     void letPendingEventsRun() override;
     void propertyChanged(MemberNumber number) override;
     /// The widget's signal of that has somebody who hears it.

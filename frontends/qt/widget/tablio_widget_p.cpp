@@ -177,6 +177,14 @@ void TablioWidgetPrivate::showButtons() {
             button.raise();
     };
     show(*lookupButton, WidgetId::cmdLookup);
+    // Its dots would be cut in a large font.
+    QFont font = widget.font();
+    constexpr int border = 6;
+    const int advance = QFontMetrics(font).horizontalAdvance(lookupButton->text());
+    const int room = lookupButton->width() - border;
+    if (lookupButton->isVisible() && advance > room && room > 0 && font.pointSizeF() > 0)
+        font.setPointSizeF(font.pointSizeF() * room / advance);
+    lookupButton->setFont(font);
     show(*calendarButton, WidgetId::cmdCalender);
 }
 

@@ -80,6 +80,11 @@ export const memberRows: readonly MemberRow[] = [
     ['entryRules', 1745092624, 'rw', 0],
     ['tabWalks', 1745092625, 'rw', 0],
     ['undoTableClear', 1610874896, 'c', 0],
+    ['resizeColumn', 1610874912, 'c', 0],
+    ['resizeColumns', 1610874913, 'c', 0],
+    ['stretchColumn', 1745092640, 'rw', 0],
+    ['layout', 1745092641, 'rw', 0],
+    ['checkBoxFrame', 1745092642, 'rw', 0],
 ];
 
 export const eventRows: readonly EventRow[] = [

@@ -73,6 +73,8 @@ class TablioWidget : public QWidget {
                    resetCheckBoxColor STORED false)
     Q_PROPERTY(bool headerFontBold READ headerFontBold WRITE setHeaderFontBold STORED false)
     Q_PROPERTY(EntryRules entryRules READ entryRules WRITE setEntryRules STORED false)
+    Q_PROPERTY(int stretchColumn READ stretchColumn WRITE setStretchColumn STORED false)
+    Q_PROPERTY(bool checkBoxFrame READ checkBoxFrame WRITE setCheckBoxFrame STORED false)
     Q_PROPERTY(bool tabWalks READ tabWalks WRITE setTabWalks STORED false)
     Q_PROPERTY(int markRow READ markRow WRITE setMarkRow DESIGNABLE false STORED false)
     Q_PROPERTY(bool markStatus READ markStatus DESIGNABLE false STORED false)
@@ -167,6 +169,25 @@ public:
     [[nodiscard]] bool gridPopUpMenu() const { return core().GridPopUpMenu(); }
     void setGridPopUpMenu(bool offered) { core().setGridPopUpMenu(offered); }
 
+    // Widths.
+    /// Makes the column as wide as its longest texts and its header; so does a double click on its
+    /// border in the header.
+    Q_INVOKABLE void resizeColumnToContents(int col) { core().ResizeColumn(col); }
+    Q_INVOKABLE void resizeColumnsToContents() { core().ResizeColumns(); }
+    /// The column that takes the room which the others leave; -1 for none.
+    [[nodiscard]] int stretchColumn() const { return core().StretchColumn(); }
+    void setStretchColumn(int col) { core().setStretchColumn(col); }
+    /// The widths of the columns, for the next time that the form is opened. Answers whether they
+    /// could be taken, which needs as many columns as there were.
+    [[nodiscard]] Q_INVOKABLE QByteArray saveLayout() const {
+        return QByteArray::fromStdString(core().Layout());
+    }
+    Q_INVOKABLE bool restoreLayout(const QByteArray &layout) {
+        const std::string text = layout.toStdString();
+        core().setLayout(text);
+        return core().Layout() == text || core().StretchColumn() >= 0;
+    }
+
     // Looks. The widget's own font and palette are what cells use that nobody styled.
     [[nodiscard]] int rowMinHeight() const { return core().RowMinHeight(); }
     void setRowMinHeight(int twips) { core().setRowMinHeight(twips); }
@@ -207,6 +228,9 @@ public:
     [[nodiscard]] QColor checkBoxColor() const { return colour("CheckBoxColor"); }
     /// The ticks of the last column.
     void setCheckBoxColor(const QColor &value) { setColour("CheckBoxColor", value); }
+    /// Whether tick cells show a box around their tick, also where it is not set.
+    [[nodiscard]] bool checkBoxFrame() const { return core().CheckBoxFrame(); }
+    void setCheckBoxFrame(bool framed) { core().setCheckBoxFrame(framed); }
     [[nodiscard]] bool headerFontBold() const { return core().HeaderFontBold(); }
     void setHeaderFontBold(bool bold) { core().setHeaderFontBold(bold); }
     void resetBackColor() { setBackColor({}); }
