@@ -23,7 +23,8 @@ using Values = std::vector<Value>;
 /// Value::missing(). ArgumentCount for too few or too many, UnknownMember for what does not exist
 /// or is used the wrong way; errors of the control pass through unchanged. No member changes its
 /// arguments. A number that is given for a text is written with the decimal sign of the control's
-/// user. What `CellTag` holds is reached through `Value::toObject()`.
+/// user. What `CellTag` holds is reached with a row and a column, or all of it through
+/// `Value::toObject()`.
 class Dispatch {
 public:
     /// The control must live as long as this object is used; a call may destroy both.

@@ -6,8 +6,11 @@
 
 #include <tablio/errors.h>
 #include <tablio/tablio.h>
+#include <tablio/tmatrix.h>
 
 #include <string>
+#include <type_traits>
+#include <variant>
 
 namespace tablio {
 
@@ -72,9 +75,53 @@ Values fitted(Tablio &control, const Member &member, const Values &given) {
     return result;
 }
 
+/// What a caller can be given of what hangs on a cell; an object of the host's own is Empty.
+Value valueOf(const MatrixValue &held) {
+    return std::visit(
+        [](const auto &value) -> Value {
+            using Held = std::decay_t<decltype(value)>;
+            if constexpr (std::is_same_v<Held, std::int64_t>)
+                return static_cast<double>(value);
+            else if constexpr (std::is_convertible_v<Held, Value>)
+                return value;
+            else
+                return {};
+        },
+        held);
+}
+
+MatrixValue matrixValueOf(const Value &value) {
+    switch (value.type()) {
+    case Value::Type::Boolean:
+        return value.toBoolean();
+    case Value::Type::Integer:
+        return value.toInteger();
+    case Value::Type::Long:
+        return value.toLong();
+    case Value::Type::Double:
+        return value.toDouble();
+    default:
+        return value.toText();
+    }
+}
+
+/// The cell of a matrix that a caller names by indexes although the member itself has none.
+CellAddress cellOf(Tablio &control, const Values &index) {
+    const Values cell = fitted(control, matrixMembers().front(), index);
+    return {cell[0].toInteger(), cell[1].toInteger()};
+}
+
+bool isCellOfMatrix(const Member &member, const Values &index) noexcept {
+    return member.type == MemberType::Matrix && !index.empty();
+}
+
 Value readMember(Tablio &control, const Member &member, const Values &arguments) {
     if (member.read == nullptr)
         refuse(member, "cannot be read");
+    if (isCellOfMatrix(member, arguments)) {
+        const CellAddress cell = cellOf(control, arguments);
+        return valueOf(member.read(control, {}).toObject()->Text(cell.row, cell.col));
+    }
     const Value result = member.read(control, fitted(control, member, arguments));
     // The typed function may count in a wider type than the interface.
     return fitted(control, member, "result", -1, member.type, result);
@@ -89,6 +136,11 @@ Value getProperty(Tablio &control, const Member &member, const Values &index) {
 void putProperty(Tablio &control, const Member &member, const Value &value, const Values &index) {
     if (member.write == nullptr)
         refuse(member, "cannot be written");
+    if (isCellOfMatrix(member, index)) {
+        const CellAddress cell = cellOf(control, index);
+        member.read(control, {}).toObject()->setText(cell.row, cell.col, matrixValueOf(value));
+        return;
+    }
     Values arguments = fitted(control, member, index);
     arguments.push_back(
         fitted(control, member, "value", static_cast<int>(index.size()), member.type, value));

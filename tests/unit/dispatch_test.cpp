@@ -104,6 +104,13 @@ TEST_F(DispatchTest, ConvertsArgumentsAndFillsInWhatIsLeftOut) {
     EXPECT_EQ(table.ColHeaderAlignment(1), TColumnAlignment::ColumnRight);
     EXPECT_EQ(table.ColDataAlignment(1), TColumnAlignment::ColumnLeft);
 
+    // What hangs on a cell keeps its type.
+    for (const Value &tag : {Value(7), Value(0.5), Value(true), Value("seven")}) {
+        dispatch.put("CellTag", tag, {1, "2"});
+        EXPECT_EQ(dispatch.call("CellTag", {1, 2}), tag);
+    }
+    EXPECT_EQ(dispatch.get("CellTag", {2, 1}), Value(""));
+
     // A number for a text is written as the user writes numbers.
     table.setColEditType(1, TColumnType::ColumnDecimal);
     table.setColFormat(1, "###,##0.00");
@@ -143,6 +150,7 @@ TEST_F(DispatchTest, RefusesWithTheRightErrorAndChangesNothing) {
         {put, "Rows", {}, "many", "mismatch 0"},
         {put, "Font", {}, 9, "mismatch 0"},
         {put, "TextMatrix", {1, 1}, Font{}, "mismatch 2"},
+        {get, "CellTag", {1}, {}, "count"},
         {call, "ComboAddItem", {Font{}}, {}, "mismatch 0"},
         {call, "SetColProperty", {1, "", 40000}, {}, "overflow 2"},
         {put, "Rows", {}, 40000, "overflow"},
