@@ -100,6 +100,8 @@ public:
     /// The user went to another day of the calendar, or picked one.
     void calendarMoved(EditNumber edit, const Date &day);
     void calendarPicked(EditNumber edit, const Date &day);
+    /// The user turned the calendar so many months on, or back; the day goes along.
+    void calendarTurned(EditNumber edit, int months);
     /// The native calendar has this size.
     void calendarSized(Twips width, Twips height);
     /// The user chose an entry of the pop-up menu.

@@ -290,6 +290,13 @@ void Input::calendarMoved(EditNumber edit, const Date &day) {
         control->state.widgets.mvCalender.setValue(day);
 }
 
+void Input::calendarTurned(EditNumber edit, int months) {
+    const Call control(control_);
+    Calendar &calendar = control->state.widgets.mvCalender;
+    if (control->session.isOpen(edit))
+        calendar.setValue(calendar.Value().addMonths(months));
+}
+
 void Input::calendarPicked(EditNumber edit, const Date &day) {
     const UserCall control(control_, "calendarPicked", textOf(day));
     if (control->session.isOpen(edit) && exists(day))
