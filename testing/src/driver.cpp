@@ -2,8 +2,6 @@
 
 #include <tablio/members.h>
 
-#include <variant>
-
 namespace tablio::scenario {
 
 namespace {
@@ -14,6 +12,21 @@ bool isTag(const Member &member, const Values &index) {
 }
 
 } // namespace
+
+void makeBare(Tablio &core) {
+    Tablio bare;
+    for (const Member &member : members()) {
+        // InitProperties sets the control's own; these are the table's.
+        const bool isOwn = member.name == "StripeColor" || member.name == "CheckBoxColor";
+        if (member.type != MemberType::Colour || member.stored.written == 0 || isOwn)
+            continue;
+        const Value colour = member.read(bare, {});
+        member.write(core, {&colour, 1});
+    }
+    core.setRowMinHeight(bare.RowMinHeight());
+    core.InitProperties();
+    core.TableClear();
+}
 
 Value Driver::callMember(std::string_view name, const Values &arguments) {
     const Member &member = findMember(name);
@@ -28,7 +41,7 @@ void Driver::setMember(std::string_view name, const Values &index, const Value &
     Values values = index;
     values.push_back(value);
     if (isTag(member, index))
-        core()->CellTag()->setText(index[0].toLong(), index[1].toLong(), value.toText());
+        Dispatch(*core()).put(member.number, value, index);
     else
         member.write(*core(), values);
 }
@@ -36,7 +49,7 @@ void Driver::setMember(std::string_view name, const Values &index, const Value &
 Value Driver::readMember(std::string_view name, const Values &index) {
     const Member &member = findMember(name);
     if (isTag(member, index))
-        return std::get<std::string>(core()->CellTag()->Text(index[0].toLong(), index[1].toLong()));
+        return Dispatch(*core()).get(member.number, index);
     return member.read(*core(), index);
 }
 

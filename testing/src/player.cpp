@@ -162,6 +162,7 @@ void Player::begin(const ScenarioFile &file, const Scenario &scenario) {
     Driver &driver = parts.stage.driver;
     driver.face = RecordingFace();
     driver.create(controlWidth, controlHeight);
+    driver.events = &parts.stage.host;
     driver.setHost(parts.stage.host.relay.get());
 }
 

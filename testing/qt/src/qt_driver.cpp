@@ -3,7 +3,6 @@
 #include "native_check.h"
 #include "widget_members.h"
 
-#include <tablio/members.h>
 #include <tablio/testing/script.h>
 
 #include <QAbstractItemView>
@@ -117,22 +116,6 @@ QObject &keyboardOwner() {
     if (owner == nullptr)
         throw ScriptError("no widget has the keyboard; has the form been closed?");
     return *owner;
-}
-
-/// A scenario starts from the control's own defaults, not from a theme's.
-void makeBare(Tablio &core) {
-    Tablio bare;
-    for (const Member &member : members()) {
-        // InitProperties sets the control's own; these are the table's.
-        const bool isOwn = member.name == "StripeColor" || member.name == "CheckBoxColor";
-        if (member.type != MemberType::Colour || member.stored.written == 0 || isOwn)
-            continue;
-        const Value colour = member.read(bare, {});
-        member.write(core, {&colour, 1});
-    }
-    core.setRowMinHeight(bare.RowMinHeight());
-    core.InitProperties();
-    core.TableClear();
 }
 
 std::unique_ptr<QWidget> makeBareForm() {

@@ -50,6 +50,9 @@ public:
     virtual void enterFocus() { input().focusEntered(); }
     virtual void leaveFocus() { input().focusLeft(); }
 
+    /// The host that setHost() gets, for a face whose events come by number.
+    EventSink *events = nullptr;
+
     // The host. Names and types are those of the control's member table; `CellTag` with a row and a
     // column is the text that the host keeps with that cell. Optional arguments that a scenario
     // leaves out are left to the face. What the control throws passes through.
@@ -117,5 +120,8 @@ private:
         return editor ? editor->edit : 0;
     }
 };
+
+/// Takes a theme's looks off a new control: scenarios start from the control's own defaults.
+void makeBare(Tablio &core);
 
 } // namespace tablio::scenario
