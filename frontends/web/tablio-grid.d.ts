@@ -8,8 +8,8 @@
 /** 0xBBGGRR, or 0x80000000 and the number of a system colour, as a signed 32-bit integer. */
 export type TColour = number;
 
-/** What a page hangs on a cell, also an object of its own; a cell without a tag has "". */
-export type TTag = string | number | boolean | object;
+/** What a page hangs on a cell; a cell without a tag has "". */
+export type TTag = string | number | boolean;
 
 /** What is left out when it is given is the page's own. Size is in points. */
 export interface TFont {
@@ -218,6 +218,11 @@ export declare class TablioGrid extends HTMLElement {
      * Designer holds. Writing them keeps the cells.
      */
     settings: string;
+    /**
+     * The page's own words, by the English ones that the grid says otherwise: { OK: 'Gut' }. They
+     * are told in docs/web.md.
+     */
+    captions: Readonly<Record<string, string>>;
     /** Writes texts into a block of cells, so many a row; rows that are missing are appended. */
     setTexts(row: number, col: number, cols: number, texts: readonly string[]): void;
     /** What a block of cells reads, row by row. */

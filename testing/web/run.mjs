@@ -34,10 +34,6 @@ const files = words
     )
     .filter((file) => file.endsWith('.scenario'));
 
-const names = `Show Resize EnterFocus LeaveFocus Strike Compose EnterText Settle PressMouse MoveMouse
-    ReleaseMouse DoubleClick ScrollTo PushButton ChooseMenuEntry ChooseItem PickDay`;
-const Act = Object.fromEntries(names.split(/\s+/).map((name, index) => [name, index]));
-
 const scratch = mkdtempSync(join(tmpdir(), 'tablio-scenarios-'));
 writeFileSync(join(scratch, 'driver.js'), bundle.outputFiles[0].text);
 copyFileSync(module, join(scratch, 'scenarios.wasm'));
@@ -56,77 +52,75 @@ await page.evaluate(async () => {
     await driver.load('/scenarios.wasm');
 });
 
-/** Does it by the browser's own input. */
-async function carryOut({ act, a, b, c, text, key, at }) {
-    const mouse = async (type, button, [x, y], clickCount = 0) =>
-        input.send('Input.dispatchMouseEvent', {
-            type, x, y, clickCount, button: ['none', 'left', 'right', '', 'middle'][button],
-            buttons: type === 'mouseReleased' ? 0 : [0, 1, 2, 0, 4][button],
-        });
-    if (act === Act.Strike) {
-        await strike(key, c);
-    } else if (act === Act.EnterFocus) {
+const inPage = (name, ...values) =>
+    page.evaluate((name, values) => driver[name](...values), name, values);
+
+async function mouse(type, button, [x, y], clickCount) {
+    await input.send('Input.dispatchMouseEvent', {
+        type: { mousedown: 'mousePressed', mousemove: 'mouseMoved', mouseup: 'mouseReleased' }[type], x, y,
+        clickCount, button: ['none', 'left', 'right', '', 'middle'][button],
+        buttons: type === 'mouseup' ? 0 : [0, 1, 2, 0, 4][button],
+    });
+}
+
+async function click(at) {
+    await mouse('mousedown', 1, at, 1);
+    await mouse('mouseup', 1, at, 1);
+}
+
+/** What the browser's own input does, by the names that driver.ts has for it. */
+const hands = {
+    async enterFocus() {
         await page.evaluate(() => driver.other.focus());
-        await strike({ key: 'Tab', code: 'Tab', keyCode: 9 }, 0);
-    } else if (act === Act.LeaveFocus) {
-        const there = await page.evaluate(() => driver.pointOf(driver.other));
-        await mouse('mousePressed', 1, there, 1);
-        await mouse('mouseReleased', 1, there, 1);
-    } else if (act === Act.Compose) {
+        await hands.strike(9, 0, 0);
+    },
+    leaveFocus: async () => click(await page.evaluate(() => {
+        const { left, top } = driver.other.getBoundingClientRect();
+        return [left + 5, top + 5];
+    })),
+    async strike(code, shift, character) {
+        const { key } = await inPage('keyOf', code, shift, character);
+        const command = shift === 2 ? { c: 'copy', x: 'cut', v: 'paste' }[key] : undefined;
+        if (command === 'paste')
+            await page.evaluate(() => navigator.clipboard.writeText(driver.clipboardText()));
+        const event = {
+            key, windowsVirtualKeyCode: code,
+            modifiers: (shift & 4 ? 1 : 0) + (shift & 2 ? 2 : 0) + (shift & 1 ? 8 : 0),
+        };
+        const text = code === 13 ? '\r' : character > 31 ? key : undefined;
+        await Promise.all([
+            input.send('Input.dispatchKeyEvent', {
+                ...event, type: text === undefined ? 'rawKeyDown' : 'keyDown', text,
+                commands: command === undefined ? [] : [command],
+            }),
+            input.send('Input.dispatchKeyEvent', { ...event, type: 'keyUp' }),
+        ]);
+        if (command === 'copy' || command === 'cut')
+            await page.evaluate(async () => driver.keepClipboard(await navigator.clipboard.readText()));
+    },
+    async compose(text) {
         await input.send('Input.imeSetComposition', {
             text, selectionStart: text.length, selectionEnd: text.length,
         });
-        if (await page.evaluate(() => driver.isComposing()))
-            await input.send('Input.insertText', { text });
-    } else if (act === Act.EnterText) {
-        await input.send('Input.insertText', { text });
-    } else if (act === Act.PressMouse) {
-        await mouse('mousePressed', a, at, 1);
-    } else if (act === Act.MoveMouse) {
-        await mouse('mouseMoved', a, at);
-    } else if (act === Act.ReleaseMouse) {
-        await mouse('mouseReleased', a, at, 1);
-    } else if (act === Act.DoubleClick) {
-        await mouse('mousePressed', a, at, 2);
-    } else if (act === Act.ScrollTo) {
-        // A thumb is dragged by pixels that no two systems have alike.
-        await page.evaluate((a, b) => (driver.scrollBars(a, b), driver.settled()), a, b);
-    } else {
-        for (let isDone = false; !isDone; ) {
-            const found = await page.evaluate((act, a) => driver.nextPoint(act, a), act, a);
-            if (found === null) break;
-            await mouse('mousePressed', 1, found.at, 1);
-            await mouse('mouseReleased', 1, found.at, 1);
-            isDone = found.isLast;
-        }
-    }
-}
-
-async function strike({ key, code, keyCode, shiftKey, ctrlKey, altKey }, character) {
-    const command = ctrlKey ? { c: 'copy', x: 'cut', v: 'paste' }[key] : undefined;
-    if (command === 'paste') await page.evaluate(() => navigator.clipboard.writeText(driver.clipboardText()));
-    const event = {
-        key, code, windowsVirtualKeyCode: keyCode,
-        modifiers: (altKey ? 1 : 0) + (ctrlKey ? 2 : 0) + (shiftKey ? 8 : 0),
-    };
-    const text = key === 'Enter' ? '\r' : character > 31 ? String.fromCodePoint(character) : undefined;
-    await Promise.all([
-        input.send('Input.dispatchKeyEvent', {
-            ...event, type: text === undefined ? 'rawKeyDown' : 'keyDown', text,
-            commands: command === undefined ? [] : [command],
-        }),
-        input.send('Input.dispatchKeyEvent', { ...event, type: 'keyUp' }),
-    ]);
-    if (command === 'copy' || command === 'cut')
-        await page.evaluate(async () => driver.keepClipboard(await navigator.clipboard.readText()));
-}
+        if (await inPage('isEditing')) await input.send('Input.insertText', { text });
+    },
+    enterText: (text) => input.send('Input.insertText', { text }),
+    mouse: async (type, button, x, y, count) =>
+        mouse(type, button, await inPage('pointOf', null, x, y), count),
+    // A thumb is dragged by pixels that no two systems have alike.
+    scrollTo: (row, col) => page.evaluate((row, col) => (driver.scroll(row, col), driver.settled()), row, col),
+    async press(...parts) {
+        for (const part of parts) await click(await inPage('pointOf', part));
+    },
+};
+const asides = ['strike', 'compose', 'enterText', 'mouse'];
 
 let count = 0;
 let failed = 0;
 const started = performance.now();
 for (const file of files) {
     const scenarios = await page.evaluate(
-        (text, isOutside) => driver.open(text, isOutside), readFileSync(file, 'utf8'), isOutside,
+        (text, names) => driver.open(text, names), readFileSync(file, 'utf8'), isOutside ? Object.keys(hands) : [],
     );
     for (const [index, name] of scenarios.entries()) {
         if (!name.includes(only)) continue;
@@ -136,8 +130,10 @@ for (const file of files) {
             failures = await page.evaluate((index) => driver.play(index), index);
         } else {
             await page.evaluate((index) => driver.begin(index), index);
-            for (let action; (action = await page.evaluate(() => driver.advance())); )
-                await carryOut(action);
+            for (let action; (action = await page.evaluate(() => driver.advance())); ) {
+                if (asides.includes(action.name)) await page.evaluate(() => driver.putAside());
+                await hands[action.name](...action.values);
+            }
             failures = await page.evaluate(() => driver.finish());
         }
         if (failures === '') continue;

@@ -10,7 +10,7 @@ constexpr std::string_view tableBeginning =
     R"(// The member table: numbers by the names that a page uses. define_members.ts makes members and
 // events of it. Printed by tools/web_types. Do not edit.
 
-/** name, number, what may be done (r reads, w writes, c calls, t is a tag), count of indexes */
+/** name, number, what may be done (r reads, w writes, c calls), count of indexes */
 export type MemberRow = readonly [string, number, string, number];
 /** By number, from 1: name, names of the arguments; which of them a veto writes, and what */
 export type EventRow = readonly [string, readonly string[], number?, (boolean | number)?];
@@ -21,8 +21,6 @@ export const memberRows: readonly MemberRow[] = [
 std::string accessOf(const Member &member) {
     if (member.kind == MemberKind::Method)
         return "c";
-    if (member.type == MemberType::Matrix)
-        return "t";
     std::string access(member.read == nullptr ? "" : "r");
     return access.append(member.write == nullptr ? "" : "w");
 }

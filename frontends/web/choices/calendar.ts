@@ -1,108 +1,63 @@
 /** The month calendar of the open date edit: the core's month in the words of the page's language. */
 
+import { make, makeButton, put } from '../element/make.js';
 import { Tell, type NativeGrid } from '../element/native.js';
-import { put, twips, type State } from '../element/state.js';
+import { twips, type State } from '../element/state.js';
 
 const enum Day { Today = 1, Chosen = 2, OtherMonth = 4, OutOfRange = 8 }
 
 export class Calendar {
-    readonly element = document.createElement('div');
-    private readonly title = document.createElement('span');
-    private readonly month = document.createElement('div');
-    private edit = 0;
-    private shown = { year: 0, month: 0, day: 0 };
+    readonly element = make('div', { className: 'calendar', id: 'calendar', role: 'dialog' });
 
-    constructor(private readonly tell: (what: Tell, a: number, b: number) => void) {
-        const header = document.createElement('header');
-        const turn = (text: string, label: string, months: number) => {
-            const button = document.createElement('button');
-            button.tabIndex = -1;
-            button.textContent = text;
-            button.ariaLabel = label;
-            button.onclick = () => this.turn(months);
-            return button;
-        };
-        header.append(
-            turn('«', 'Previous year', -12), turn('‹', 'Previous month', -1), this.title,
-            turn('›', 'Next month', 1), turn('»', 'Next year', 12),
-        );
-        this.element.className = 'calendar';
-        this.element.id = 'calendar';
-        this.element.role = 'dialog';
-        this.month.className = 'month';
-        this.month.onclick = (event) => {
-            const day = (event.target as HTMLElement).closest<HTMLElement>('.day');
-            if (day?.dataset.date) tell(Tell.calendarPicked, this.edit, Number(day.dataset.date));
-        };
-        this.element.append(header, this.month);
-    }
+    constructor(
+        private readonly said: (english: string) => string,
+        private readonly tell: (what: Tell, a: number, b: number) => void,
+    ) {}
 
-    mirror(grid: NativeGrid, state: State, language: string): void {
+    mirror(grid: NativeGrid, { editor, calendar, day }: State, language: string): void {
         const { element } = this;
-        const isOpen = state.dateFrame.isVisible && state.editor !== undefined;
+        const isOpen = calendar.isVisible && editor !== undefined;
         element.classList.toggle('open', isOpen);
         if (!isOpen) return;
-        this.edit = state.editor!.edit;
-        this.shown = { year: state.year, month: state.month, day: state.day };
-        this.fill(grid, language);
+        this.fill(grid, editor.edit, day, language);
         const { offsetWidth: width, offsetHeight: height } = element;
-        const { dateFrame } = state;
-        if (width !== dateFrame.width || height !== dateFrame.height)
+        if (width !== calendar.width || height !== calendar.height)
             this.tell(Tell.calendarSized, twips(width), twips(height));
-        else put(element, { ...dateFrame, width, height });
+        else put(element, calendar);
     }
 
-    private fill(grid: NativeGrid, language: string): void {
-        const locale = new Intl.Locale(language) as Intl.Locale & {
-            getWeekInfo?(): { firstDay: number };
-        };
+    private fill(grid: NativeGrid, edit: number, chosen: number, language: string): void {
+        const locale = new Intl.Locale(language) as Intl.Locale & { getWeekInfo?(): { firstDay: number } };
         const firstWeekday = ((locale.getWeekInfo?.().firstDay ?? 1) + 6) % 7;
-        const text = (options: Intl.DateTimeFormatOptions, date: Date) =>
-            date.toLocaleDateString(language, { ...options, timeZone: 'UTC' });
-        const { year, month } = this.shown;
-        this.title.textContent = text(
-            { month: 'long', year: 'numeric' }, utc(year, month, 1),
-        );
-        const cells: HTMLElement[] = [];
-        for (let weekday = 0; weekday < 7; weekday++) {
-            const cell = document.createElement('div');
-            cell.className = 'weekday';
-            // 5 January 1970 was a Monday.
-            cell.textContent = text({ weekday: 'short' }, utc(1970, 1, 5 + firstWeekday + weekday));
-            cells.push(cell);
-        }
-        const days = grid.ask('month', firstWeekday);
-        while (!days.atEnd) {
-            const date = days.number();
-            const flags = days.number();
-            const cell = document.createElement('div');
-            const names = ['day'];
-            if (flags & Day.Today) names.push('today');
-            if (flags & Day.Chosen) names.push('chosen');
-            if (flags & Day.OtherMonth) names.push('other');
-            cell.className = names.join(' ');
-            cell.textContent = String(date % 100);
-            cell.dataset.date = flags & Day.OutOfRange ? '' : String(date);
-            cell.ariaDisabled = String((flags & Day.OutOfRange) !== 0);
+        const text = (date: number, options: Intl.DateTimeFormatOptions) =>
+            new Date(Date.UTC(Math.floor(date / 10000), (Math.floor(date / 100) % 100) - 1, date % 100))
+                .toLocaleDateString(language, { ...options, timeZone: 'UTC' });
+        const turn = (sign: string, label: string, months: number) =>
+            makeButton(sign, this.said(label), () => this.tell(Tell.calendarTurned, edit, months));
+        const title = make('span', { textContent: text(chosen, { month: 'long', year: 'numeric' }) });
+        const month = grid.ask('month', firstWeekday);
+        const days = month.all(() => {
+            const [date, flags] = [month.number(), month.number()];
+            const day = make('div', { className: 'day', textContent: String(date % 100) });
+            day.dataset.date = String(date);
+            day.classList.toggle('today', (flags & Day.Today) !== 0);
+            day.classList.toggle('other', (flags & Day.OtherMonth) !== 0);
+            day.ariaDisabled = String((flags & Day.OutOfRange) !== 0);
+            day.onclick = () => this.tell(Tell.calendarPicked, edit, date);
             if (flags & Day.Chosen) {
-                cell.id = 'chosen-day';
-                cell.ariaLabel = text({ dateStyle: 'full' }, utc(year, month, date % 100));
+                day.id = 'chosen-day';
+                day.ariaLabel = text(date, { dateStyle: 'full' });
             }
-            cells.push(cell);
-        }
-        this.month.replaceChildren(...cells);
+            return day;
+        });
+        const weekdays = days.slice(0, 7).map(({ dataset }) => {
+            const textContent = text(Number(dataset.date), { weekday: 'short' });
+            return make('div', { className: 'weekday', textContent });
+        });
+        this.element.replaceChildren(
+            make('header', {}, turn('«', 'Previous year', -12), turn('‹', 'Previous month', -1), title,
+                turn('›', 'Next month', 1), turn('»', 'Next year', 12)),
+            make('div', { className: 'month' }, ...weekdays, ...days),
+        );
     }
-
-    /** A turned page takes the chosen day along, as the core's own page keys do. */
-    private turn(months: number): void {
-        const { year, month, day } = this.shown;
-        const first = utc(year, month + months, 1);
-        const last = utc(year, month + months + 1, 0).getUTCDate();
-        const date = first.getUTCFullYear() * 10000 + (first.getUTCMonth() + 1) * 100;
-        this.tell(Tell.calendarMoved, this.edit, date + Math.min(day, last));
-    }
-}
-
-function utc(year: number, month: number, day: number): Date {
-    return new Date(Date.UTC(year, month - 1, day));
 }

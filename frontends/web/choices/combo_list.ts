@@ -1,5 +1,6 @@
 /** The list of the open combo. The control drops it, moves in it and closes it. */
 
+import { make } from '../element/make.js';
 import { Tell, type NativeGrid } from '../element/native.js';
 import type { State } from '../element/state.js';
 import { Pane } from './pane.js';
@@ -8,48 +9,27 @@ export class ComboList {
     readonly pane: Pane;
     private texts = '';
 
-    constructor(
-        anchor: HTMLElement,
-        private readonly tell: (what: Tell, a: number, b: number) => void,
-    ) {
+    constructor(anchor: HTMLElement, private readonly tell: (what: Tell, a: number, b: number) => void) {
         this.pane = new Pane(anchor, 'list', 'listbox');
     }
 
-    mirror(grid: NativeGrid, state: State): void {
-        const { element } = this.pane;
-        const { editor, comboFrame } = state;
-        if (editor === undefined || !state.combo.isVisible || !state.isDropped) {
-            this.pane.close();
-            return;
-        }
+    mirror(grid: NativeGrid, { editor, isCombo, isDropped, chosen, comboFrame }: State): void {
+        const { pane } = this;
+        if (editor === undefined || !isCombo || !isDropped) return pane.close();
         const list = grid.ask('list');
-        const items: string[] = [];
-        while (!list.atEnd) items.push(list.text());
-        // The items may be others while the list is down.
+        const items = list.all(list.text);
         const texts = items.join('\0');
-        if (this.texts !== texts || element.childElementCount !== items.length) {
+        // The items may be others while the list is down.
+        if (this.texts !== texts) {
             this.texts = texts;
-            element.replaceChildren(...items.map((text, index) => this.option(text, index)));
+            pane.element.replaceChildren(...items.map((textContent, at) =>
+                make('div', { className: 'option', role: 'option', id: `option-${at}`, textContent })));
         }
-        this.pane.open(comboFrame);
-        [...element.children].forEach((option, index) => {
-            const isChosen = index === state.chosen;
-            option.classList.toggle('chosen', isChosen);
-            option.ariaSelected = String(isChosen);
-            if (isChosen) option.scrollIntoView({ block: 'nearest' });
+        pane.options.forEach((option, at) => {
+            option.ariaSelected = String(at === chosen);
+            option.onclick = () => this.tell(Tell.comboItemChosen, editor.edit, at);
         });
-        element.onclick = (event) => {
-            const index = [...element.children].indexOf(event.target as Element);
-            if (index >= 0) this.tell(Tell.comboItemChosen, editor.edit, index);
-        };
-    }
-
-    private option(text: string, index: number): HTMLElement {
-        const option = document.createElement('div');
-        option.className = 'option';
-        option.role = 'option';
-        option.id = `option-${index}`;
-        option.textContent = text;
-        return option;
+        pane.open(comboFrame);
+        pane.mark(chosen);
     }
 }

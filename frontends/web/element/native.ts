@@ -33,37 +33,47 @@ export interface GridPage {
     canTakeFocus(): boolean;
     takeFocus(): void;
     popUpMenu(x: number, y: number): void;
-    showMessage(title: string, text: string, isQuestion: boolean): void;
+    showMessage(isQuestion: number, unused: number, titleAndText: string): void;
     propertyChanged(member: number): void;
-    keyPreview(preview: boolean): void;
+    keyPreview(preview: number): void;
+    inCase(character: number, upper: number): number;
+    today(): number;
+    lineHeight(font: number, unused: number, css: string): number;
+    textWidth(font: number, unused: number, text: string): number;
 }
+
+/** In the order of native/page.h, behind `event`. */
+const asked = [
+    'shown', 'changed', 'canTakeFocus', 'takeFocus', 'popUpMenu', 'showMessage', 'propertyChanged',
+    'keyPreview', 'inCase', 'today', 'lineHeight', 'textWidth',
+] as const;
+const enum Heard { Unchanged, Changed, Threw }
 
 /** The calls of `Input`, in the order of native/input.cpp. */
 export const enum Tell {
     keyDown, keyPress, typeText, beginComposition, mouseDown, mouseMove, mouseUp, doubleClick,
-    isColumnEdge, scrollTo, wheelTurned, focusEntered, focusLeft, endEdit, hasKeyboard, wantsKey,
-    paste, copy, cut, buttonPressed, textSettled, comboDropped, comboItemChosen, calendarMoved,
-    calendarPicked, calendarSized, menuChosen, questionAnswered, appeared,
+    isColumnEdge, scrollTo, focusEntered, focusLeft, endEdit, hasKeyboard, wantsKey, paste, copy, cut,
+    buttonPressed, textSettled, comboDropped, comboItemChosen, calendarTurned, calendarPicked,
+    calendarSized, menuChosen, questionAnswered, appeared,
 }
+/** How a member is used, as native/calls.cpp has it. */
+export const enum How { Call, Read, Write }
 
 type Exports = Record<string, (...numbers: number[]) => number> & { memory: WebAssembly.Memory };
 
 const enum Tag { Empty, Boolean, Integer, Long, Double, String, Font, Object, Missing }
+const fontStyles = ['bold', 'italic', 'underline', 'strikethrough'] as const;
 
-const slotSize = 24;
 const encoder = new TextEncoder();
 const decoder = new TextDecoder();
 
-/**
- * Whole numbers, and texts behind one another, whose lengths are among the numbers. It is read
- * before the module is called again.
- */
-export class Reply {
+/** From the module: numbers, and texts behind one another, whose lengths are among the numbers. */
+export class Message {
     private at = 0;
     private textAt = 0;
 
     constructor(
-        private readonly numbers: Int32Array,
+        private readonly numbers: Float64Array,
         private readonly texts: string,
     ) {}
 
@@ -77,30 +87,54 @@ export class Reply {
         this.textAt += this.number();
         return this.texts.slice(from, this.textAt);
     };
+    /** All of it, each by the same function. */
+    all<Thing>(one: () => Thing): Thing[] {
+        const things: Thing[] = [];
+        while (!this.atEnd) things.push(one());
+        return things;
+    }
+    value = (): Value => {
+        const tag = this.number();
+        const [number, text] = [this.number(), this.text()];
+        const type: Tag = tag & 15;
+        if (type === Tag.Empty || type === Tag.Missing) return undefined;
+        if (type === Tag.String) return text;
+        if (type === Tag.Boolean) return number !== 0;
+        if (type !== Tag.Font) return number;
+        const styles = fontStyles.map((name, bit) => [name, (tag & (16 << bit)) !== 0]);
+        return { name: text, size: number, ...Object.fromEntries(styles), weight: tag >> 8 };
+    };
 }
 
-/** What came of an event, as native/page.h has it. */
-const enum Heard { Threw, Changed, Unchanged }
+/** To the module: a value as it stands in a message. */
+function thingsOf(value: Value): (number | string)[] {
+    if (value === undefined) return [Tag.Missing, 0, ''];
+    if (value === null) return [Tag.Empty, 0, ''];
+    if (typeof value === 'string') return [Tag.String, 0, value];
+    if (typeof value === 'boolean') return [Tag.Boolean, Number(value), ''];
+    if (typeof value === 'number') return [(value | 0) === value ? Tag.Long : Tag.Double, value, ''];
+    const style = fontStyles.reduce((sum, name, bit) => sum | (value[name] ? 16 << bit : 0), 0);
+    return [Tag.Font + style + 256 * (value.weight ?? 0), value.size ?? 0, value.name ?? ''];
+}
 
 export class TablioModule {
-    private readonly exports: Exports;
+    private exports!: Exports;
     private readonly pages = new Map<number, WeakRef<GridPage>>();
     /** What a handler has thrown, on its way through the control. */
     private thrown: unknown;
-
-    private constructor(instance: WebAssembly.Instance) {
-        this.exports = instance.exports as Exports;
-    }
 
     /** Loads the bytes, or what a fetch of them answers. `more` is what else they ask for. */
     static async load(
         source: BufferSource | PromiseLike<Response>,
         more: WebAssembly.ModuleImports = {},
     ): Promise<TablioModule> {
-        let module: TablioModule | undefined = undefined;
+        const module = new TablioModule();
         const nothing = () => 0;
         const imports = {
-            env: { ...importsOf(() => module!), emscripten_notify_memory_growth: nothing, ...more },
+            env: {
+                tablio_fail: module.fail, tablio_page: module.ask,
+                emscripten_notify_memory_growth: nothing, ...more,
+            },
             // The standard library's ways to a console, which nothing here takes.
             wasi_snapshot_preview1: new Proxy({}, { get: () => nothing }),
         };
@@ -108,7 +142,7 @@ export class TablioModule {
             'then' in source
                 ? await WebAssembly.instantiateStreaming(source, imports)
                 : await WebAssembly.instantiate(source, imports);
-        module = new TablioModule(instance);
+        module.exports = instance.exports as Exports;
         module.run('_initialize');
         return module;
     }
@@ -128,126 +162,66 @@ export class TablioModule {
         return this.exports[name](...numbers);
     }
 
-    reply(at: number): Reply {
+    message(at: number): Message {
         const [numbers, count, text, length] = new Uint32Array(this.memory, at, 4);
-        return new Reply(new Int32Array(this.memory, numbers, count).slice(), this.textAt(text, length));
+        return new Message(new Float64Array(this.memory, numbers, count).slice(), this.textAt(text, length));
     }
 
-    /** Puts a text into the room and answers how many bytes it takes. */
-    putText(text: string): number {
-        const most = text.length * 3;
-        const at = this.run('room', most);
-        return encoder.encodeInto(text, new Uint8Array(this.memory, at, most)).written;
-    }
-
-    putValues(values: readonly Value[]): void {
-        const textOf = (value: Value) => (isFont(value) ? (value.name ?? '') : value);
-        const texts = values.map((value) => {
-            const text = textOf(value);
-            return encoder.encode(typeof text === 'string' ? text : '');
+    /** Puts numbers and texts into the room, and answers how many numbers they are. */
+    give(...things: readonly (number | string)[]): number {
+        const room = (thing: number | string) => 8 + (typeof thing === 'string' ? thing.length * 3 : 0);
+        const at = this.run('room', things.reduce<number>((sum, thing) => sum + room(thing), 0));
+        const numbers = new Float64Array(this.memory, at, things.length);
+        let end = at + numbers.byteLength;
+        things.forEach((thing, index) => {
+            if (typeof thing === 'number') numbers[index] = thing;
+            else if (thing !== '')
+                end += numbers[index] = encoder.encodeInto(thing, new Uint8Array(this.memory, end)).written;
+            else numbers[index] = 0;
         });
-        let end = values.length * slotSize;
-        const at = this.run('room', texts.reduce((size, text) => size + text.length, end));
-        const view = new DataView(this.memory);
-        values.forEach((value, index) => {
-            const slot = at + index * slotSize;
-            const [tag, number] =
-                value === undefined ? [Tag.Missing, 0]
-                : value === null ? [Tag.Empty, 0]
-                : typeof value === 'string' ? [Tag.String, 0]
-                : typeof value === 'boolean' ? [Tag.Boolean, Number(value)]
-                : isFont(value) ? [Tag.Font + 16 * styleOf(value), value.size ?? 0]
-                : [(value | 0) === value ? Tag.Long : Tag.Double, Number(value)];
-            const text = texts[index];
-            view.setInt32(slot, tag, true);
-            view.setUint32(slot + 4, text.length, true);
-            view.setUint32(slot + 8, end, true);
-            view.setFloat64(slot + 16, number, true);
-            new Uint8Array(this.memory, at + end).set(text);
-            end += text.length;
-        });
+        return things.length;
     }
 
-    takeValues(at: number, count: number): Value[] {
-        const view = new DataView(this.memory);
-        return Array.from({ length: count }, (_, index) => {
-            const slot = at + index * slotSize;
-            const style = view.getInt32(slot, true) >> 4;
-            const tag: Tag = view.getInt32(slot, true) & 15;
-            const number = view.getFloat64(slot + 16, true);
-            const text = this.textAt(at + view.getUint32(slot + 8, true), view.getUint32(slot + 4, true));
-            if (tag === Tag.Empty || tag === Tag.Missing) return undefined;
-            if (tag === Tag.String) return text;
-            if (tag === Tag.Boolean) return number !== 0;
-            return tag === Tag.Font ? fontOf(text, number, style) : number;
-        });
-    }
-
-    /** False when a handler has thrown. */
-    raise(grid: number, number: number, count: number): Heard {
-        const values = this.takeValues(this.run('room', 0), count);
-        const before = values.slice();
-        try {
-            this.pageOf(grid)?.event(number, values);
-        } catch (error) {
-            this.thrown = error;
-            return Heard.Threw;
-        }
-        if (values.every((value, place) => Object.is(value, before[place]))) return Heard.Unchanged;
-        this.putValues(values);
-        return Heard.Changed;
-    }
-
-    fail(kind: number, argument: number, message: string): never {
-        if (kind < 0) throw this.thrown;
-        throw new TablioError(message, errorKinds[kind], argument);
-    }
-
-    pageOf(grid: number): GridPage | undefined {
-        return this.pages.get(grid)?.deref();
+    giveValues(values: readonly Value[]): void {
+        this.give(...values.flatMap(thingsOf));
     }
 
     textAt(at: number, length: number): string {
         return length === 0 ? '' : decoder.decode(new Uint8Array(this.memory, at, length));
     }
 
+    private readonly ask = (grid: number, what: number, a: number, b: number, at: number, length: number) => {
+        const page = this.pages.get(grid)?.deref();
+        if (page === undefined) return 0;
+        if (what === 0) return this.raise(page, a, b);
+        return Number(page[asked[what - 1]](a, b, this.textAt(at, length)) ?? 0);
+    };
+
+    private raise(page: GridPage, number: number, at: number): Heard {
+        const message = this.message(at);
+        message.number();
+        const values = message.all(message.value);
+        const before = values.slice();
+        try {
+            page.event(number, values);
+        } catch (error) {
+            this.thrown = error;
+            return Heard.Threw;
+        }
+        if (values.every((value, place) => Object.is(value, before[place]))) return Heard.Unchanged;
+        this.giveValues(values);
+        return Heard.Changed;
+    }
+
+    private readonly fail = (kind: number, argument: number, at: number, length: number): never => {
+        if (kind < 0) throw this.thrown;
+        throw new TablioError(this.textAt(at, length), errorKinds[kind], argument);
+    };
+
     /** Another one each time that it grows. */
     private get memory(): ArrayBuffer {
         return this.exports.memory.buffer;
     }
-}
-
-/** What native/page.h declares. */
-function importsOf(module: () => TablioModule): WebAssembly.ModuleImports {
-    const page = (grid: number) => module().pageOf(grid);
-    return {
-        tablio_fail: (kind: number, argument: number, at: number, length: number) =>
-            module().fail(kind, argument, module().textAt(at, length)),
-        tablio_event: (grid: number, number: number, count: number) =>
-            module().raise(grid, number, count),
-        tablio_shown: (grid: number) => page(grid)?.shown(),
-        tablio_changed: (grid: number) => page(grid)?.changed(),
-        tablio_can_take_focus: (grid: number) => Number(page(grid)?.canTakeFocus() ?? false),
-        tablio_take_focus: (grid: number) => page(grid)?.takeFocus(),
-        tablio_pop_up_menu: (grid: number, x: number, y: number) => page(grid)?.popUpMenu(x, y),
-        tablio_message(grid: number, isQuestion: number, at: number, length: number) {
-            const [title, ...lines] = module().textAt(at, length).split('\n');
-            page(grid)?.showMessage(title, lines.join('\n'), isQuestion !== 0);
-        },
-        tablio_property_changed: (grid: number, number: number) =>
-            page(grid)?.propertyChanged(number),
-        tablio_key_preview: (grid: number, preview: number) =>
-            page(grid)?.keyPreview(preview !== 0),
-        tablio_case(character: number, upper: number) {
-            const one = String.fromCodePoint(character);
-            const [other, ...more] = upper !== 0 ? one.toUpperCase() : one.toLowerCase();
-            return more.length > 0 ? character : other.codePointAt(0);
-        },
-        tablio_today() {
-            const now = new Date();
-            return now.getFullYear() * 10000 + (now.getMonth() + 1) * 100 + now.getDate();
-        },
-    };
 }
 
 /** One control; it lives until it is destroyed, as any handler may do. */
@@ -264,41 +238,33 @@ export class NativeGrid {
         this.module.destroy(this.number);
     }
 
-    call = (member: number, values: readonly Value[]) => this.access(member, 0, values);
-    get = (member: number, index: readonly Value[]) => this.access(member, 1, index);
-    put = (member: number, value: Value, index: readonly Value[]) =>
-        void this.access(member, 2, [...index, value]);
-    tag = (row: number, col: number) => this.taken(this.run('tag', row, col));
-    setTag(row: number, col: number, value: Value): void {
-        this.module.putValues([value]);
-        this.run('setTag', row, col);
+    run(name: string, ...numbers: number[]): number {
+        return this.module.run(name, this.number, ...numbers);
+    }
+
+    ask(name: string, ...numbers: number[]): Message {
+        return this.module.message(this.run(name, ...numbers));
+    }
+
+    /** Uses a member. A value that is written stands behind its indexes. */
+    access(member: number, how: How, values: readonly Value[]): Value {
+        this.module.giveValues(values);
+        return this.ask('access', member, how, values.length).value();
     }
 
     tell(what: Tell, a = 0, b = 0, c = 0, text = ''): number {
-        return this.run('tell', what, a, b, c, text === '' ? 0 : this.module.putText(text));
+        return this.run('tell', what, a, b, c, text === '' ? 0 : this.module.give(text));
     }
 
     /** The text for the clipboard, if there is one. */
     clipped(what: Tell.copy | Tell.cut): string | undefined {
         const at = this.tell(what);
-        return at === 0 ? undefined : this.module.reply(at).text();
-    }
-
-    ask(name: string, ...numbers: number[]): Reply {
-        return this.module.reply(this.run(name, ...numbers));
-    }
-
-    run(name: string, ...numbers: number[]): number {
-        return this.module.run(name, this.number, ...numbers);
-    }
-
-    font(index: number): TFont {
-        return this.taken(this.run('font', index)) as TFont;
+        return at === 0 ? undefined : this.module.message(at).text();
     }
 
     setTexts(row: number, col: number, cols: number, texts: readonly string[]): void {
-        const length = texts.length === 0 ? 0 : this.module.putText(texts.join('\0') + '\0');
-        this.run('setTexts', row, col, cols, length);
+        this.module.give(texts.length === 0 ? '' : texts.join('\0') + '\0');
+        this.run('setTexts', row, col, cols);
     }
 
     texts(row: number, col: number, rows: number, cols: number): string[] {
@@ -309,30 +275,7 @@ export class NativeGrid {
         return this.ask('saveSettings').text();
     }
     set settings(text: string) {
-        this.run('loadSettings', this.module.putText(text));
+        this.module.give(text);
+        this.run('loadSettings');
     }
-
-    private access(member: number, how: number, values: readonly Value[]): Value {
-        this.module.putValues(values);
-        return this.taken(this.run('access', member, how, values.length));
-    }
-
-    private taken(at: number): Value {
-        return this.module.takeValues(at, 1)[0];
-    }
-}
-
-function isFont(value: Value): value is TFont {
-    return typeof value === 'object' && value !== null;
-}
-
-function styleOf(font: TFont): number {
-    const bits = [font.bold, font.italic, font.underline, font.strikethrough];
-    return bits.reduce((sum, isSet, bit) => sum + (isSet ? 1 << bit : 0), 16 * (font.weight ?? 0));
-}
-
-function fontOf(name: string, size: number, style: number): TFont {
-    const has = (bit: number) => (style & (1 << bit)) !== 0;
-    const [bold, italic, underline, strikethrough] = [0, 1, 2, 3].map(has);
-    return { name, size, bold, italic, underline, strikethrough, weight: style >> 4 };
 }

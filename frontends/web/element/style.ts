@@ -10,7 +10,8 @@ export const styles = `
 }
 :host([hidden]) { display: none; }
 :host(:focus-within) { border-color: var(--tablio-highlight, Highlight); }
-canvas { position: absolute; left: 0; top: 0; touch-action: none; cursor: default; }
+.scroller { position: absolute; inset: 0; outline: none; overflow-anchor: none; }
+canvas { position: sticky; left: 0; top: 0; display: block; cursor: default; }
 canvas.edge { cursor: col-resize; }
 .frame { position: absolute; overflow: hidden; }
 .parked { opacity: 0; pointer-events: none; }
@@ -19,10 +20,6 @@ input {
     block-size: 100%; inline-size: 100%; padding: 0 3px; cursor: text; line-height: normal;
     user-select: text; -webkit-user-select: text; white-space: pre; forced-color-adjust: none;
 }
-.bar { position: absolute; display: none; overflow: hidden; outline: none; }
-.bar.rows { right: 0; top: 0; overflow-y: scroll; }
-.bar.cols { left: 0; bottom: 0; overflow-x: scroll; }
-.bar div { inline-size: 1px; block-size: 1px; }
 .probe { position: absolute; visibility: hidden; inline-size: 0; block-size: 0; }
 .unseen { position: absolute; inset: 0; overflow: hidden; clip-path: inset(50%); pointer-events: none; }
 button {
@@ -30,7 +27,7 @@ button {
     background: var(--tablio-button, ButtonFace); border: 1px solid var(--tablio-dark, ButtonBorder);
     border-radius: 2px; cursor: pointer;
 }
-.cell-button { position: absolute; line-height: 1; overflow: hidden; }
+:host > button { position: absolute; line-height: 1; overflow: hidden; }
 .pane {
     position: fixed; inset: auto; margin: 0; padding: 2px; box-sizing: border-box; overflow: auto;
     color: var(--tablio-text, FieldText); background: var(--tablio-base, Field);
@@ -61,7 +58,7 @@ hr { border: 0; border-top: 1px solid var(--tablio-disabled-text, GrayText); mar
 .weekday, .other { color: var(--tablio-disabled-text, GrayText); }
 .day { cursor: pointer; border-radius: 2px; }
 .today { border-color: currentcolor; }
-.day.chosen {
+#chosen-day {
     color: var(--tablio-highlighted-text, HighlightText);
     background: var(--tablio-highlight, Highlight); forced-color-adjust: none;
 }

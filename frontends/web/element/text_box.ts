@@ -6,20 +6,19 @@
  */
 
 import { strokeOf } from './keys.js';
+import { cssColour, make, put, setStyle } from './make.js';
 import { Tell } from './native.js';
-import { cssColour, put, type Place, type State } from './state.js';
+import type { State } from './state.js';
 
 /** What the box knows of the grid that it is part of. */
 export interface Around {
     state: State;
+    isAlive: boolean;
     /** Tells the control; 0 where it throws or is no more. */
     tell(what: Tell, a?: number, b?: number, c?: number, text?: string): number;
     copied(what: Tell.copy | Tell.cut): string | undefined;
     /** A menu or a message takes some keys first. */
     takesKey(event: KeyboardEvent): boolean;
-    isAlive(): boolean;
-    cssFont(index: number): string;
-    cellPlace(): Place | undefined;
     keyboardMoved(): void;
 }
 
@@ -29,8 +28,8 @@ const control = 2;
 const clipboardKeys = [67, 86, 88];
 
 export class TextBox {
-    readonly input = document.createElement('input');
-    readonly frame = document.createElement('div');
+    readonly input = make('input', { type: 'text', autocomplete: 'off', spellcheck: false, autocapitalize: 'off' });
+    readonly frame = make('div', { className: 'frame' }, this.input);
     private isComposing = false;
     /** What the focus does at the moment is the box's own doing. */
     private isQuiet = false;
@@ -42,33 +41,25 @@ export class TextBox {
 
     constructor(private readonly around: Around) {
         const { input } = this;
-        this.frame.className = 'frame';
-        this.frame.append(input);
-        input.type = 'text';
-        input.autocomplete = 'off';
-        input.spellcheck = false;
-        input.setAttribute('autocapitalize', 'off');
-        const on = <Name extends keyof HTMLElementEventMap>(
-            names: string, handle: (event: HTMLElementEventMap[Name]) => void,
-        ) => {
-            for (const name of names.split(' '))
-                input.addEventListener(name, handle as (event: Event) => void);
-        };
-        on<'keydown'>('keydown', (event) => this.keyDown(event));
-        on<'beforeinput'>('beforeinput', (event) => this.beforeInput(event));
-        on<'input'>('input select mouseup keyup', () => this.settle());
-        on<'compositionstart'>('compositionstart', () => this.compositionStart());
-        on<'compositionend'>('compositionend', (event) => this.compositionEnd(event.data));
+        input.onkeydown = (event) => this.keyDown(event);
+        input.onbeforeinput = (event) => this.beforeInput(event);
+        input.oninput = input.onselect = input.onmouseup = input.onkeyup = () => this.settle();
+        input.addEventListener('compositionstart', () => this.compositionStart());
+        input.addEventListener('compositionend', ({ data }) => this.compositionEnd(data));
         // A browser offers to copy only what is selected, unless it is told that there is something.
-        on<'copy'>('beforecopy beforecut', (event) => event.preventDefault());
-        on<'copy'>('copy', (event) => this.copy(event, Tell.copy));
-        on<'cut'>('cut', (event) => this.copy(event, Tell.cut));
-        on<'paste'>('paste', (event) => {
+        for (const name of ['beforecopy', 'beforecut'])
+            input.addEventListener(name, (event) => event.preventDefault());
+        input.oncopy = (event) => this.copy(event, Tell.copy);
+        input.oncut = (event) => this.copy(event, Tell.cut);
+        input.onpaste = (event) => {
             event.preventDefault();
             around.tell(Tell.paste, 0, 0, 0, event.clipboardData?.getData('text/plain'));
-        });
-        on<'focus'>('focus', () => this.focusCame());
-        on<'blur'>('blur', (event) => this.focusWent(event.relatedTarget !== null));
+        };
+        input.onfocus = () => this.focusMoved(() => this.enter());
+        // Another window ends nothing. Who takes an element out of the document is told apart only
+        // when it has been done.
+        input.onblur = ({ relatedTarget }) => this.focusMoved(() =>
+            relatedTarget ? this.leave() : queueMicrotask(() => this.leave()));
     }
 
     get hasFocus(): boolean {
@@ -81,49 +72,47 @@ export class TextBox {
 
     /** The native focus has come: tells the control, unless it knows. */
     enter(): void {
-        if (this.hasFocus && this.around.tell(Tell.hasKeyboard) === 0)
-            this.around.tell(Tell.focusEntered);
+        if (this.hasFocus && this.around.tell(Tell.hasKeyboard) === 0) this.around.tell(Tell.focusEntered);
+    }
+
+    /** Ends the edit, too, when the keyboard is somewhere else in the document. */
+    leave(): void {
+        const isElsewhere = !this.hasFocus && this.input.isConnected && document.hasFocus();
+        if (isElsewhere && this.around.tell(Tell.hasKeyboard) !== 0) this.around.tell(Tell.focusLeft);
     }
 
     /** What is being composed belongs to the cell that it was composed in. */
     endComposition(): void {
-        if (this.isComposing) this.quietly(() => (this.input.blur(), this.focus()));
+        if (this.isComposing) this.refocus();
     }
 
     /** Shows the open editor; without one the box lies unseen over the current cell. */
     mirror(): void {
-        const { editor } = this.around.state;
+        const { editor, row, cell } = this.around.state;
         const { input, frame } = this;
         frame.classList.toggle('parked', editor === undefined);
         this.edit = editor?.edit ?? 0;
         if (editor === undefined) {
-            const place = this.around.cellPlace();
-            if (place !== undefined) put(frame, place);
+            if (row >= 0) put(frame, cell);
             if (this.isComposing) this.dropComposition();
             else if (input.value !== '') input.value = '';
             return;
         }
         put(frame, editor.frame);
-        const { style } = input;
-        style.width = `${editor.width}px`;
-        style.paddingRight = `${3 + editor.covered}px`;
-        style.textAlign = editor.alignsRight ? 'right' : 'left';
-        style.color = cssColour(editor.foreColor);
-        style.backgroundColor = cssColour(editor.backColor);
-        style.font = this.around.cssFont(editor.font);
+        setStyle(input, {
+            width: `${editor.width}px`, 'padding-right': `${3 + editor.covered}px`, font: editor.font,
+            'text-align': editor.alignsRight ? 'right' : 'left', color: cssColour(editor.foreColor),
+            'background-color': cssColour(editor.backColor),
+        });
         // Setting a text would end a composition.
         if (this.isComposing) return;
         if (input.value !== editor.text) input.value = editor.text;
-        const isSame = input.selectionStart === Math.min(editor.anchor, editor.caret) &&
-            input.selectionEnd === Math.max(editor.anchor, editor.caret) &&
-            (editor.anchor <= editor.caret) === (input.selectionDirection !== 'backward');
-        if (!isSame) this.select(editor.anchor, editor.caret);
-    }
-
-    private select(anchor: number, caret: number): void {
-        this.input.setSelectionRange(
-            Math.min(anchor, caret), Math.max(anchor, caret),
-            caret < anchor ? 'backward' : 'forward',
+        const { anchor, caret } = editor;
+        const [from, to, shown] = this.selection();
+        const isBackward = caret < anchor;
+        if (from === Math.min(anchor, caret) && to === Math.max(anchor, caret) && shown === isBackward) return;
+        input.setSelectionRange(
+            Math.min(anchor, caret), Math.max(anchor, caret), isBackward ? 'backward' : 'forward',
         );
         this.caretSet = caret;
     }
@@ -136,64 +125,59 @@ export class TextBox {
         this.caretSet = -1;
     }
 
+    private selection(): [number, number, boolean] {
+        const { selectionStart, selectionEnd, selectionDirection } = this.input;
+        return [selectionStart ?? 0, selectionEnd ?? 0, selectionDirection === 'backward'];
+    }
+
     private keyDown(event: KeyboardEvent): void {
         // These keys belong to the input method; 229 is one that has only just ended.
         if (event.isComposing || this.isComposing || event.keyCode === 229) return;
         if (event.key === 'Dead' || event.key === 'Process') return;
         const { around } = this;
-        if (around.takesKey(event)) {
-            event.preventDefault();
-            return;
-        }
+        if (around.takesKey(event)) return event.preventDefault();
         const { code, shift, character } = strokeOf(event);
         if (shift === control && clipboardKeys.includes(code)) return;
         this.enter();
-        const isWanted = around.tell(Tell.wantsKey, code, shift, character === 0 ? 0 : 1) !== 0;
         // The host's shortcuts do not see a key that is the grid's.
-        if (isWanted) event.stopPropagation();
+        if (around.tell(Tell.wantsKey, code, shift, character === 0 ? 0 : 1) !== 0) event.stopPropagation();
         let isDealt = code !== 0 && around.tell(Tell.keyDown, code, shift) !== 0;
-        if (!isDealt && character !== 0 && around.isAlive())
+        if (!isDealt && character !== 0 && around.isAlive)
             isDealt = around.tell(Tell.keyPress, character) !== 0;
-        if (isDealt || !around.isAlive()) event.preventDefault();
-        // Ctrl+arrow, Ctrl+Backspace and the like: every platform has its own.
-        else if (around.state.editor === undefined && (character !== 0 || code === backspace))
-            event.preventDefault();
+        // Ctrl+arrow, Ctrl+Backspace and the like are the box's: every platform has its own.
+        const isBoxKey = around.state.editor !== undefined || (character === 0 && code !== backspace);
+        if (isDealt || !isBoxKey || !around.isAlive) event.preventDefault();
     }
 
     private beforeInput(event: InputEvent): void {
         if (this.isComposing || event.isComposing) return;
         const { around } = this;
-        const key = (code: number, character = 0) => {
-            event.preventDefault();
-            if (around.tell(Tell.keyDown, code, 0) === 0 && character !== 0)
-                around.tell(Tell.keyPress, character);
-        };
+        const { inputType } = event;
         this.enter();
-        if (event.inputType === 'deleteContentBackward' && event.isTrusted) key(backspace, backspace);
-        else if (event.inputType === 'insertLineBreak') key(enter);
-        else if (event.inputType === 'insertText' || event.inputType === 'insertFromDrop') {
-            event.preventDefault();
-            const text = event.data ?? event.dataTransfer?.getData('text/plain') ?? '';
-            around.tell(Tell.typeText, 0, 0, 0, text);
-        } else if (around.state.editor === undefined) {
-            event.preventDefault();
-        }
+        const isBack = inputType === 'deleteContentBackward' && event.isTrusted;
+        const isTyped = inputType === 'insertText' || inputType === 'insertFromDrop';
+        if (isBack || isTyped || inputType === 'insertLineBreak' || !around.state.editor) event.preventDefault();
+        if (isBack && around.tell(Tell.keyDown, backspace) === 0) around.tell(Tell.keyPress, backspace);
+        else if (inputType === 'insertLineBreak') around.tell(Tell.keyDown, enter);
+        else if (isTyped)
+            around.tell(Tell.typeText, 0, 0, 0, event.data ?? event.dataTransfer?.getData('text/plain'));
     }
 
     /** Reports what the box has come to by itself. */
     private settle(): void {
         const { editor } = this.around.state;
-        const { value, selectionStart, selectionEnd, selectionDirection } = this.input;
+        const { value } = this.input;
         if (this.isComposing || editor === undefined || this.edit !== editor.edit) return;
-        const ends = [selectionStart ?? 0, selectionEnd ?? 0];
-        if (selectionDirection === 'backward') ends.reverse();
-        if (value !== editor.text || ends[0] !== editor.anchor || ends[1] !== editor.caret)
-            this.around.tell(Tell.textSettled, this.edit, ends[0], ends[1], value);
+        const [from, to, isBackward] = this.selection();
+        const [anchor, caret] = isBackward ? [to, from] : [from, to];
+        if (value !== editor.text || anchor !== editor.anchor || caret !== editor.caret)
+            this.around.tell(Tell.textSettled, this.edit, anchor, caret, value);
     }
 
     private compositionStart(): void {
-        const { value, selectionStart, selectionEnd } = this.input;
-        this.beside = [value.slice(0, selectionStart ?? 0), value.slice(selectionEnd ?? 0)];
+        const { value } = this.input;
+        const [from, to] = this.selection();
+        this.beside = [value.slice(0, from), value.slice(to)];
         this.isComposing = true;
         this.enter();
         if (this.around.tell(Tell.beginComposition) === 0 || !this.around.state.editor)
@@ -208,7 +192,7 @@ export class TextBox {
         const { input } = this;
         this.isComposing = false;
         input.readOnly = true;
-        this.quietly(() => (input.blur(), this.focus()));
+        this.refocus();
         input.value = '';
         setTimeout(() => {
             input.readOnly = false;
@@ -219,14 +203,15 @@ export class TextBox {
     private compositionEnd(data: string): void {
         if (!this.isComposing) return;
         this.isComposing = false;
-        const { editor } = this.around.state;
+        const { around } = this;
+        const { editor } = around.state;
         if (editor === undefined) return;
-        const { value, selectionStart } = this.input;
-        const caret = selectionStart ?? 0;
+        const { value } = this.input;
+        const [caret] = this.selection();
         // An input method may also have replaced what stood beside it.
-        if (value === this.beside.join(data)) this.around.tell(Tell.typeText, 0, 0, 0, data);
-        else this.around.tell(Tell.textSettled, editor.edit, caret, caret, value);
-        if (this.around.isAlive()) this.mirror();
+        if (value === this.beside.join(data)) around.tell(Tell.typeText, 0, 0, 0, data);
+        else around.tell(Tell.textSettled, editor.edit, caret, caret, value);
+        if (around.isAlive) this.mirror();
     }
 
     private copy(event: ClipboardEvent, what: Tell.copy | Tell.cut): void {
@@ -235,32 +220,18 @@ export class TextBox {
         if (text !== undefined) event.clipboardData?.setData('text/plain', text);
     }
 
-    private focusCame(): void {
+    private focusMoved(then: () => void): void {
         if (this.isQuiet) return;
         this.around.keyboardMoved();
-        this.enter();
+        then();
     }
 
-    /** Another window ends nothing, nor does a grid that is on its way to another place. */
-    private focusWent(isKnown: boolean): void {
-        if (this.isQuiet) return;
-        this.around.keyboardMoved();
-        // Who takes an element out of the document is told apart only when it has been done.
-        if (isKnown) this.leave();
-        else queueMicrotask(() => this.leave());
-    }
-
-    /** Ends the edit, too, when the keyboard is somewhere else in the document. */
-    leave(): void {
-        const { input, around } = this;
-        if (!this.hasFocus && input.isConnected && document.hasFocus() && around.tell(Tell.hasKeyboard) !== 0)
-            around.tell(Tell.focusLeft);
-    }
-
-    private quietly(action: () => void): void {
+    /** Only a box that is left ends a composition. */
+    private refocus(): void {
         const before = this.isQuiet;
         this.isQuiet = true;
-        action();
+        this.input.blur();
+        this.focus();
         this.isQuiet = before;
     }
 }

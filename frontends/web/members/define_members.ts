@@ -1,17 +1,14 @@
 /**
  * Makes the control's members on the element's prototype and its events, from the member table.
- * The element says how a member is reached; names and numbers stand nowhere else.
+ * Names and numbers stand nowhere else.
  */
 
+import { How, type Value } from '../element/native.js';
 import { eventRows, memberRows } from './member_table.js';
 
-/** How the element reaches the core. A value that is left out arrives as undefined. */
+/** How a member reaches the core. A value that is left out arrives as undefined. */
 export interface MemberLink {
-    get(number: number, indexes: readonly unknown[]): unknown;
-    put(number: number, value: unknown, indexes: readonly unknown[]): void;
-    call(number: number, values: readonly unknown[]): unknown;
-    tag(row: unknown, col: unknown): unknown;
-    setTag(row: unknown, col: unknown, value: unknown): void;
+    access(member: number, how: How, values: readonly Value[]): Value;
 }
 
 /** Throws nothing itself; what the link throws comes out of the member. */
@@ -19,55 +16,44 @@ export function defineMembers<Element extends object>(
     prototype: Element,
     linkOf: (element: Element) => MemberLink,
 ): void {
-    const define = (name: string, value: (this: Element, ...values: unknown[]) => unknown) =>
-        Object.defineProperty(prototype, name, { value, configurable: true, writable: true });
     for (const [name, number, access, indexes] of memberRows) {
-        const setter = 'set' + name[0].toUpperCase() + name.slice(1);
-        if (access === 'c') {
-            define(name, function (...values) {
-                return linkOf(this).call(number, values);
-            });
-        } else if (access === 't') {
-            define(name, function (row, col) {
-                return linkOf(this).tag(row, col);
-            });
-            define(setter, function (row, col, value) {
-                linkOf(this).setTag(row, col, value);
-            });
-        } else if (indexes === 0) {
-            const set = function (this: Element, value: unknown) {
-                linkOf(this).put(number, value, []);
+        const use = (how: How) =>
+            function (this: Element, ...values: Value[]) {
+                // What is written stands behind the indexes, also when they are left out.
+                while (how === How.Write && values.length <= indexes) values.push(undefined);
+                return linkOf(this).access(number, how, values);
             };
-            Object.defineProperty(prototype, name, {
-                get(this: Element) {
-                    return linkOf(this).get(number, []);
-                },
-                ...(access.includes('w') ? { set } : {}),
-                configurable: true,
-                enumerable: true,
-            });
-        } else {
-            if (access.includes('r'))
-                define(name, function (...values) {
-                    return linkOf(this).get(number, values);
-                });
-            if (access.includes('w'))
-                define(setter, function (...values) {
-                    linkOf(this).put(number, values[indexes], values.slice(0, indexes));
-                });
-        }
+        const define = (own: string, value: PropertyDescriptor) =>
+            Object.defineProperty(prototype, own, { configurable: true, ...value });
+        const isPlain = access !== 'c' && indexes === 0;
+        const [get, set] = [use(How.Read), use(How.Write)];
+        if (isPlain) define(name, { get, ...(access.includes('w') ? { set } : {}), enumerable: true });
+        else if (access === 'c') define(name, { value: use(How.Call), writable: true });
+        else if (access.includes('r')) define(name, { value: get, writable: true });
+        if (!isPlain && access.includes('w'))
+            define('set' + name[0].toUpperCase() + name.slice(1), { value: set, writable: true });
     }
 }
 
+/** The events that are being heard, the innermost last: what is thrown now is its handler's. */
+const heard: { thrown?: { error: unknown } }[] = [];
+globalThis.addEventListener?.('error', ({ error }) => {
+    const event = heard.at(-1);
+    if (event !== undefined) event.thrown ??= { error };
+}, true);
+
 /**
  * Tells the page of an event by its number and writes into the arguments what comes back. What a
- * handler throws, the browser reports; nothing of it comes out here.
+ * handler throws, the browser reports; it is answered, too.
  */
-export function raiseEvent(target: EventTarget, number: number, values: unknown[]): void {
+export function raiseEvent(target: EventTarget, number: number, values: unknown[]): { error: unknown } | undefined {
     const [name, names, vetoed, veto] = eventRows[number - 1];
-    const detail: Record<string, unknown> = {};
-    names.forEach((each, place) => (detail[each] = values[place]));
+    const detail = Object.fromEntries(names.map((each, place) => [each, values[place]]));
     const event = new CustomEvent(name, { detail, cancelable: vetoed !== undefined });
+    const entry: (typeof heard)[number] = {};
+    heard.push(entry);
     target.dispatchEvent(event);
+    heard.pop();
     if (vetoed !== undefined) values[vetoed] = event.defaultPrevented ? veto : detail[names[vetoed]];
+    return entry.thrown;
 }

@@ -1,14 +1,14 @@
 // The member table: numbers by the names that a page uses. define_members.ts makes members and
 // events of it. Printed by tools/web_types. Do not edit.
 
-/** name, number, what may be done (r reads, w writes, c calls, t is a tag), count of indexes */
+/** name, number, what may be done (r reads, w writes, c calls), count of indexes */
 export type MemberRow = readonly [string, number, string, number];
 /** By number, from 1: name, names of the arguments; which of them a veto writes, and what */
 export type EventRow = readonly [string, readonly string[], number?, (boolean | number)?];
 
 export const memberRows: readonly MemberRow[] = [
     ['markRow', 1073938432, 'rw', 0],
-    ['cellTag', 1073938433, 't', 2],
+    ['cellTag', 1073938433, 'rw', 2],
     ['backColorFixed', 1745027117, 'rw', 0],
     ['enabled', 1745027116, 'rw', 0],
     ['font', -512, 'rw', 0],

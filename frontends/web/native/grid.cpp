@@ -1,8 +1,5 @@
 #include "grid.h"
 
-#include <tablio/members.h>
-
-#include <algorithm>
 #include <map>
 #include <utility>
 
@@ -49,74 +46,71 @@ void Grid::start() {
 }
 
 void Grid::event(MemberNumber number, std::span<Value> arguments) {
-    putValues(arguments);
-    const Heard heard = tablio_event(number_, number, static_cast<int>(arguments.size()));
+    Message message;
+    message.add(arguments.size());
+    for (const Value &argument : arguments)
+        message.add(argument);
+    // NOLINTNEXTLINE: addresses have 32 bits here.
+    const auto place = reinterpret_cast<std::size_t>(message.done());
+    const auto heard = static_cast<Heard>(ask(Ask::Event, number, static_cast<double>(place)));
     if (heard == Heard::Threw)
         throw HandlerFailed();
     if (heard == Heard::Unchanged)
         return;
-    Values changed = takeValues(static_cast<int>(arguments.size()));
-    std::move(changed.begin(), changed.end(), arguments.begin());
+    Given changed(3 * arguments.size());
+    for (Value &argument : arguments)
+        argument = changed.value();
+}
+
+char32_t Grid::toUpper(char32_t character) const {
+    return static_cast<char32_t>(ask(Ask::InCase, character, 1));
+}
+
+char32_t Grid::toLower(char32_t character) const {
+    return static_cast<char32_t>(ask(Ask::InCase, character, 0));
 }
 
 Date Grid::today() const {
-    const int date = tablio_today();
+    const int date = static_cast<int>(ask(Ask::Today));
     return {date / 10000, date / 100 % 100, date % 100};
 }
 
-void Grid::showMessage(std::string_view title, std::string_view text, bool isQuestion) {
-    const std::string both = std::string(title) + "\n" + std::string(text);
-    tablio_message(number_, isQuestion, both.data(), both.size());
+void Grid::showWarning(std::string_view title, std::string_view text) {
+    ask(Ask::ShowMessage, 0, 0, std::string(title).append("\n").append(text));
+}
+
+bool Grid::showQuestion(std::string_view title, std::string_view text) {
+    ask(Ask::ShowMessage, 1, 0, std::string(title).append("\n").append(text));
+    return true;
 }
 
 void Grid::noteChange() {
     if (!std::exchange(isNoted_, true))
-        tablio_changed(number_);
+        ask(Ask::Changed);
 }
 
 void Grid::areaChanged(const Rect &area) {
-    constexpr std::size_t most = 64;
-    if (!isAll_)
-        repaint_.areas.push_back(DevicePixels(look.scale).rect(area));
-    isAll_ = isAll_ || repaint_.areas.size() > most;
+    damage_.add(area, look.scale);
     noteChange();
 }
 
 void Grid::scrolled() {
     arrange();
-    const Screen &screen = table_->screen();
-    const int topRow = std::exchange(topRow_, screen.rowRange().position);
-    const int leftCol = std::exchange(leftCol_, screen.colRange().position);
-    const ScrollMove move = screen.movedSince(topRow, leftCol, look.scale);
-    const bool isMoved = move.distance != 0 && !isAll_;
-    isAll_ = !isMoved;
-    if (isMoved) {
-        const int distance = DevicePixels(look.scale).edge(move.distance * twipsPerPixel);
-        for (PixelRect &area : repaint_.areas)
-            area = {area.left, area.top + std::min(0, distance), area.width,
-                    area.height + std::abs(distance)};
-        repaint_.move = {move.top, repaint_.move.distance + move.distance};
-    }
+    damage_.scroll(table_->screen(), look.scale);
     noteChange();
 }
 
-Grid::Repaint Grid::takeRepaint(const PixelRect &all) {
-    Repaint repaint = std::exchange(repaint_, {});
+bool Grid::isEnabled() const {
+    return table().Enabled() || table().screen().widget(WidgetId::mvCalender).isVisible;
+}
+
+Damage::Frame Grid::takeDamage(int width, int height) {
     isNoted_ = false;
-    const DevicePixels pixels(look.scale);
-    const int top = pixels.edge(repaint.move.top * twipsPerPixel);
-    const int distance = pixels.edge(repaint.move.distance * twipsPerPixel);
-    if (std::exchange(isAll_, false) || std::abs(distance) >= all.height - top)
-        return {{}, {all}};
-    if (distance != 0)
-        repaint.areas.push_back(
-            {0, distance > 0 ? top : all.height + distance, all.width, std::abs(distance)});
-    repaint.move = {top, distance};
-    return repaint;
+    return damage_.take(width, height);
 }
 
 void Grid::repaintAll() {
-    isAll_ = true;
+    damage_.addAll();
     noteChange();
 }
 
@@ -130,21 +124,10 @@ Arrangement Grid::arranged() const {
     return table().screen().arranged(room_.width, room_.height, bar_, bar_);
 }
 
-/// Telling the control its size makes it report its range, which comes back to here.
+/// Another size is another range, which is reported and comes back to here.
 void Grid::arrange() {
-    if (std::exchange(isArranging_, true))
-        return;
     const Arrangement now = arranged();
     table_->input().resized(now.width, now.height);
-    isArranging_ = false;
-}
-
-std::size_t Grid::numberOf(const Font &wanted) {
-    const auto found = std::find(fonts_.begin(), fonts_.end(), wanted);
-    if (found != fonts_.end())
-        return static_cast<std::size_t>(found - fonts_.begin());
-    fonts_.push_back(wanted);
-    return fonts_.size() - 1;
 }
 
 [[clang::export_name("create")]] int create() {

@@ -4,16 +4,16 @@
 /// to be shown, and the host that raises events. What the page calls reaches it by its number and
 /// keeps it until it is through, whatever a handler does meanwhile.
 
+#include "message.h"
 #include "page.h"
-#include "slots.h"
+#include "page_fonts.h"
 
-#include <tablio/dispatch.h>
+#include <tablio/damage.h>
 #include <tablio/errors.h>
 #include <tablio/tablio.h>
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace tablio::web {
 
@@ -26,32 +26,27 @@ public:
     [[nodiscard]] bool isAlive() const noexcept { return table_ != nullptr; }
     void start();
     void destroy() { table_.reset(); }
+    /// Asks the page for something.
+    double ask(Ask what, double a = 0, double b = 0, std::string_view text = {}) const {
+        return tablio_page(number_, what, a, b, text.data(), text.size());
+    }
 
-    void shown() override { tablio_shown(number_); }
-    [[nodiscard]] bool canTakeFocus() const override { return tablio_can_take_focus(number_); }
-    void takeFocus() override { tablio_take_focus(number_); }
+    void shown() override { ask(Ask::Shown); }
+    [[nodiscard]] bool canTakeFocus() const override { return ask(Ask::CanTakeFocus) != 0; }
+    void takeFocus() override { ask(Ask::TakeFocus); }
     void areaChanged(const Rect &area) override;
     void scrolled() override;
-    void popUpMenu(Twips x, Twips y) override { tablio_pop_up_menu(number_, x, y); }
-    void showWarning(std::string_view title, std::string_view text) override {
-        showMessage(title, text, false);
-    }
-    [[nodiscard]] bool showQuestion(std::string_view title, std::string_view text) override {
-        showMessage(title, text, true);
-        return true;
-    }
+    void popUpMenu(Twips x, Twips y) override { ask(Ask::PopUpMenu, x, y); }
+    void showWarning(std::string_view title, std::string_view text) override;
+    [[nodiscard]] bool showQuestion(std::string_view title, std::string_view text) override;
     [[nodiscard]] NumberFormat numberFormat() const override { return numbers; }
     [[nodiscard]] DateOrder dateOrder() const override { return dates; }
-    [[nodiscard]] char32_t toUpper(char32_t character) const override {
-        return tablio_case(character, true);
-    }
-    [[nodiscard]] char32_t toLower(char32_t character) const override {
-        return tablio_case(character, false);
-    }
+    [[nodiscard]] char32_t toUpper(char32_t character) const override;
+    [[nodiscard]] char32_t toLower(char32_t character) const override;
     [[nodiscard]] Date today() const override;
     [[nodiscard]] Font defaultFont() const override { return font; }
-    void propertyChanged(MemberNumber number) override { tablio_property_changed(number_, number); }
-    void setHostKeyPreview(bool preview) override { tablio_key_preview(number_, preview); }
+    void propertyChanged(MemberNumber number) override { ask(Ask::PropertyChanged, number); }
+    void setHostKeyPreview(bool preview) override { ask(Ask::KeyPreview, preview ? 1 : 0); }
     void event(MemberNumber number, std::span<Value> arguments) override;
 
     // What the page has told about itself.
@@ -59,26 +54,17 @@ public:
     DateOrder dates = DateOrder::DayMonthYear;
     Font font;
     SceneLook look;
-    /// Of its palette.
-    std::vector<Colour> systemColours;
-    /// Bars that lie over the cells are 0 thick.
+    PageFonts fonts;
+    /// With bars so thick; those that lie over the cells are 0 thick.
     void setRoom(Twips width, Twips height, Twips bar);
     [[nodiscard]] Arrangement arranged() const;
 
-    /// What has to be painted of so many pixels since this was last asked, and what may be moved
-    /// before.
-    struct Repaint {
-        ScrollMove move;
-        std::vector<PixelRect> areas;
-    };
-    [[nodiscard]] Repaint takeRepaint(const PixelRect &all);
+    /// Also while the calendar keeps the grid from taking anything.
+    [[nodiscard]] bool isEnabled() const;
+    [[nodiscard]] Damage::Frame takeDamage(int width, int height);
     void repaintAll();
-    /// A number for a font, from 0.
-    [[nodiscard]] std::size_t numberOf(const Font &font);
-    [[nodiscard]] const Font &fontAt(std::size_t number) const { return fonts_.at(number); }
 
 private:
-    void showMessage(std::string_view title, std::string_view text, bool isQuestion);
     void noteChange();
     void arrange();
 
@@ -87,15 +73,9 @@ private:
     std::unique_ptr<HostEvents> relay_ = relayTo(*this);
     Rect room_;
     Twips bar_ = 0;
-    bool isArranging_ = false;
+    Damage damage_;
     /// The page knows that there is something to be painted.
     bool isNoted_ = false;
-    bool isAll_ = true;
-    Repaint repaint_;
-    /// What was first when the table was moved or painted last.
-    int topRow_ = 0;
-    int leftCol_ = 0;
-    std::vector<Font> fonts_;
 };
 
 /// Throws Error where there is none.
@@ -120,12 +100,12 @@ template <typename Action> auto with(int number, Action action) {
     tablio_fail(failure.kind, failure.argument, failure.message.data(), failure.message.size());
 }
 
-/// The same for what answers by numbers and texts.
+/// The same for what answers by a message.
 template <typename Action> const void *replied(int number, Action action) {
     return with(number, [&](Grid &grid) {
-        Reply reply;
-        action(grid, reply);
-        return reply.done();
+        Message message;
+        action(grid, message);
+        return message.done();
     });
 }
 

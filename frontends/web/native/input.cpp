@@ -14,10 +14,10 @@ KeyCode key(int code) { return static_cast<KeyCode>(code); }
 EditNumber edit(int number) { return static_cast<EditNumber>(number); }
 MouseButton button(int number) { return static_cast<MouseButton>(number); }
 Date date(int number) { return {number / 10000, number / 100 % 100, number % 100}; }
-/// Where the reply is with the text; 0 for none.
+/// Where the message is with the text; 0 for none.
 int clipped(const std::optional<std::string> &text) {
     // NOLINTNEXTLINE: addresses have 32 bits here.
-    return text ? static_cast<int>(reinterpret_cast<std::intptr_t>(Reply().addText(*text).done()))
+    return text ? static_cast<int>(reinterpret_cast<std::intptr_t>(Message().add(*text).done()))
                 : 0;
 }
 
@@ -25,7 +25,7 @@ using Text = std::string_view;
 using Call = int (*)(Input &, int, int, int, Text);
 
 /// In the order of `Tell` in `element/native.ts`.
-constexpr std::array<Call, 29> calls{
+constexpr std::array<Call, 28> calls{
     [](Input &i, int a, int b, int, Text) { return dealt(i.keyDown(key(a), key(b))); },
     [](Input &i, int a, int, int, Text) { return dealt(i.keyPress(static_cast<char32_t>(a))); },
     [](Input &i, int, int, int, Text t) { return i.typeText(t), 0; },
@@ -36,9 +36,6 @@ constexpr std::array<Call, 29> calls{
     [](Input &i, int a, int b, int, Text) { return i.doubleClick(a, b), 0; },
     [](Input &i, int a, int b, int, Text) { return int{i.isColumnEdge(a, b)}; },
     [](Input &i, int a, int b, int, Text) { return i.scrollTo(a, b), 0; },
-    [](Input &i, int a, int b, int c, Text) {
-        return dealt(i.wheelTurned(static_cast<WheelUnit>(a), b, c));
-    },
     [](Input &i, int, int, int, Text) { return i.focusEntered(), 0; },
     [](Input &i, int, int, int, Text) { return i.focusLeft(), 0; },
     [](Input &i, int, int, int, Text) { return i.endEdit(), 0; },
@@ -51,7 +48,7 @@ constexpr std::array<Call, 29> calls{
     [](Input &i, int a, int b, int c, Text t) { return i.textSettled(edit(a), t, b, c), 0; },
     [](Input &i, int a, int b, int, Text) { return i.comboDropped(edit(a), b != 0), 0; },
     [](Input &i, int a, int b, int, Text) { return i.comboItemChosen(edit(a), b), 0; },
-    [](Input &i, int a, int b, int, Text) { return i.calendarMoved(edit(a), date(b)), 0; },
+    [](Input &i, int a, int b, int, Text) { return i.calendarTurned(edit(a), b), 0; },
     [](Input &i, int a, int b, int, Text) { return i.calendarPicked(edit(a), date(b)), 0; },
     [](Input &i, int a, int b, int, Text) { return i.calendarSized(a, b), 0; },
     [](Input &i, int a, int, int, Text) { return i.menuChosen(static_cast<MenuEntry>(a)), 0; },
@@ -61,12 +58,11 @@ constexpr std::array<Call, 29> calls{
 
 } // namespace
 
-/// The text is so much of the room.
+/// The text is in the room, where there is one.
 [[clang::export_name("tell")]] int tell(int number, int what, int a, int b, int c,
-                                        std::size_t length) {
+                                        std::size_t count) {
     return with(number, [&](Grid &grid) {
-        // Copied, because handlers use the room, too.
-        const std::string text(roomFor(0), length);
+        const std::string text = count == 0 ? std::string() : Given(count).text();
         return calls.at(static_cast<std::size_t>(what))(grid.table().input(), a, b, c, text);
     });
 }
