@@ -133,6 +133,7 @@ export class TablioModule {
         const imports = {
             env: {
                 tablio_fail: module.fail, tablio_page: module.ask,
+                tablio_number: (at: number, length: number) => Number(module.textAt(at, length)),
                 emscripten_notify_memory_growth: nothing, ...more,
             },
             // The standard library's ways to a console, which nothing here takes.

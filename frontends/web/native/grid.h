@@ -6,7 +6,7 @@
 
 #include "message.h"
 #include "page.h"
-#include "page_fonts.h"
+#include "page_painter.h"
 
 #include <tablio/damage.h>
 #include <tablio/errors.h>
@@ -54,7 +54,7 @@ public:
     DateOrder dates = DateOrder::DayMonthYear;
     Font font;
     SceneLook look;
-    PageFonts fonts;
+    PagePainter painter{*this};
     /// With bars so thick; those that lie over the cells are 0 thick.
     void setRoom(Twips width, Twips height, Twips bar);
     [[nodiscard]] Arrangement arranged() const;

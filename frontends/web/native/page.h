@@ -1,7 +1,7 @@
 #pragma once
 
-/// What the module asks of the page: the two functions that `element/native.ts` gives it when it is
-/// loaded. The second one is told by a number which function of `GridPage` is meant.
+/// What the module asks of the page: the functions that `element/native.ts` gives it when it is
+/// loaded. `tablio_page` is told by a number which function of `GridPage` is meant.
 
 #include <cstddef>
 
@@ -35,4 +35,6 @@ extern "C" {
 /// Answers 0 where there is nothing to answer. It does not throw.
 double tablio_page(int grid, tablio::web::Ask what, double a, double b, const char *text,
                    std::size_t length);
+/// The double that is nearest to a decimal number, an exponent behind it.
+double tablio_number(const char *text, std::size_t length);
 }

@@ -3,88 +3,57 @@
 
 #include "grid.h"
 
-#include <tablio/text_lines.h>
-
-#include <algorithm>
 #include <cmath>
 
 namespace tablio::web {
 
 namespace {
 
-/// As numbers: a kind and what it needs, in the order of `Kind` in `element/painter.ts`.
-class SceneWriter final : public ScenePainter {
-public:
-    SceneWriter(Grid &grid, Message &message) : grid_(grid), message_(message) {}
-
-    void fill(const PixelRect &area, Colour colour) override {
-        message_.add(Kind::Fill, colour, area);
-    }
-    void text(const SceneText &text) override {
-        PageFont &font = grid_.fonts.of(text.font, grid_);
-        const auto lines = linesOf(
-            text, font.height, [&](std::string_view words) { return font.widthOf(words, grid_); });
-        const bool isClipped = font.height * static_cast<int>(lines.size()) > text.room.height;
-        if (isClipped)
-            message_.add(Kind::Clip, text.room);
-        for (const TextLine &line : lines) {
-            message_.add(Kind::Text, text.colour, font.number, line.left, line.top, line.text);
-            const auto rule = [&](double down) {
-                fill({line.left, line.top + static_cast<int>(font.height * down), line.width,
-                      std::max(1, font.height / 16)},
-                     text.colour);
-            };
-            if (text.font.underline)
-                rule(0.87);
-            if (text.font.strikethrough)
-                rule(0.54);
-        }
-        if (isClipped)
-            message_.add(Kind::Unclip);
-    }
-    void tick(const SceneTick &tick) override {
-        message_.add(Kind::Tick, tick.colour, tick.penWidth);
-        for (const SceneTick::Point &point : tick.points)
-            message_.add(point.x, point.y);
-    }
-
-private:
-    enum class Kind { Fill, Text, Tick, Clip, Unclip };
-
-    Grid &grid_;
-    Message &message_;
-};
+/// In the order of `element/painter.ts`.
+enum class Kind { Fill, Line, Tick, Clip, Unclip };
 
 } // namespace
 
-double PageFont::widthOf(std::string_view text, const Grid &grid) {
-    constexpr std::size_t most = 4000;
-    const auto known = widths.find(text);
-    if (known != widths.end())
-        return known->second;
-    if (widths.size() == most)
-        widths.clear();
-    return widths.emplace(text, grid.ask(Ask::TextWidth, number, 0, text)).first->second;
+void PagePainter::fill(const PixelRect &area, Colour colour) {
+    message_->add(Kind::Fill, colour, area);
 }
 
-PageFont &PageFonts::of(const Font &font, const Grid &grid) {
-    const auto known = std::find_if(fonts_.begin(), fonts_.end(),
-                                    [&](const PageFont &one) { return one.asked == font; });
-    if (known != fonts_.end())
-        return *known;
-    const int number = static_cast<int>(fonts_.size());
-    const double height = grid.ask(Ask::LineHeight, number, 0, css(font, grid.look.scale));
-    return fonts_.emplace_back(PageFont{font, number, static_cast<int>(height), {}});
+void PagePainter::line(const std::string &text, int font, int left, int top, Colour colour) {
+    message_->add(Kind::Line, colour, font, left, top, text);
 }
 
-std::string PageFonts::css(const Font &font, double scale) const {
-    const double points = font.size > 0 ? static_cast<double>(font.size) : size;
-    const int bold = font.bold ? 700 : weight;
+void PagePainter::tick(const SceneTick &tick) {
+    message_->add(Kind::Tick, tick.colour, tick.penWidth);
+    for (const SceneTick::Point &point : tick.points)
+        message_->add(point.x, point.y);
+}
+
+void PagePainter::clip(const PixelRect &room) { message_->add(Kind::Clip, room); }
+
+void PagePainter::unclip() { message_->add(Kind::Unclip); }
+
+int PagePainter::prepared(int number, const Font &font) {
+    return static_cast<int>(grid_.ask(Ask::LineHeight, number, 0, css(font, grid_.look.scale)));
+}
+
+double PagePainter::measured(int font, std::string_view text) {
+    return grid_.ask(Ask::TextWidth, font, 0, text);
+}
+
+std::string PagePainter::css(const Font &font, double scale) const {
+    const double points = static_cast<double>(font.size > 0 ? font.size : own.size);
+    const int bold = font.bold ? 700 : own.weight;
     // A hundredth of a pixel is fine enough, and whole numbers need no library to be written.
-    return std::string(font.italic || isItalic ? "italic " : "") +
+    return std::string(font.italic || own.italic ? "italic " : "") +
            std::to_string(font.weight > 0 ? font.weight : bold) + " " +
            std::to_string(std::lround(points * 4 / 3 * scale * 100)) + "e-2px " +
-           (font.name.empty() ? "" : "\"" + font.name + "\", ") + families;
+           (font.name.empty() ? "" : "\"" + font.name + "\", ") + own.name;
+}
+
+void PagePainter::paintInto(Message &message, std::span<const PixelRect> areas,
+                            const SceneLook &look) {
+    message_ = &message;
+    grid_.table().screen().paint(areas, look, *this);
 }
 
 /// What is to be moved (its top, and how far down), then what has changed.
@@ -94,8 +63,7 @@ std::string PageFonts::css(const Font &font, double scale) const {
         message.add(frame.move.top, frame.move.distance);
         SceneLook look = grid.look;
         look.isEnabled = grid.isEnabled();
-        SceneWriter writer(grid, message);
-        grid.table().screen().paint(frame.areas, look, writer);
+        grid.painter.paintInto(message, frame.areas, look);
     });
 }
 
@@ -111,7 +79,7 @@ std::string PageFonts::css(const Font &font, double scale) const {
               &palette.buttonText, &palette.window, &palette.windowText, &palette.highlight,
               &palette.highlightedText, &palette.dark, &palette.toolTipBase, &palette.toolTipText})
             colour->value = given.next<std::uint32_t>();
-        grid.fonts.forget();
+        grid.painter.forgetFonts();
         grid.repaintAll();
     });
 }
@@ -121,18 +89,16 @@ std::string PageFonts::css(const Font &font, double scale) const {
 [[clang::export_name("setLocale")]] void setLocale(int number) {
     with(number, [](Grid &grid) {
         Given given(11);
-        PageFonts &fonts = grid.fonts;
         grid.numbers = {given.text(), given.text(), given.next<int>(), given.next<int>()};
         grid.dates = given.next<DateOrder>();
         grid.font.name = given.text();
-        fonts.families = given.text();
-        fonts.size = given.number();
-        fonts.weight = given.next<int>();
-        fonts.isItalic = given.next<bool>();
-        fonts.forget();
-        grid.font.size = static_cast<float>(fonts.size);
-        grid.font.bold = fonts.weight >= 600;
-        grid.font.italic = fonts.isItalic;
+        Font &own = grid.painter.own;
+        own.name = given.text();
+        own.size = grid.font.size = given.next<float>();
+        own.weight = given.next<std::int16_t>();
+        own.italic = grid.font.italic = given.next<bool>();
+        grid.font.bold = own.weight >= 600;
+        grid.painter.forgetFonts();
         grid.table().input().textHeight(given.next<Twips>());
     });
 }

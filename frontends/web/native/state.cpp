@@ -60,7 +60,7 @@ int step(Twips all, int count) { return std::max(1, all / twipsPerPixel / std::m
         message.add(editor->edit, editor->cell.row, editor->cell.col, editor->anchor, editor->caret,
                     editor->alignsRight, colours.of(editor->BackColor),
                     colours.text(editor->ForeColor, editor->BackColor), frame.frame, frame.width,
-                    frame.covered, grid.fonts.css(editor->Font, 1), editor->text);
+                    frame.covered, grid.painter.css(editor->Font, 1), editor->text);
     });
 }
 

@@ -1,8 +1,8 @@
 /// What a face that draws single lines makes of a cell's text, and what it has to paint again.
 
 #include <tablio/damage.h>
+#include <tablio/line_painter.h>
 #include <tablio/tablio.h>
-#include <tablio/text_lines.h>
 
 #include <gtest/gtest.h>
 
@@ -13,26 +13,43 @@ namespace tablio {
 namespace {
 
 /// Each character is ten pixels wide, and a line 20 high.
+class Drawn final : public LinePainter {
+public:
+    std::string lines;
+
+    void fill(const PixelRect &area, Colour /*colour*/) override {
+        lines += "_" + std::to_string(area.width);
+    }
+    void tick(const SceneTick & /*tick*/) override {}
+    void line(const std::string &text, int /*font*/, int left, int /*top*/,
+              Colour /*colour*/) override {
+        lines += (lines.empty() ? "" : "|") + (left > 0 ? std::to_string(left) + ":" : "") + text;
+    }
+    void clip(const PixelRect & /*room*/) override { lines += "["; }
+    void unclip() override { lines += "]"; }
+    int prepared(int /*number*/, const Font & /*font*/) override { return 20; }
+    double measured(int /*font*/, std::string_view text) override {
+        double wide = 0;
+        for (const char byte : text)
+            wide += (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U ? 0 : 10;
+        return wide;
+    }
+};
+
 std::string drawn(std::string_view text, int width, int height, bool mayWrap = false,
-                  TooWide tooWide = TooWide::Dots) {
-    const Font font;
+                  TooWide tooWide = TooWide::Dots, Third across = Third::Near,
+                  const Font &font = {}) {
     SceneText scene{text, {0, 0, width, height}, {0, 0, width, height}, {}, font};
-    scene.down = Third::Near;
+    scene.across = across;
     scene.hasLineEnds = text.find('\n') != std::string_view::npos;
     scene.mayWrap = mayWrap;
     scene.tooWide = tooWide;
-    std::string all;
-    for (const TextLine &line : linesOf(scene, 20, [](std::string_view part) {
-             double wide = 0;
-             for (const char byte : part)
-                 wide += (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U ? 0 : 10;
-             return wide;
-         }))
-        all += (all.empty() ? "" : "|") + line.text;
-    return all;
+    Drawn painter;
+    painter.text(scene);
+    return painter.lines;
 }
 
-TEST(TextLinesTest, BreaksAndShortensWhatIsTooWide) {
+TEST(LinePainterTest, BreaksAndShortensWhatIsTooWide) {
     const struct {
         const char *text;
         int width, height;
@@ -59,6 +76,9 @@ TEST(TextLinesTest, BreaksAndShortensWhatIsTooWide) {
     for (const auto &c : cases)
         EXPECT_EQ(drawn(c.text, c.width, c.height, c.mayWrap, c.tooWide), c.lines)
             << c.text << " in " << c.width;
+    EXPECT_EQ(drawn("abc", 51, 10, false, TooWide::Dots, Third::Middle), "[11:abc]");
+    EXPECT_EQ(drawn("abc", 50, 20, false, TooWide::Dots, Third::Far, {"", 0, false, false, true}),
+              "20:abc_30");
 }
 
 std::string told(const Damage::Frame &frame) {

@@ -1,10 +1,12 @@
-#include <tablio/text_lines.h>
+#include <tablio/line_painter.h>
 
 #include "model/text/utf16.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <functional>
+#include <utility>
 
 namespace tablio {
 
@@ -38,9 +40,11 @@ std::string onOneLine(std::string_view text) {
     return std::string(withoutEnd(line));
 }
 
+using Width = std::function<double(std::string_view)>;
+
 class Breaker {
 public:
-    Breaker(double room, const TextWidth &width) : room_(room), width_(width) {}
+    Breaker(double room, Width width) : room_(room), width_(std::move(width)) {}
 
     [[nodiscard]] bool fits(std::string_view text) const { return width_(text) <= room_; }
     [[nodiscard]] std::string shortened(std::string_view text) const {
@@ -91,34 +95,67 @@ private:
     }
 
     double room_;
-    const TextWidth &width_;
+    Width width_;
 };
 
 } // namespace
 
-std::vector<TextLine> linesOf(const SceneText &text, int lineHeight, const TextWidth &width) {
-    const PixelRect &inner = text.inner;
-    const Breaker breaker(inner.width, width);
-    std::vector<std::string> lines;
-    if (!text.hasLineEnds && breaker.fits(text.text))
-        lines.emplace_back(text.text);
-    else if (text.mayWrap && inner.height >= 2 * lineHeight)
-        lines = breaker.broken(text.text, static_cast<std::size_t>(inner.height / lineHeight));
-    else if (text.tooWide == TooWide::Hashes)
-        lines.push_back(breaker.hashes());
-    else
-        lines.push_back(breaker.shortened(onOneLine(text.text)));
+double LinePainter::widthOf(LineFont &font, std::string_view text) {
+    constexpr std::size_t most = 4000;
+    const auto known = font.widths.find(text);
+    if (known != font.widths.end())
+        return known->second;
+    if (font.widths.size() == most)
+        font.widths.clear();
+    return font.widths.emplace(text, measured(font.number, text)).first->second;
+}
 
-    std::vector<TextLine> placed;
-    const int height = lineHeight * static_cast<int>(lines.size());
-    int top = aligned(inner.top, inner.height, height, text.down);
-    for (std::string &line : lines) {
-        const int length = static_cast<int>(std::lround(width(line)));
-        const int left = aligned(inner.left, inner.width, length, text.across);
-        placed.push_back({std::move(line), left, top, length});
-        top += lineHeight;
+LineFont &LinePainter::fontOf(const Font &font) {
+    const auto known = std::find_if(fonts_.begin(), fonts_.end(),
+                                    [&](const LineFont &one) { return one.asked == font; });
+    if (known != fonts_.end())
+        return *known;
+    const int number = static_cast<int>(fonts_.size());
+    return fonts_.emplace_back(LineFont{font, number, prepared(number, font), {}});
+}
+
+std::vector<std::string> LinePainter::linesOf(const SceneText &text, LineFont &font) {
+    const PixelRect &inner = text.inner;
+    const Breaker breaker(inner.width, [&](std::string_view part) { return widthOf(font, part); });
+    if (!text.hasLineEnds && breaker.fits(text.text))
+        return {std::string(text.text)};
+    if (text.mayWrap && inner.height >= 2 * font.height)
+        return breaker.broken(text.text, static_cast<std::size_t>(inner.height / font.height));
+    if (text.tooWide == TooWide::Hashes)
+        return {breaker.hashes()};
+    return {breaker.shortened(onOneLine(text.text))};
+}
+
+void LinePainter::text(const SceneText &text) {
+    LineFont &font = fontOf(text.font);
+    const std::vector<std::string> lines = linesOf(text, font);
+    const int height = font.height * static_cast<int>(lines.size());
+    const bool isClipped = height > text.room.height;
+    if (isClipped)
+        clip(text.room);
+    int top = aligned(text.inner.top, text.inner.height, height, text.down);
+    for (const std::string &words : lines) {
+        const int width = static_cast<int>(std::lround(widthOf(font, words)));
+        const int left = aligned(text.inner.left, text.inner.width, width, text.across);
+        line(words, font.number, left, top, text.colour);
+        const auto rule = [&](double down) {
+            fill({left, top + static_cast<int>(font.height * down), width,
+                  std::max(1, font.height / 16)},
+                 text.colour);
+        };
+        if (text.font.underline)
+            rule(0.87);
+        if (text.font.strikethrough)
+            rule(0.54);
+        top += font.height;
     }
-    return placed;
+    if (isClipped)
+        unclip();
 }
 
 } // namespace tablio
