@@ -24,7 +24,8 @@ export const strictPolicy =
 
 /**
  * Serves directories by the paths that they stand under, such as { '/': …, '/tablio/': … }, on this
- * machine alone. `pages` are texts by their whole path. Port 0 is any that is free.
+ * machine alone. `pages` are texts by their whole path, or functions that promise one and are given
+ * what is asked for behind it. Port 0 is any that is free.
  * @returns the address, without a slash at its end, and close()
  */
 export async function serve({
@@ -36,7 +37,8 @@ export async function serve({
 }) {
     const paths = Object.keys(directories).sort((one, other) => other.length - one.length);
     const server = createServer(async (request, response) => {
-        const path = normalize(decodeURIComponent(new URL(request.url, 'http://here').pathname));
+        const { pathname, searchParams } = new URL(request.url, 'http://here');
+        const path = normalize(decodeURIComponent(pathname));
         const headers = {
             'Cache-Control': 'no-store',
             'X-Content-Type-Options': 'nosniff',
@@ -47,7 +49,11 @@ export async function serve({
             response.writeHead(status, { ...headers, 'Content-Type': type });
             response.end(body);
         };
-        if (path in pages) return send(200, types[extname(path)] ?? types['.html'], pages[path]);
+        if (path in pages) {
+            const page = pages[path];
+            const text = typeof page === 'function' ? await page(searchParams) : page;
+            return send(200, types[extname(path)] ?? types['.html'], text);
+        }
         if (path === '/favicon.ico') return send(204, 'text/plain');
         const base = paths.find((each) => path.startsWith(each));
         if (base === undefined) return send(404, 'text/plain', 'Not found');

@@ -50,8 +50,18 @@ export async function openBrowser(flags = []) {
  * strict content policy when nothing else is said.
  */
 export function serveBeside({ directories = {}, pages = {}, policy = strictPolicy } = {}) {
-    return serve({ directories: { '/tablio/': built, ...directories }, pages, policy });
+    const wait = (query) => new Promise((done) => setTimeout(done, Number(query.get('ms')), ''));
+    return serve({
+        directories: { '/tablio/': built, ...directories }, pages: { '/wait': wait, ...pages }, policy,
+    });
 }
+
+/** For a page: a handler of a host that asks its server blocks it for so long, without working. */
+export const blockScript = `window.block = (ms) => {
+    const request = new XMLHttpRequest();
+    request.open('GET', '/wait?ms=' + ms, false);
+    if (ms > 0) request.send();
+};`;
 
 /** Opens a page. What it throws or reports as an error stands in `page.faults`. */
 export async function openPage(browser, address) {

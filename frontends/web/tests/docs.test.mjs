@@ -73,6 +73,13 @@ const checks = {
         await page.goBack();
         assert.equal(await page.evaluate(() => localStorage.getItem('5,0')), 'half');
     },
+    Looks: async (page) => {
+        const entry = await page.$eval('tablio-grid', (grid) => {
+            grid.popUpMenu(0, 0);
+            return grid.shadowRoot.querySelector('#entry-0').textContent;
+        });
+        assert.equal(entry, 'Zeile markieren');
+    },
 };
 
 /** The samples of frameworks, as their compilers make them. */

@@ -3,12 +3,13 @@
  * input, sent without waiting, and what the first grid has come to.
  */
 
-import { openBrowser, openPage, serveBeside } from './browser.mjs';
+import { blockScript, openBrowser, openPage, serveBeside } from './browser.mjs';
 
 const body = `<!doctype html><html lang="en-GB"><head><title>waiting</title></head><body>
     <input id="field"><tablio-grid id="first"></tablio-grid><tablio-grid id="second"></tablio-grid>
     <div id="elsewhere"></div><script type="module" src="/page.js"></script></body></html>`;
 const script = `import '/tablio/tablio-grid.js';
+    ${blockScript}
     for (const grid of document.querySelectorAll('tablio-grid')) {
         grid.entryRules = 1;
         grid.cols = 4;
