@@ -81,8 +81,11 @@ async function open(browser, address, peer, { rows, cols }) {
         for (const name of ['instantiate', 'instantiateStreaming']) {
             const original = WebAssembly[name];
             WebAssembly[name] = (source, imports) => {
-                const { tablio_shown: shown } = imports.env;
-                imports.env.tablio_shown = timed(shown, (time) => (inCore -= time));
+                const { tablio_page: page } = imports.env;
+                const showing = timed(page, (time) => (inCore -= time));
+                // What is asked first is to raise an event; all else is the page's own part.
+                imports.env.tablio_page = (grid, what, ...values) =>
+                    (what === 0 ? page : showing)(grid, what, ...values);
                 return original.call(WebAssembly, source, imports).then(keep);
             };
         }

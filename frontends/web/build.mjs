@@ -31,6 +31,7 @@ await build({
     format: 'esm',
     target: 'es2022',
     minify: true,
+    loader: { '.css': 'text' },
     banner: { js: `/*! Tablio ${version}, MIT license */` },
     logLevel: 'warning',
 });

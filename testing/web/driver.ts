@@ -227,7 +227,12 @@ export function open(text: string, byBrowser: readonly string[]): string[] {
     return message.all(message.text);
 }
 
-export const play = (scenario: number) => module.message(module.run('driverPlay', scenario)).text();
+/** Plays one that needs nothing of the browser, and answers what was not as expected. */
+export function play(scenario: number): string {
+    begin(scenario);
+    while (advance() !== undefined);
+    return finish();
+}
 export const begin = (scenario: number) => void module.run('driverBegin', scenario);
 export const finish = () => module.message(module.run('driverFinish')).text();
 

@@ -21,6 +21,7 @@ const here = dirname(fileURLToPath(import.meta.url));
 const { build } = await import('../../frontends/web/node_modules/esbuild/lib/main.js');
 const bundle = await build({
     entryPoints: [join(here, 'driver.ts')], bundle: true, format: 'esm', write: false,
+    loader: { '.css': 'text' },
 });
 
 const [module, ...words] = process.argv.slice(2);

@@ -152,49 +152,32 @@ WebDriver driver;
 std::optional<Player> player;
 ScenarioFile file;
 
-const void *told(const std::vector<scenario::Failure> &failures) {
-    std::string text;
-    for (const scenario::Failure &failure : failures)
-        text += std::to_string(failure.line) + ": " + failure.message + "\n";
-    return Message().add(text).done();
-}
-
-template <typename Action> const void *orFailure(Action action) {
-    try {
-        return action();
-    } catch (const std::exception &error) {
-        return Message().add(error.what()).done();
-    }
-}
-
 } // namespace
 
 /// The names of the scenarios in the text that is in the room.
 [[clang::export_name("driverLoad")]] const void *load(bool isOutside) {
-    return orFailure([&] {
-        driver.isOutside = isOutside;
-        if (!player)
-            player.emplace(driver);
-        file = parseScenarios("", Given(1).text());
-        Message names;
-        for (const Scenario &each : file.scenarios)
-            names.add(each.name);
-        return names.done();
-    });
+    driver.isOutside = isOutside;
+    if (!player)
+        player.emplace(driver);
+    file = parseScenarios("", Given(1).text());
+    Message names;
+    for (const Scenario &each : file.scenarios)
+        names.add(each.name);
+    return names.done();
 }
 
-/// Plays one and answers what was not as expected.
-[[clang::export_name("driverPlay")]] const void *play(std::size_t scenario) {
-    return orFailure([&] { return told(player->play(file, file.scenarios.at(scenario))); });
-}
-
-// The same step by step.
+// A scenario is played step by step, and what was not as expected is told at its end.
 [[clang::export_name("driverBegin")]] void begin(std::size_t scenario) {
     player->begin(file, file.scenarios.at(scenario));
 }
 /// Behind the last call of the driver, whose failure is in the room; false at the end.
 [[clang::export_name("driverAdvance")]] bool advance() { return player->advance(Given(1).text()); }
-[[clang::export_name("driverFinish")]] const void *finish() { return told(player->finish()); }
+[[clang::export_name("driverFinish")]] const void *finish() {
+    std::string text;
+    for (const scenario::Failure &failure : player->finish())
+        text += std::to_string(failure.line) + ": " + failure.message + "\n";
+    return Message().add(text).done();
+}
 [[clang::export_name("driverInHandler")]] bool inHandler() { return player->isInHandler(); }
 
 /// What the browser's clipboard has come to hold.

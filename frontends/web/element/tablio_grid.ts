@@ -15,7 +15,7 @@ import { Tell, type GridPage, type NativeGrid, type TablioModule, type Value } f
 import { Painter } from './painter.js';
 import { Scroller } from './scroller.js';
 import { stateOf, twips, type State } from './state.js';
-import { styles } from './style.js';
+import styles from './style.css';
 import { TextBox } from './text_box.js';
 import { watchPage } from './watch.js';
 
