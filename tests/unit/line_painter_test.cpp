@@ -76,7 +76,7 @@ TEST(LinePainterTest, BreaksAndShortensWhatIsTooWide) {
     for (const auto &c : cases)
         EXPECT_EQ(drawn(c.text, c.width, c.height, c.mayWrap, c.tooWide), c.lines)
             << c.text << " in " << c.width;
-    EXPECT_EQ(drawn("abc", 51, 10, false, TooWide::Dots, Third::Middle), "[11:abc]");
+    EXPECT_EQ(drawn("abc", 51, 10, false, TooWide::Dots, Third::Middle), "[|11:abc]");
     EXPECT_EQ(drawn("abc", 50, 20, false, TooWide::Dots, Third::Far, {"", 0, false, false, true}),
               "20:abc_30");
 }
