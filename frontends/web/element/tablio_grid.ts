@@ -70,7 +70,14 @@ export class TablioGrid extends HTMLElement implements GridPage {
             ...Object.values(this.#buttons), this.#calendar.element, this.#list.pane.element,
             this.#menu.pane.element, this.#message.element,
         );
-        this.captions = {};
+        // What a page has set before the element was defined hides what it was meant for.
+        const set = this as unknown as Record<string, unknown>;
+        for (const name of Object.keys(set)) {
+            if (!(name in TablioGrid.prototype)) continue;
+            const value = set[name];
+            delete set[name];
+            set[name] = value;
+        }
         // The keyboard stays with the box, whatever is pressed.
         this.#root.addEventListener('mousedown', (event) => {
             if (event.target !== this.#box.input) event.preventDefault();

@@ -32,9 +32,16 @@ describe('painting', { skip, concurrency: false }, () => {
             const { x, y } = await page.evaluate(() => first.getBoundingClientRect().toJSON());
             await page.mouse.move(x + 50, y + 60);
             const painted = {};
+            /** The browser scrolls when it likes. */
+            const wheel = async (rows) => {
+                const { position, last, step } = await page.evaluate(() => first.state.rowRange);
+                await page.mouse.wheel({ deltaY: rows * step });
+                const isThere = (wanted) => first.state.rowRange.position === wanted;
+                await page.waitForFunction(isThere, {}, Math.min(last, position + rows));
+            };
             const steps = {
-                down: () => page.mouse.wheel({ deltaY: 66 }),
-                up: () => page.mouse.wheel({ deltaY: -22 }),
+                down: () => wheel(3),
+                up: () => wheel(-1),
                 both: async () => {
                     await page.evaluate(() => {
                         first.setTextMatrix(6, 1, '77');
@@ -42,7 +49,7 @@ describe('painting', { skip, concurrency: false }, () => {
                         first.setTextMatrix(38, 2, 'here');
                     });
                 },
-                far: () => page.mouse.wheel({ deltaY: 900 }),
+                far: () => wheel(40),
             };
             for (const [name, step] of Object.entries(steps)) {
                 await page.evaluate(() => (window.texts = 0));
