@@ -9,8 +9,7 @@
 #include <tablio/pixels.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
+#include <string>
 #include <utility>
 
 namespace tablio {
@@ -32,9 +31,12 @@ bool exists(const Date &day) {
 
 /// A day as scenarios write it.
 std::string textOf(const Date &day) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", day.year, day.month, day.day);
-    return text.data();
+    // By hand: a module in a page would link all of printf for it.
+    const auto padded = [](int number, std::size_t digits) {
+        const std::string text = std::to_string(number);
+        return std::string(digits - std::min(digits, text.size()), '0') + text;
+    };
+    return padded(day.year, 4) + "-" + padded(day.month, 2) + "-" + padded(day.day, 2);
 }
 
 /// A call in which the user acts.

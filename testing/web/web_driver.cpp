@@ -128,6 +128,9 @@ public:
         press(core()->screen().list().isDropped ? Values{option}
                                                 : Values{"[aria-label=List]", option});
     }
+    void answerQuestion(bool yes) override {
+        press({yes ? "dialog button:first-of-type" : "dialog button:last-of-type"});
+    }
     void pickDay(const Date &day) override {
         const Date shown = core()->screen().calendarDay();
         const int months = (day.year - shown.year) * 12 + day.month - shown.month;
