@@ -5,7 +5,7 @@ include(CMakePackageConfigHelpers)
 
 set(tablio_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Tablio")
 set(TABLIO_COMPONENTS)
-foreach(component IN ITEMS Core Testing Qt QtTesting)
+foreach(component IN ITEMS Core Testing Qt QtSql QtTesting)
     if(TARGET Tablio::${component})
         list(APPEND TABLIO_COMPONENTS ${component})
         get_target_property(library Tablio::${component} ALIASED_TARGET)
