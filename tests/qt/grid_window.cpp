@@ -37,6 +37,8 @@ void GridWindow::type(const QString &text) {
     for (const QChar character : text) {
         if (character == u'\n')
             key(Qt::Key_Return);
+        else if (character == u'\t')
+            key(Qt::Key_Right);
         else
             QTest::keyClick(window.windowHandle(), character.toLatin1());
     }

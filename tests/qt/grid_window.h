@@ -12,6 +12,19 @@
 #include <QPointer>
 #include <QTest>
 
+#include <ostream>
+
+/// For failures.
+inline void PrintTo(const QString &text, std::ostream *stream) {
+    *stream << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QVariant &value, std::ostream *stream) {
+    *stream << value.toString().toStdString();
+}
+inline void PrintTo(const QStringList &texts, std::ostream *stream) {
+    *stream << '"' << texts.join(QStringLiteral("\", \"")).toStdString() << '"';
+}
+
 class GridWindow {
 public:
     /// Columns: text, integer, decimal with two places, upper-case text. The window is shown and
@@ -24,7 +37,7 @@ public:
     QLineEdit *after;
 
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    /// The keys that type a text; a line end is Enter.
+    /// The keys that type a text; a line end is Enter, a tab the right arrow.
     void type(const QString &text);
     void click(int row, int col, Qt::MouseButton button = Qt::LeftButton);
     void doubleClick(int row, int col);
