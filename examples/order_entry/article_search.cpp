@@ -110,8 +110,8 @@ void ArticleSearch::fill(const QString &text) {
             continue;
         const int row = table_->rowCount();
         table_->insertRow(row);
-        const QString price = article.price.text(locale().decimalPoint());
-        const QString texts[] = {article.code, article.description, article.unit, price};
+        const QString texts[] = {article.code, article.description, article.unit,
+                                 shown(article.price, locale())};
         for (int field = 0; field < FieldCount; ++field) {
             auto *item = new QTableWidgetItem(texts[field]);
             if (field == Price)

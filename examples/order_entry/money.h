@@ -1,40 +1,30 @@
 #pragma once
 
-/// An amount of money, exact to the hundredth. The order form multiplies, adds and stores amounts
-/// with it, never in binary floating point, and an amount that does not fit is answered as none
-/// instead of a wrong one.
+/// Amounts of money are whole hundredths: they are multiplied, added and stored exactly, and an
+/// amount that does not fit is answered as none instead of a wrong one.
 
+#include <QLocale>
 #include <QString>
-#include <QStringView>
+#include <QtNumeric>
 
-#include <compare>
 #include <optional>
 
-class Money {
-public:
-    /// Zero.
-    constexpr Money() = default;
+using Hundredths = qint64;
 
-    static constexpr Money ofHundredths(qint64 hundredths) noexcept {
-        Money money;
-        money.hundredths_ = hundredths;
-        return money;
-    }
+inline std::optional<Hundredths> product(Hundredths amount, qint64 factor) {
+    Hundredths result = 0;
+    return qMulOverflow(amount, factor, &result) ? std::nullopt : std::optional(result);
+}
 
-    /// Reads a number without grouping, as `TextMatrix` of a numeric column answers it. Decimals
-    /// beyond the second are rounded half away from zero. Nothing for text that is no number.
-    static std::optional<Money> fromText(QStringView text, QStringView decimalSign);
+inline std::optional<Hundredths> sum(std::optional<Hundredths> one,
+                                     std::optional<Hundredths> other) {
+    Hundredths result = 0;
+    return !one || !other || qAddOverflow(*one, *other, &result) ? std::nullopt
+                                                                 : std::optional(result);
+}
 
-    /// Always with two decimals and without grouping.
-    [[nodiscard]] QString text(QStringView decimalSign) const;
-
-    [[nodiscard]] constexpr qint64 hundredths() const noexcept { return hundredths_; }
-
-    [[nodiscard]] std::optional<Money> times(qint64 factor) const;
-    [[nodiscard]] std::optional<Money> plus(Money other) const;
-
-    friend constexpr auto operator<=>(Money, Money) = default;
-
-private:
-    qint64 hundredths_ = 0;
-};
+/// Grouped as this user groups, with two decimals. Orders hold no negative amounts.
+inline QString shown(Hundredths amount, const QLocale &locale) {
+    return locale.toString(amount / 100) + locale.decimalPoint() +
+           QString::number(amount % 100).rightJustified(2, u'0');
+}

@@ -7,55 +7,43 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
-#include <QVariant>
 
 namespace {
 
 /// From the columns code, description, unit and price_hundredths.
 Article articleOf(const QSqlQuery &query) {
     return {query.value(0).toString(), query.value(1).toString(), query.value(2).toString(),
-            Money::ofHundredths(query.value(3).toLongLong())};
-}
-
-/// NULL for a date that nobody knows.
-QVariant stored(const QDate &date) {
-    return date.isValid() ? QVariant(date.toString(Qt::ISODate)) : QVariant();
+            query.value(3).toLongLong()};
 }
 
 } // namespace
 
 OrderBook::OrderBook(const QString &file)
-    : database_(
+    : lock_(QFileInfo(file).absoluteFilePath() + QStringLiteral(".lock")),
+      database_(
           QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QUuid::createUuid().toString())) {
     database_.setDatabaseName(QFileInfo(file).absoluteFilePath());
-    // A short wait for another program's lock; what is not saved then is tried again.
     database_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=500"));
     QDir().mkpath(QFileInfo(file).absolutePath());
+    // Held by a process that lives, however long it has been there.
+    lock_.setStaleLockTime(0);
+    if (!lock_.tryLock() && lock_.error() == QLockFile::LockFailedError)
+        throw OrderBookError(QStringLiteral("it is open in another window"));
     if (!database_.open())
         throw OrderBookError(database_.lastError().databaseText());
     prepareOrderFile(database_);
+    lines_ = std::make_unique<QSqlTableModel>(nullptr, database_);
+    lines_->setTable(QStringLiteral("order_lines"));
+    lines_->setSort(0, Qt::AscendingOrder);
+    if (!lines_->select())
+        throw OrderBookError(lines_->lastError().databaseText());
 }
 
 OrderBook::~OrderBook() {
+    lines_.reset();
     const QString name = database_.connectionName();
     database_ = QSqlDatabase();
     QSqlDatabase::removeDatabase(name);
-}
-
-QString OrderBook::file() const { return database_.databaseName(); }
-
-OrderLines OrderBook::lines() const {
-    QSqlQuery query = run(database_, QStringLiteral("SELECT row, article, description, quantity,"
-                                                    " price_hundredths, unit, delivery, delivered"
-                                                    " FROM order_lines"));
-    OrderLines lines;
-    while (query.next())
-        lines[query.value(0).toInt()] = {
-            query.value(1).toString(),   query.value(2).toString(),
-            query.value(3).toLongLong(), Money::ofHundredths(query.value(4).toLongLong()),
-            query.value(5).toString(),   QDate::fromString(query.value(6).toString(), Qt::ISODate),
-            query.value(7).toBool()};
-    return lines;
 }
 
 std::optional<Article> OrderBook::article(const QString &code) const {
@@ -78,28 +66,19 @@ std::vector<Article> OrderBook::articles() const {
     return articles;
 }
 
-void OrderBook::save(const std::map<int, std::optional<OrderLine>> &rows) {
-    Transaction transaction(database_);
-    for (const auto &[row, line] : rows) {
-        if (line)
-            // A QString without text is bound as NULL.
-            run(database_,
-                QStringLiteral("REPLACE INTO order_lines (row, article, description, quantity,"
-                               " price_hundredths, unit, delivery, delivered)"
-                               " VALUES (?, ?, coalesce(?, ''), ?, ?, coalesce(?, ''), ?, ?)"),
-                {row, line->article, line->description, line->quantity, line->price.hundredths(),
-                 line->unit, stored(line->delivery), line->delivered ? 1 : 0});
-        else
-            run(database_, QStringLiteral("DELETE FROM order_lines WHERE row = ?"), {row});
-    }
-    transaction.commit();
-}
-
 void OrderBook::addSample() {
-    if (!lines().empty())
+    if (lines_->rowCount() > 0)
         return;
-    std::map<int, std::optional<OrderLine>> rows;
-    for (const auto &[row, line] : sampleLines())
-        rows[row] = line;
-    save(rows);
+    Transaction transaction(database_);
+    int row = 0;
+    for (const SampleLine &line : sampleLines())
+        run(database_,
+            QStringLiteral("INSERT INTO order_lines (row, article, description, quantity,"
+                           " price_hundredths, unit, delivery, delivered) SELECT ?, code,"
+                           " description, ?, price_hundredths, unit, nullif(?, ''), ?"
+                           " FROM articles WHERE code = ?"),
+            {++row, line.quantity, QString::fromLatin1(line.delivery), line.isDelivered ? 1 : 0,
+             QString::fromLatin1(line.code)});
+    transaction.commit();
+    lines_->select();
 }

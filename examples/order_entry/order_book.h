@@ -1,16 +1,17 @@
 #pragma once
 
-/// The order as it is kept: articles and order lines in an SQLite file. It knows nothing of the
-/// grid; the form asks it for everything at the start and hands it the rows that changed.
+/// The order as it is kept: articles and order lines in an SQLite file, which one window has at a
+/// time. It knows nothing of the grid, which is bound to its lines.
 
 #include "money.h"
 #include "order_database.h"
 
-#include <QDate>
+#include <QLockFile>
 #include <QSqlDatabase>
+#include <QSqlTableModel>
 #include <QString>
 
-#include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -18,50 +19,31 @@ struct Article {
     QString code;
     QString description;
     QString unit;
-    Money price;
+    Hundredths price = 0;
 };
-
-struct OrderLine {
-    QString article;
-    QString description;
-    qint64 quantity = 0;
-    Money price;
-    QString unit;
-    /// Null while nobody knows when the goods come.
-    QDate delivery;
-    bool delivered = false;
-
-    /// Nothing when the amount is too large to be counted.
-    [[nodiscard]] std::optional<Money> total() const { return price.times(quantity); }
-
-    friend bool operator==(const OrderLine &, const OrderLine &) = default;
-};
-
-/// The lines of an order by their row in the form, from 1. A row without an article has no line.
-using OrderLines = std::map<int, OrderLine>;
 
 /// Every function throws OrderBookError when the database refuses; nothing has changed then.
 class OrderBook {
 public:
     /// Opens the file, or creates it with the articles that the shop sells. A file that an earlier
-    /// form of this program made is brought up to date.
+    /// form of this program made is brought up to date; one that another window has is refused.
     explicit OrderBook(const QString &file);
     ~OrderBook();
     OrderBook(const OrderBook &) = delete;
     OrderBook &operator=(const OrderBook &) = delete;
 
-    [[nodiscard]] QString file() const;
-    [[nodiscard]] OrderLines lines() const;
+    [[nodiscard]] QString file() const { return database_.databaseName(); }
+    /// The table "order_lines": its rows by their numbers in the form, from 1.
+    [[nodiscard]] QSqlTableModel &lines() { return *lines_; }
     [[nodiscard]] std::optional<Article> article(const QString &code) const;
     /// All of them, by their codes.
     [[nodiscard]] std::vector<Article> articles() const;
-
-    /// Writes all of them or, on a failure, none. A row without a value loses its line.
-    void save(const std::map<int, std::optional<OrderLine>> &rows);
 
     /// A few lines to look at; an order that has lines already is left alone.
     void addSample();
 
 private:
+    QLockFile lock_;
     QSqlDatabase database_;
+    std::unique_ptr<QSqlTableModel> lines_;
 };

@@ -39,7 +39,7 @@ void create(const QSqlDatabase &database) {
         run(database,
             QStringLiteral("INSERT INTO articles (code, description, price_hundredths)"
                            " VALUES (?, ?, ?)"),
-            {article.code, article.description, article.price.hundredths()});
+            {article.code, article.description, article.price});
 }
 
 /// Lines that are there already get the unit of their article.

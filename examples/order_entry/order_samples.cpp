@@ -1,6 +1,6 @@
 #include "order_samples.h"
 
-#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -34,15 +34,7 @@ constexpr Seed seeds[] = {
     {"TAPE-50", "Packing tape 50 mm x 66 m", "piece", 210},
 };
 
-struct Sample {
-    const char *code;
-    qint64 quantity;
-    /// Nothing where nobody knows yet.
-    const char *delivery;
-    bool delivered;
-};
-
-constexpr Sample samples[] = {
+constexpr SampleLine samples[] = {
     {"DESK-160", 4, "2026-11-30", false}, {"CHAIR-02", 4, "2026-11-30", false},
     {"LAMP-LED", 6, "2026-11-16", true},  {"PAPER-A4", 250, "2026-11-12", true},
     {"PEN-BL", 1200, "", false},          {"ENV-C5", 15, "2026-11-12", true},
@@ -55,24 +47,8 @@ std::vector<Article> shopArticles() {
     std::vector<Article> articles;
     for (const Seed &seed : seeds)
         articles.push_back({QString::fromLatin1(seed.code), QString::fromLatin1(seed.description),
-                            QString::fromLatin1(seed.unit), Money::ofHundredths(seed.hundredths)});
+                            QString::fromLatin1(seed.unit), seed.hundredths});
     return articles;
 }
 
-OrderLines sampleLines() {
-    const std::vector<Article> articles = shopArticles();
-    OrderLines lines;
-    int row = 0;
-    for (const Sample &sample : samples) {
-        const auto article =
-            std::ranges::find(articles, QLatin1String(sample.code), &Article::code);
-        if (article == articles.end())
-            continue;
-        lines[++row] = {
-            article->code,   article->description,
-            sample.quantity, article->price,
-            article->unit,   QDate::fromString(QLatin1String(sample.delivery), Qt::ISODate),
-            sample.delivered};
-    }
-    return lines;
-}
+std::vector<SampleLine> sampleLines() { return {std::begin(samples), std::end(samples)}; }

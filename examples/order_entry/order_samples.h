@@ -6,7 +6,13 @@
 
 #include <vector>
 
-std::vector<Article> shopArticles();
+struct SampleLine {
+    const char *code = "";
+    qint64 quantity = 0;
+    /// Empty where nobody knows yet.
+    const char *delivery = "";
+    bool isDelivered = false;
+};
 
-/// By row, as the form shows them.
-OrderLines sampleLines();
+[[nodiscard]] std::vector<Article> shopArticles();
+[[nodiscard]] std::vector<SampleLine> sampleLines();

@@ -1,54 +1,68 @@
 #include "order_sheet.h"
 
+#include <tablio/cells.h>
+#include <tablio/qt/tablio_sql_binding.h>
 #include <tablio/qt/tablio_widget.h>
 
-#include <QApplication>
-#include <QScopedValueRollback>
-#include <QStringList>
+#include <QDate>
 
-#include <algorithm>
 #include <utility>
 
+using tablio::CellValue;
+using tablio::qt::TablioModelBinding;
+using tablio::qt::TablioSqlBinding;
 using tablio::qt::TablioWidget;
 
 namespace {
 
-/// Blank rows that wait for the operator below the last line.
-constexpr int spareRows = 12;
-/// The most rows that the control counts, its header included.
-constexpr int mostRows = 32768;
-/// An operator who stops typing for so many milliseconds has seen what the form says.
-constexpr int pauseOfTyping = 400;
-
-constexpr tablio::Colour red{0x2020D0};
+/// The columns as order_window.ui sets them up. An operator goes from the article to the price and
+/// on to the next line. What stands behind the total has a default or becomes known later. A tick
+/// column is always the last one.
+enum Column { Number, Code, Description, Quantity, Price, Total, Unit, Delivery, Delivered };
 
 /// The tag of the cell for which an article is looked up: tags move with their rows.
 QVariant wanted() { return QStringLiteral("wanted"); }
 
-/// Many cells at once are painted once.
-class PaintingOff {
-public:
-    explicit PaintingOff(TablioWidget &grid) : grid_(grid) { grid_.setStatusCell(false); }
-    ~PaintingOff() { grid_.setStatusCell(true); }
-    PaintingOff(const PaintingOff &) = delete;
-    PaintingOff &operator=(const PaintingOff &) = delete;
+/// Saved as they stand here, so they are not translated.
+QStringList units() {
+    return {QStringLiteral("piece"), QStringLiteral("pack"),     QStringLiteral("box"),
+            QStringLiteral("set"),   QStringLiteral("kilogram"), QStringLiteral("litre"),
+            QStringLiteral("metre")};
+}
 
-private:
-    TablioWidget &grid_;
-};
+tablio::Decimal amount(Hundredths hundredths) {
+    return tablio::Decimal(hundredths).timesPowerOfTen(-2);
+}
 
 } // namespace
 
 OrderSheet::OrderSheet(TablioWidget &grid, OrderBook &book, QObject *parent)
-    : QObject(parent), grid_(grid), cells_(grid), book_(book) {
-    cells_.setUpTickColumn();
+    : QObject(parent), grid_(grid), book_(book),
+      binding_(*new TablioSqlBinding(&grid, &book.lines())) {
+    // The form has set up all columns but this one, which the grid adds for the ticks.
+    grid.setColTextHeader(Delivered, tr("Delivered"));
+    grid.setColWidth(Delivered, 1200);
+    grid.setColDataAlignment(Delivered, TablioWidget::ColumnCentre);
+    grid.setColHeaderAlignment(Delivered, TablioWidget::ColumnCentre);
+
+    binding_.setPositionField(QStringLiteral("row"));
+    binding_.bindField(Code, QStringLiteral("article"));
+    binding_.bindField(Description, QStringLiteral("description"), {.empty = QString("")});
+    binding_.bindField(Quantity, QStringLiteral("quantity"), {.empty = 0});
+    binding_.bindField(Price, QStringLiteral("price_hundredths"), {.empty = 0, .places = 2});
+    binding_.bindField(Unit, QStringLiteral("unit"), {.empty = QString("")});
+    binding_.bindField(Delivery, QStringLiteral("delivery"));
+    binding_.bindField(Delivered, QStringLiteral("delivered"));
+    binding_.setWriting(TablioModelBinding::AtOnce);
+    binding_.setIncompleteRowsLeave(true);
+    binding_.setRowCheck([this](int row) { return objection(row); });
+    connect(&binding_, &TablioModelBinding::rowShown, this, &OrderSheet::showTotal);
+    connect(&binding_, &TablioModelBinding::changed, this, &OrderSheet::changed);
+
     connect(&grid, &TablioWidget::editPreValidation, this,
             [this](int &row, int &col, bool & /*cancel*/) { editBegins(row, col); });
     connect(&grid, &TablioWidget::editOnChange, this,
-            [this](int & /*row*/, int & /*col*/, QString &text) {
-                typed_ = text;
-                typing_ = true;
-            });
+            [this](int & /*row*/, int & /*col*/, QString &text) { typed_ = text; });
     connect(&grid, &TablioWidget::editPostValidation, this,
             [this](int &row, int &col, bool &valid, QString &oldData, QString &newData,
                    int &lastKey) { cellEdited(row, col, valid, oldData, newData, lastKey); });
@@ -56,94 +70,90 @@ OrderSheet::OrderSheet(TablioWidget &grid, OrderBook &book, QObject *parent)
             [this](int &row, int & /*col*/) { lookUp(row); });
     connect(&grid, &TablioWidget::tableKeyDown, this,
             [this](int &key, int &shift, int &row, int &col) { keyDown(key, shift, row, col); });
-    connect(&grid, &TablioWidget::tableChange, this, &OrderSheet::tableChanged);
-    // No event tells of a tick: it is taken over when the operator leaves its cell.
-    connect(&grid, &TablioWidget::cellFocus, this, [this](int &row, int & /*col*/) {
-        if (noteTick(row))
-            write();
-    });
-    connect(&grid, &TablioWidget::tableRowChange, this, [this](int &oldRow, int & /*newRow*/) {
-        if (noteTick(oldRow))
-            write();
-    });
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *old, QWidget *now) {
-        if (old != nullptr && grid_.isAncestorOf(old) &&
-            (now == nullptr || !grid_.isAncestorOf(now)))
-            takeTicks();
-    });
+    binding_.load();
+    grid.focusCell(1, Code);
 }
 
-void OrderSheet::load() {
-    lines_ = book_.lines();
-    unsaved_.clear();
-    setRowCount((lines_.empty() ? 0 : lines_.rbegin()->first) + 1 + spareRows);
-    showLines();
-    emit changed();
+bool OrderSheet::save() { return binding_.save(); }
+
+QString OrderSheet::problem() const { return binding_.problem(); }
+
+int OrderSheet::lineCount() const {
+    int count = 0;
+    for (int row = grid_.dataCount(); row > 0; --row)
+        count += grid_.isEmpty(row, Code) ? 0 : 1;
+    return count;
+}
+
+std::optional<Hundredths> OrderSheet::sumOfLines() const {
+    std::optional<Hundredths> all = 0;
+    for (int row = grid_.dataCount(); row > 0; --row) {
+        if (!grid_.isEmpty(row, Code))
+            all = sum(all, total(row));
+    }
+    return all;
 }
 
 // ---- what the host does on events ---------------------------------------------------------------
 
 /// EditPreValidation: the control has one list of choices, which is filled for the column.
 void OrderSheet::editBegins(int row, int col) {
-    typed_ = cells_.text(row, col);
+    typed_ = text(row, col);
     if (col != Unit)
         return;
     grid_.comboClear();
-    for (const QString &unit : OrderCells::unitChoices())
+    for (const QString &unit : units())
         grid_.comboAddItem(unit);
 }
 
 /// EditPostValidation: the cell already holds what was entered.
 void OrderSheet::cellEdited(int row, int col, bool &valid, const QString &oldText,
                             const QString &newText, int lastKey) {
-    typing_ = false;
     const QString reason = newText == oldText ? QString() : objection(row, col, newText);
     if (!reason.isEmpty()) {
         // What the control calls valid it puts back itself when the host does not.
         if (!std::exchange(valid, false))
             grid_.setTextMatrix(row, col, oldText);
-        const int duplicate = col == Code ? duplicateOf(row) : -1;
-        if (duplicate > 0) {
-            grid_.focusCell(duplicate, Code);
-            sinceRefusal_.start();
-        }
         emit refused(reason);
         return;
     }
-    if (col == Code)
+    if (!valid && newText != oldText && !newText.trimmed().isEmpty() && text(row, col) != newText)
+        emit refused(tr("%1 of row %2 does not take “%3”.")
+                         .arg(grid_.colTextHeader(col))
+                         .arg(row)
+                         .arg(newText));
+    // A second line of an article is given nothing that would be left when it gets another.
+    if (col == Code && objection(row).isEmpty())
         fillFromArticle(row, oldText);
-    const std::optional<Money> total = cells_.price(row).times(cells_.quantity(row));
-    if (!total) {
-        valid = false; // The control puts back what the cell held before.
-        emit refused(tr("The total of row %1 would be too large.").arg(row));
-        return;
-    }
-    if (cells_.line(row) || *total != Money())
-        cells_.setMoney(row, Total, *total);
-    noteRow(row);
-    write();
-
-    if (col == Code && row == grid_.rows() - 1 && cells_.line(row))
-        setRowCount(grid_.rows() + spareRows);
+    showTotal(row);
     // The control moves on to the next cell by itself unless the host has moved the cursor.
     if (lastKey == tablio::Key::Enter && (col == Price || col == Delivery))
         goDown(row, col == Price ? Code : Delivery);
 }
 
 QString OrderSheet::objection(int row, int col, const QString &newText) const {
-    if (const int other = col == Code ? duplicateOf(row) : -1; other > 0)
-        return tr("%1 is in row %2 already.").arg(newText.trimmed()).arg(other);
-    if (col == Unit && !newText.isEmpty() && !OrderCells::unitChoices().contains(newText))
+    if (col == Unit && !newText.isEmpty() && !units().contains(newText))
         return tr("There is no unit “%1”.").arg(newText);
     // The control takes a February 29 every fourth year, and a cell makes a March 1 of the wrong
-    // one.
-    if (col == Delivery && OrderCells::isNoDate(newText))
+    // one. A date that was taken out leaves its slashes.
+    const auto isDigit = [](QChar each) { return each.isDigit(); };
+    if (col == Delivery && std::any_of(newText.begin(), newText.end(), isDigit) &&
+        !QDate::fromString(newText, QStringLiteral("dd/MM/yyyy")).isValid())
         return tr("%1 is no date.").arg(newText);
+    if (!total(row))
+        return tr("The total of row %1 would be too large.").arg(row);
     return {};
 }
 
-int OrderSheet::duplicateOf(int row) const {
-    return cells_.text(row, Code).isEmpty() ? -1 : grid_.findDuplicatePrimaryColumn(row);
+/// A second line of an article stays as it was typed, with what was typed behind it, until it is
+/// another's. What is saved, and of new lines the upper one, has the article.
+QString OrderSheet::objection(int row) const {
+    if (CellValue(text(row, Code).toStdString()) == binding_.storedValue(row, Code))
+        return {};
+    const int other = grid_.findDuplicatePrimaryColumn(row);
+    if (other < 0 || (other > row && !binding_.isStored(other)))
+        return {};
+    return tr("%1 is in row %2 already").arg(text(row, Code)).arg(other);
 }
 
 /// EditLookup: the answer may come at any time, so the cell is marked and not its row remembered.
@@ -170,18 +180,9 @@ void OrderSheet::articleFound(const QString &code) {
 /// TableKeyDown: Enter on a price that is there already ends the line like one that is typed. Dates
 /// and ticks are entered one below the other, so Enter goes down there.
 void OrderSheet::keyDown(int &key, int shift, int row, int col) {
-    if (sinceRefusal_.isValid()) {
-        if (sinceRefusal_.elapsed() < pauseOfTyping) {
-            // Typed ahead for the refused line, this key must not reach the one found instead.
-            sinceRefusal_.start();
-            key = 0;
-            return;
-        }
-        sinceRefusal_.invalidate();
-    }
     if (key != tablio::Key::Enter || shift != 0)
         return;
-    const bool endsLine = col == Total || (col == Price && cells_.price(row) != Money());
+    const bool endsLine = col == Total || (col == Price && !grid_.isEmpty(row, Price));
     if (endsLine || col == Delivery || col == Delivered) {
         key = 0;
         goDown(row, endsLine ? Code : col);
@@ -191,55 +192,23 @@ void OrderSheet::keyDown(int &key, int shift, int row, int col) {
 /// To that cell of the next line; below the last line the next article is entered.
 void OrderSheet::goDown(int row, int col) {
     if (row + 1 < grid_.rows())
-        grid_.focusCell(row + 1, lines_.contains(row + 1) ? col : static_cast<int>(Code));
-}
-
-/// TableChange says that something has changed, not what. What is typed has been reported by
-/// EditOnChange just before; otherwise rows have come, gone or moved.
-void OrderSheet::tableChanged() {
-    if (std::exchange(typing_, false))
-        return;
-    const int last = std::max(grid_.rows() - 1, lines_.empty() ? 0 : lines_.rbegin()->first);
-    for (int row = 1; row <= last; ++row)
-        noteRow(row);
-    write();
-}
-
-// ---- rows ---------------------------------------------------------------------------------------
-
-/// Unlike the control's AddRow this leaves the cursor where it is.
-void OrderSheet::setRowCount(int rows) {
-    grid_.setRows(std::min(rows, mostRows));
-    // Giving a column this style numbers its rows.
-    grid_.setColStyle(Number, TablioWidget::ColumnFixedWithAutoNumber);
-}
-
-/// The cursor goes to the first article afterwards: ticks have led it about.
-void OrderSheet::showLines() {
-    {
-        const QScopedValueRollback<bool> showing(showing_, true);
-        const PaintingOff paintingOff(grid_);
-        for (const auto &[row, line] : lines_)
-            cells_.show(row, line);
-    }
-    grid_.focusCell(1, Code);
+        grid_.focusCell(row + 1, grid_.isEmpty(row + 1, Code) ? static_cast<int>(Code) : col);
 }
 
 /// What is blank, or still the old article's, becomes what the book knows of the new one.
 void OrderSheet::fillFromArticle(int row, const QString &oldCode) {
-    const std::optional<Article> article = articleCalled(cells_.text(row, Code));
+    const std::optional<Article> article = articleCalled(text(row, Code));
     if (!article)
         return;
     const Article old = articleCalled(oldCode.trimmed()).value_or(Article());
-    const auto isOpen = [](const auto &held, const auto &blank, const auto &before) {
-        return held == blank || held == before;
+    tablio::Cells cells(grid_.core());
+    const auto fill = [&](int col, const CellValue &before, const CellValue &now) {
+        if (grid_.isEmpty(row, col) || cells.value(row, col) == before)
+            cells.setValue(row, col, now);
     };
-    if (isOpen(cells_.text(row, Description), QString(), old.description))
-        grid_.setTextMatrix(row, Description, article->description);
-    if (isOpen(cells_.price(row), Money(), old.price))
-        cells_.setMoney(row, Price, article->price);
-    if (isOpen(cells_.text(row, Unit), QString(), old.unit))
-        grid_.setTextMatrix(row, Unit, article->unit);
+    fill(Description, old.description.toStdString(), article->description.toStdString());
+    fill(Price, amount(old.price), amount(article->price));
+    fill(Unit, old.unit.toStdString(), article->unit.toStdString());
 }
 
 std::optional<Article> OrderSheet::articleCalled(const QString &code) const {
@@ -251,85 +220,23 @@ std::optional<Article> OrderSheet::articleCalled(const QString &code) const {
     }
 }
 
-/// Takes over what the grid shows in a row; whether that has to be saved.
-bool OrderSheet::noteRow(int row) {
-    std::optional<OrderLine> line = row < grid_.rows() ? cells_.line(row) : std::nullopt;
-    const auto known = lines_.find(row);
-    if (line ? known != lines_.end() && known->second == *line : known == lines_.end())
-        return false;
-    if (line)
-        lines_[row] = *line;
-    else
-        lines_.erase(known);
-    unsaved_[row] = std::move(line);
-    return true;
+QString OrderSheet::text(int row, int col) const {
+    return grid_.value(row, col).toString().trimmed();
 }
 
-/// Takes over a row in which nothing but the tick is another. Where more is, rows are moving and
-/// TableChange follows.
-bool OrderSheet::noteTick(int row) {
-    const auto known = lines_.find(row);
-    if (showing_ || known == lines_.end() || row >= grid_.rows())
-        return false;
-    std::optional<OrderLine> line = cells_.line(row);
-    if (line)
-        line->delivered = known->second.delivered;
-    return line == known->second && noteRow(row);
+std::optional<Hundredths> OrderSheet::total(int row) const {
+    const tablio::Cells cells(grid_.core());
+    const CellValue quantity = cells.value(row, Quantity);
+    const CellValue price = cells.value(row, Price);
+    if (quantity.isEmpty() || price.isEmpty())
+        return 0;
+    const CellValue hundredths = price.toDecimal().timesPowerOfTen(2).rounded(0);
+    return product(hundredths.toInteger(), quantity.toInteger());
 }
 
-void OrderSheet::takeTicks() {
-    bool isOther = false;
-    for (int row = 1; row < grid_.rows(); ++row)
-        isOther = noteTick(row) || isOther;
-    if (isOther)
-        write();
-}
-
-bool OrderSheet::save() {
-    takeTicks();
-    return write();
-}
-
-bool OrderSheet::write() {
-    if (!unsaved_.empty()) {
-        try {
-            book_.save(unsaved_);
-            unsaved_.clear();
-            failure_.clear();
-        } catch (const OrderBookError &error) {
-            failure_ = error.message();
-        }
-    }
-    showUnsaved();
-    emit changed();
-    return unsaved_.empty();
-}
-
-/// The numbers of rows that are not saved are red.
-void OrderSheet::showUnsaved() {
-    const auto paint = [this](int row, tablio::Colour colour) {
-        if (row < grid_.rows())
-            grid_.core().setCellForeColor(row, Number, colour);
-    };
-    for (const int row : std::exchange(redRows_, {}))
-        paint(row, grid_.core().ForeColorFixed());
-    for (const auto &entry : unsaved_) {
-        paint(entry.first, red);
-        redRows_.insert(entry.first);
-    }
-}
-
-QString OrderSheet::problem() const {
-    if (unsaved_.empty())
-        return {};
-    constexpr int mostNamed = 10;
-    QStringList rows;
-    for (const auto &entry : unsaved_) {
-        if (rows.size() == mostNamed) {
-            rows += QStringLiteral("…");
-            break;
-        }
-        rows += QString::number(entry.first);
-    }
-    return tr("Not saved: row %1 (%2).").arg(rows.join(QStringLiteral(", ")), failure_);
+void OrderSheet::showTotal(int row) {
+    const Hundredths all = total(row).value_or(0);
+    tablio::Cells(grid_.core())
+        .setValue(row, Total,
+                  grid_.isEmpty(row, Code) && all == 0 ? CellValue() : CellValue(amount(all)));
 }

@@ -15,25 +15,6 @@
 #include <QShortcut>
 #include <QStatusBar>
 
-namespace {
-
-std::optional<Money> sumOf(const OrderLines &lines) {
-    std::optional<Money> sum = Money();
-    for (const auto &entry : lines) {
-        const std::optional<Money> total = entry.second.total();
-        sum = sum && total ? sum->plus(*total) : std::nullopt;
-    }
-    return sum;
-}
-
-/// Grouped as this user groups. Orders hold no negative amounts.
-QString shown(Money amount, const QLocale &locale) {
-    const QString hundredths = amount.text(u".").section(u'.', 1);
-    return locale.toString(amount.hundredths() / 100) + locale.decimalPoint() + hundredths;
-}
-
-} // namespace
-
 OrderWindow::OrderWindow(OrderBook &book) : ui_(std::make_unique<Ui::OrderWindow>()), book_(book) {
     ui_->setupUi(this);
     const QFileInfo file(book.file());
@@ -51,7 +32,7 @@ OrderWindow::OrderWindow(OrderBook &book) : ui_(std::make_unique<Ui::OrderWindow
     connect(log_, &EventLog::heard, lastEvent, &QLabel::setText);
     sheet_ = new OrderSheet(*ui_->grid, book, this);
     connect(sheet_, &OrderSheet::changed, this, &OrderWindow::showTotals);
-    connect(sheet_, &OrderSheet::refused, ui_->problem, &QLabel::setText);
+    connect(sheet_, &OrderSheet::refused, this, &OrderWindow::showRefusal);
     auto *save = new QShortcut(QKeySequence::Save, this);
     connect(save, &QShortcut::activated, this, [this] {
         if (ui_->grid->commit())
@@ -61,7 +42,7 @@ OrderWindow::OrderWindow(OrderBook &book) : ui_(std::make_unique<Ui::OrderWindow
     connect(sheet_, &OrderSheet::articleWanted, this, &OrderWindow::searchArticle);
     connect(search_, &ArticleSearch::picked, sheet_, &OrderSheet::articleFound);
     connect(search_, &ArticleSearch::left, ui_->grid, [this] { ui_->grid->setFocus(); });
-    sheet_->load();
+    showTotals();
 
     resize(size().boundedTo(screen()->availableSize()));
     ui_->grid->setFocus();
@@ -70,14 +51,30 @@ OrderWindow::OrderWindow(OrderBook &book) : ui_(std::make_unique<Ui::OrderWindow
 OrderWindow::~OrderWindow() = default;
 
 void OrderWindow::showTotals() {
-    const OrderLines &lines = sheet_->lines();
-    ui_->lineCount->setText(lines.size() == 1 ? tr("1 line") : tr("%1 lines").arg(lines.size()));
-    const std::optional<Money> sum = sumOf(lines);
-    ui_->sum->setText(tr("Sum %1").arg(sum ? shown(*sum, locale()) : tr("too large")));
-    const QString problem = sheet_->problem();
-    ui_->problem->setText(problem.isEmpty() ? QString()
-                                            : problem + tr(" The next entry tries again."));
-    setWindowModified(!problem.isEmpty());
+    const int count = sheet_->lineCount();
+    ui_->lineCount->setText(count == 1 ? tr("1 line") : tr("%1 lines").arg(count));
+    const std::optional<Hundredths> all = sheet_->sumOfLines();
+    ui_->sum->setText(tr("Sum %1").arg(all ? shown(*all, locale()) : tr("too large")));
+    QStringList said = refusals_;
+    if (!sheet_->problem().isEmpty())
+        said += sheet_->problem();
+    ui_->problem->setText(said.join(u' '));
+    ui_->problem->setToolTip(ui_->problem->text());
+    setWindowModified(!sheet_->problem().isEmpty());
+}
+
+/// Stays until the operator enters something else; of a pasted block all are said.
+void OrderWindow::showRefusal(const QString &reason) {
+    if (refusals_.isEmpty())
+        connect(
+            ui_->grid, &tablio::qt::TablioWidget::tableKeyDown, this,
+            [this] {
+                refusals_.clear();
+                showTotals();
+            },
+            Qt::SingleShotConnection);
+    refusals_ += reason;
+    showTotals();
 }
 
 /// The list opens beside the cell's editor, or where the operator has pressed its button.
@@ -102,7 +99,8 @@ void OrderWindow::closeEvent(QCloseEvent *event) {
 }
 
 bool OrderWindow::mayClose() {
-    while (!sheet_->save()) {
+    // A file that has gone is a problem, too, when all is saved.
+    while (!sheet_->save() || !sheet_->problem().isEmpty()) {
         const auto answer = QMessageBox::warning(
             this, tr("Order entry"), sheet_->problem(),
             QMessageBox::Retry | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Retry);

@@ -31,12 +31,15 @@ protected:
 
 private:
     void showTotals();
+    void showRefusal(const QString &reason);
     void searchArticle(int row, const QString &text);
     bool mayClose();
 
     /// What order_window.ui says: the labels, and the grid with its columns.
     std::unique_ptr<Ui::OrderWindow> ui_;
     OrderBook &book_;
+    /// What was not taken of what was entered last.
+    QStringList refusals_;
     // Qt's ownership: all of them are children of the window.
     OrderSheet *sheet_;
     ArticleSearch *search_;

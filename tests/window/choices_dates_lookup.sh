@@ -41,13 +41,20 @@ third='3|LABEL-65|Labels|3|1120|pack||0'
 expect_lines "$(<"$work/expected")" "$third"
 expect_saved 5 "$work/expected" "an article that was looked up, typed at full speed"
 
-# A second line of an article: what is typed ahead must not get into the first one.
+# A second line of an article is not saved, and what is typed ahead waits in it for another one.
 enter paper-a4 'typed ahead' 7 9.99
-sleep 0.6
+within 5 title_has '*' || fail "a second line of an article does not show"
 expect_saved 5 "$work/expected" "an article that is in another line already"
-xdotool key --delay 0 End space Return space space Left Left
-expect_lines '1|PAPER-A4|Copy paper|5|449|box|2026-12-24|1' "2|OAK||2|1200||$in_a_week|0" "$third"
-expect_saved 5 "$work/expected" "the tick of the line that has the article"
+xdotool key --delay 0 Up
+enter new
+fourth='4|NEW|typed ahead|7|999|||0'
+expect_lines "$(<"$work/expected")" "$fourth"
+expect_saved 5 "$work/expected" "the line that has an article of its own now"
+within 5 title_lacks '*' || fail "a saved line shows as unsaved"
+xdotool key --delay 0 Up Up Up End space Return space space Left Left
+expect_lines '1|PAPER-A4|Copy paper|5|449|box|2026-12-24|1' "2|OAK||2|1200||$in_a_week|0" \
+    "$third" "$fourth"
+expect_saved 5 "$work/expected" "a tick"
 
 # An unknown unit, and a day that the calendar does not have: the cell stays as it was.
 enter dozen 31022027

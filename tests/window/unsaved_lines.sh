@@ -5,8 +5,6 @@
 # shellcheck source=tests/window/lib/demo.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib/demo.sh"
 
-title_has() { [[ $(window_title) == *"$1"* ]]; }
-title_lacks() { ! title_has "$1"; }
 expect_lines() { printf '%s\n' "$@" >"$work/expected"; }
 
 start_demo
@@ -29,9 +27,11 @@ within 20 has_focus || fail "the operator who stays does not get back to the for
 echo 'ROLLBACK;' >&"${lock[1]}"
 eval "exec ${lock[1]}>&-"
 wait "$lock_pid" 2>/dev/null || true
+expect_lines '1|BOLT|M8|0|0'
+expect_saved 20 "$work/expected" "a line is not saved by itself once it can be"
 enter 12
 expect_lines '1|BOLT|M8|12|0'
-expect_saved 20 "$work/expected" "a line is not saved once it can be"
+expect_saved 20 "$work/expected" "the line is not saved any more"
 within 10 title_lacks '*' || fail "a saved line shows as unsaved"
 
 # Saving, and leaving, in the middle of an edit enters it.
@@ -39,6 +39,24 @@ xdotool type --delay 0 '1.2'
 xdotool key ctrl+s
 expect_lines '1|BOLT|M8|12|120'
 expect_saved 20 "$work/expected" "what is being typed is not saved by Ctrl+S"
+
+# The file is this window's alone, and one that is renamed meanwhile is noticed.
+"$TABLIO_DEMO" --database "$order" --screenshot "$work/shot.png" >"$work/demo.log" 2>&1 &&
+    fail "a second window opens the same file"
+grep -q 'open in another window' "$work/demo.log" || fail "a second window says nothing of it"
+mv "$order" "$order.moved"
+within 10 title_has '*' || fail "a file that was renamed is not noticed"
+xdotool type --delay 0 '1.3'
+xdotool key ctrl+s
+xdotool key alt+F4
+within 20 is_asked || fail "leaving without the file does not ask"
+xdotool key Escape
+within 20 has_focus || fail "the operator who stays does not get back to the form"
+mv "$order.moved" "$order"
+within 10 title_lacks '*' || fail "a file that is back is not noticed"
+expect_lines '1|BOLT|M8|12|130'
+expect_saved 20 "$work/expected" "what was entered without the file is not saved when it is back"
+
 xdotool type --delay 0 '1.25'
 quit_demo
 expect_lines '1|BOLT|M8|12|125'
@@ -49,6 +67,10 @@ start_demo
 xdotool key --delay 0 Delete
 : >"$work/expected"
 expect_saved 20 "$work/expected" "a row without an article is still saved"
+xdotool key alt+F4
+within 20 is_asked || fail "leaving with a line without an article does not ask"
+xdotool key Escape
+within 20 has_focus || fail "the operator who stays does not get back to the form"
 enter nut
 expect_lines '1|NUT|M8|12|125'
 expect_saved 20 "$work/expected" "what a row without an article held is not saved with it"

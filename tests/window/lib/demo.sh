@@ -73,6 +73,8 @@ quit_demo() {
 is_asked() { ! is_active "$window"; }
 
 window_title() { xdotool getwindowname "$window"; }
+title_has() { [[ $(window_title) == *"$1"* ]]; }
+title_lacks() { ! title_has "$1"; }
 
 # The saved lines, one a line: row|article|description|quantity|price in hundredths.
 saved_lines() {

@@ -24,9 +24,9 @@ SIGNS = {"en_US": ".", "de_DE": ",", "fr_FR": ",", "de_CH": ".", "pl_PL": ","}
 # How often each of them comes, of a hundred or so.
 WEIGHTS = dict(lines=20, details=10, correct=16, look_up=5, paste_cell=4, paste_block=6,
                move_rows=4, duplicate=5, unknown_unit=3, no_date=3, switch_windows=5, stop=5,
-               kill=10, leave_and_return=4, lock=4, fill_disk=4, forbid=4, read_only=2)
-# What the demo does not bear yet: played only when they are named by --acts.
-OPEN = ["type_on", "paste_refused", "rename_file", "two_windows", "no_article", "wait_for_lock"]
+               kill=10, leave_and_return=4, lock=4, fill_disk=4, forbid=4, read_only=2,
+               type_on=4, paste_refused=3, rename_file=2, two_windows=1, no_article=3,
+               wait_for_lock=2)
 
 
 class Session(Acts):
