@@ -73,7 +73,9 @@ TEST_F(DispatchTest, EachPropertyIsWrittenReadAndToldUnderItsOwnName) {
             continue;
         const Values index(member.arguments.size(), Value(1));
         const Value before = member.read != nullptr ? dispatch.get(member.number, index) : "";
-        const Value written = otherThan(before);
+        // Widths of all columns; a text of another form changes nothing.
+        const bool isLayout = member.name == "Layout";
+        const Value written = isLayout ? before.toText().append("5") : otherThan(before);
         const bool tells = std::ranges::find(silent, member.name) == std::end(silent);
         face.notices.clear();
         dispatch.put(member.name, written, index);
