@@ -24,7 +24,7 @@ bool typesByItself(const KeyStroke &stroke) {
 
 std::string wordsFor(const KeyStroke &stroke) {
     const std::string name = nameOf(stroke.key, stroke.shift);
-    const std::string press = "press " + name;
+    std::string press = "press " + name;
     const KeyStroke usual = keyStrokeOf(name);
     // A key that the control has dealt with types nothing, whatever stands on it.
     if (usual.character == stroke.character || (stroke.character == 0 && usual.character <= U' '))
