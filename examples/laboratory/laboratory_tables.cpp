@@ -98,8 +98,8 @@ private:
 /// The rows, their keys, and which of them are not saved.
 class Samples : public QTableWidget {
 public:
-    Samples(QSqlDatabase database, QLabel *problem)
-        : QTableWidget(0, ColumnCount), database_(std::move(database)), problem_(problem) {
+    Samples(const QSqlDatabase &database, QLabel *problem)
+        : QTableWidget(0, ColumnCount), database_(database), problem_(problem) {
         setHorizontalHeaderLabels(
             {"Sample", "Patient", "Taken", "Analyte", "Result", "Repeats", "Checked"});
         readAnalytes();
