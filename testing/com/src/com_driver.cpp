@@ -378,7 +378,9 @@ void ComDriver::scrollTo(int topRow, int leftCol) {
                          static_cast<WPARAM>(MAKELONG(0, notches * WHEEL_DELTA)), 0);
         };
         turn(WM_MOUSEWHEEL, screen.rowRange().position - topRow);
-        turn(WM_MOUSEHWHEEL, leftCol - screen.colRange().position);
+        // A wheel turns to the right, where the earlier columns are for who reads from there.
+        const int later = screen.isRightToLeft() ? -1 : 1;
+        turn(WM_MOUSEHWHEEL, later * (leftCol - screen.colRange().position));
     });
 }
 
