@@ -140,6 +140,9 @@ def verdicts(table, size):
     at_most("save settings of 100 columns", 1000)
     for work in ("scroll by a row", "one changed cell"):
         ahead(work, "qtablewidget", 1)
+    for work in ("key to pixel", "Enter to pixel", "arrow to pixel"):
+        share(f"{work} read aloud", "tablio", ("tablio", f"{work} in a window"), 2,
+              "≤ 2 × as long with a screen reader", f"{work}, read aloud")
     at_most("key in the core", 50, "core", 1, "a key in the core, 99th percentile")
     plain, striped = value("tablio", MEMORY[0]), value("tablio", MEMORY[1])
     if plain and striped:

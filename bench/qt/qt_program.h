@@ -141,24 +141,27 @@ private:
 
     void typing() {
         int row = 0;
-        repeats_.measure({"key to pixel", "Enter to pixel"}, size_,
-                         [&](std::vector<Samples> &samples) {
-                             row = (row + 1) % 15;
-                             peer_.edit(row, keyCol);
-                             handleEvents();
-                             for (const int digit : {Qt::Key_2, Qt::Key_7, Qt::Key_1, Qt::Key_8})
-                                 painted("key", samples[0], [&] { press(digit, QChar(digit)); });
-                             painted("Enter", samples[1], [&] { press(Qt::Key_Return, u'\r'); });
-                         });
+        repeats_.measure(
+            {"key to pixel", "Enter to pixel", "arrow to pixel"}, size_,
+            [&](std::vector<Samples> &samples) {
+                row = (row + 1) % 15;
+                peer_.edit(row, keyCol);
+                handleEvents();
+                for (const int digit : {Qt::Key_2, Qt::Key_7, Qt::Key_1, Qt::Key_8})
+                    painted("key", samples[0], [&] { press(digit, QString(QChar(digit))); });
+                painted("Enter", samples[1], [&] { press(Qt::Key_Return, QStringLiteral("\r")); });
+                for (const int arrow : {Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Up})
+                    painted("arrow", samples[2], [&] { press(arrow); });
+            });
     }
 
-    static void press(int code, QChar character) {
+    static void press(int code, const QString &text = {}) {
         QWidget *owner = QApplication::focusWidget();
         if (owner == nullptr) {
             std::fprintf(stderr, "nobody has the keyboard\n");
             std::exit(1);
         }
-        QKeyEvent down(QEvent::KeyPress, code, Qt::NoModifier, QString(character));
+        QKeyEvent down(QEvent::KeyPress, code, Qt::NoModifier, text);
         QCoreApplication::sendEvent(owner, &down);
         handleEvents();
     }
