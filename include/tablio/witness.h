@@ -12,7 +12,7 @@
 namespace tablio {
 
 /// The function of `Input` that a face has called, with its arguments; an edit's number is left
-/// out, and a day is a text such as 2024-02-29.
+/// out, and a day is its year, month and day.
 struct UserAction {
     std::string_view name;
     std::vector<Value> arguments;

@@ -29,16 +29,6 @@ bool exists(const Date &day) {
            day.day >= 1 && day.day <= daysInMonth(day.year, day.month);
 }
 
-/// A day as scenarios write it.
-std::string textOf(const Date &day) {
-    // By hand: a module in a page would link all of printf for it.
-    const auto padded = [](int number, std::size_t digits) {
-        const std::string text = std::to_string(number);
-        return std::string(digits - std::min(digits, text.size()), '0') + text;
-    };
-    return padded(day.year, 4) + "-" + padded(day.month, 2) + "-" + padded(day.day, 2);
-}
-
 /// A call in which the user acts.
 class UserCall : public Call {
 public:
@@ -300,7 +290,7 @@ void Input::calendarTurned(EditNumber edit, int months) {
 }
 
 void Input::calendarPicked(EditNumber edit, const Date &day) {
-    const UserCall control(control_, "calendarPicked", textOf(day));
+    const UserCall control(control_, "calendarPicked", day.year, day.month, day.day);
     if (control->session.isOpen(edit) && exists(day))
         control->dateEditor.pick(day);
 }

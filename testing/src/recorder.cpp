@@ -7,13 +7,11 @@
 
 #include "model/text/utf16.h"
 
-#include <tablio/cells.h>
+#include <tablio/cell_value.h>
 #include <tablio/text_bag.h>
 #include <tablio/witness.h>
 
-#include <cstdio>
 #include <functional>
-#include <map>
 #include <optional>
 #include <utility>
 
@@ -51,12 +49,6 @@ public:
 private:
     Hear hear_;
 };
-
-std::string dateOf(const Date &day) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", day.year, day.month, day.day);
-    return text.data();
-}
 
 } // namespace
 
@@ -138,7 +130,7 @@ void Recorder::Parts::writeBackground() {
         const NumberFormat format = face->numberFormat();
         line("locale decimal " + inQuotes(format.decimalSign) + " group " +
              inQuotes(format.groupSign));
-        line("today is " + dateOf(face->today()));
+        line("today is " + CellValue(face->today()).toText());
     }
     line("show");
     writeCells();
@@ -208,7 +200,7 @@ void Recorder::Parts::actionBegins(const UserAction &action) {
     } else if (name == "comboItemChosen") {
         steps_.begin("choose item " + std::to_string(number(0)));
     } else if (name == "calendarPicked") {
-        steps_.begin("pick " + action.arguments[0].toText());
+        steps_.begin("pick " + CellValue(Date{number(0), number(1), number(2)}).toText());
     } else if (name == "menuChosen") {
         steps_.begin("choose " + shown(static_cast<MenuEntry>(number(0))));
     } else if (name == "questionAnswered") {
